@@ -1,0 +1,66 @@
+# The media service: its parser and devices, its contract over both engines, and what is seen on the screen.
+
+set(TANDREL_TEST_MEDIA ${CMAKE_BINARY_DIR}/test_media)
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
+add_custom_command(
+  OUTPUT ${TANDREL_TEST_MEDIA}/made
+  COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_SOURCE_DIR}/support/make_test_media.py ${TANDREL_TEST_MEDIA}
+  COMMAND ${CMAKE_COMMAND} -E touch ${TANDREL_TEST_MEDIA}/made
+  DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/support/make_test_media.py
+  COMMENT "Making test media"
+  VERBATIM)
+add_custom_target(test_media DEPENDS ${TANDREL_TEST_MEDIA}/made)
+
+add_library(tandrel_media_test_support STATIC support/simulated_engine.cpp support/test_media.cpp)
+target_include_directories(tandrel_media_test_support PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+target_compile_definitions(tandrel_media_test_support PUBLIC TANDREL_TEST_MEDIA="${TANDREL_TEST_MEDIA}")
+target_link_libraries(tandrel_media_test_support PUBLIC tandrel_platform_mci tandrel_platform_mpv PkgConfig::xcb
+                                                 PRIVATE tandrel_flags)
+
+# tandrel_media_test(NAME DISPLAY|NODISPLAY source...): a test program. With DISPLAY it brings an X server of its own.
+function(tandrel_media_test name display)
+  add_executable(${name} ${ARGN})
+  target_link_libraries(${name} PRIVATE tandrel_media_test_support GTest::gtest_main tandrel_flags)
+  add_dependencies(${name} test_media)
+  set(command ${name})
+  if(display STREQUAL DISPLAY)
+    set(command xvfb-run -a -s "-screen 0 1920x1080x24 -s 0 -noreset" $<TARGET_FILE:${name}>)
+  endif()
+  add_test(NAME ${name} COMMAND ${command})
+  set_tests_properties(${name} PROPERTIES TIMEOUT 300 ENVIRONMENT
+    "LSAN_OPTIONS=suppressions=${CMAKE_CURRENT_SOURCE_DIR}/support/leaks.supp")
+  if(display STREQUAL DISPLAY)
+    set_tests_properties(${name} PROPERTIES LABELS display)
+  endif()
+endfunction()
+
+tandrel_media_test(mci_contract NODISPLAY
+  contract/contract_bench.cpp
+  contract/mci_contract_devices_test.cpp
+  contract/mci_contract_text_test.cpp
+  contract/mci_contract_transport_test.cpp)
+
+tandrel_media_test(media_screen DISPLAY contract/screen_test.cpp)
+
+tandrel_media_test(media_files NODISPLAY contract/media_files_test.cpp)
+
+tandrel_media_test(mci_unit NODISPLAY
+  unit/mci_outputs_test.cpp
+  unit/mci_parser_test.cpp
+  unit/mci_service_test.cpp
+  unit/mci_tracing_test.cpp)
+
+add_test(NAME mci_tool COMMAND xvfb-run -a -s "-screen 0 1920x1080x24 -s 0 -noreset" ${Python3_EXECUTABLE}
+         ${CMAKE_CURRENT_SOURCE_DIR}/contract/mci_tool_test.py $<TARGET_FILE:tandrel-mci> ${TANDREL_TEST_MEDIA})
+set_tests_properties(mci_tool PROPERTIES TIMEOUT 120 LABELS display)
+
+# With clang the parser is also fed with random texts, for a short while here and as long as one likes by hand.
+if(CMAKE_CXX_COMPILER_ID STREQUAL Clang)
+  add_executable(mci_parser_fuzz ${CMAKE_SOURCE_DIR}/fuzz/mci_parser_fuzz.cpp ${CMAKE_SOURCE_DIR}/src/platform/mci/command_parser.cpp)
+  target_include_directories(mci_parser_fuzz PRIVATE ${CMAKE_SOURCE_DIR}/src)
+  target_compile_options(mci_parser_fuzz PRIVATE -fsanitize=fuzzer,address,undefined)
+  target_link_options(mci_parser_fuzz PRIVATE -fsanitize=fuzzer,address,undefined)
+  target_link_libraries(mci_parser_fuzz PRIVATE tandrel_flags)
+  add_test(NAME mci_parser_fuzz COMMAND mci_parser_fuzz -runs=300000 -max_len=200
+           -dict=${CMAKE_SOURCE_DIR}/fuzz/mci_parser_fuzz.dict)
+endif()
