@@ -1,0 +1,24 @@
+#include "toolkit/backend.h"
+
+namespace tandrel
+{
+
+BoxAnswer Backend::messageBox(const Text&, BoxStyle, const Text&) { return BoxAnswer::Ok; }
+
+int Backend::choose(const Text&, const std::vector<Text>&, const Text&) { return -1; }
+
+Menu* Backend::popUp(Menu&) { return nullptr; }
+
+void Backend::later(int, std::function<void()> task) { task(); }
+
+namespace
+{
+Backend unseen;
+Backend* installed = &unseen;
+} // namespace
+
+Backend& backend() { return *installed; }
+
+void installBackend(Backend* backend) { installed = backend ? backend : &unseen; }
+
+} // namespace tandrel

@@ -1,0 +1,98 @@
+/// What stands between the forms and the window system. A form and its controls hold their own state and rules; a view
+/// shows that state and reports what the user does. Without a backend installed the forms work all the same, unseen,
+/// which is how tests drive them.
+#pragma once
+
+#include "platform/services.h"
+#include "toolkit/text.h"
+#include "toolkit/types.h"
+
+#include <functional>
+#include <memory>
+
+namespace tandrel
+{
+
+class Control;
+class Form;
+class Menu;
+class Timer;
+
+/// What of a control has changed.
+enum class Aspect { Place, Visible, Enabled, Caption, Picture, Border, Value, Colour, ToolTip, Order, Focus, Repaint };
+
+/// How a control is seen.
+class ControlView
+{
+public:
+    virtual ~ControlView() = default;
+    virtual void changed(Aspect aspect) = 0;
+    /// The control's native window, 0 where it has none.
+    virtual WindowHandle handle() const = 0;
+};
+
+/// How a form is seen. Rectangles are pixels of the outer window.
+class FormView
+{
+public:
+    virtual ~FormView() = default;
+    virtual std::unique_ptr<ControlView> addControl(Control& control) = 0;
+    virtual void place(const PixelRect& rect) = 0;
+    virtual void show() = 0;
+    /// Before the show of a form that is to take all input.
+    virtual void setModal(bool on) = 0;
+    virtual void hide() = 0;
+    /// To the front, without the focus.
+    virtual void raise() = 0;
+    /// Asks the window system for the focus; its answer comes late and is not waited for.
+    virtual void activate() = 0;
+    /// Paints at once.
+    virtual void repaint() = 0;
+    virtual void minimise() = 0;
+    virtual void restore() = 0;
+    virtual void captionChanged() = 0;
+    virtual void frameChanged() = 0;
+    /// Covers a whole monitor: the window manager is told, so that panels and docks stay below.
+    virtual void setFullScreen(bool on) = 0;
+    /// The window manager keeps it before the window of `owner`, which covers the screen; null ends that.
+    virtual void setTransientFor(Form* owner) = 0;
+    /// 0 is invisible, 255 opaque.
+    virtual void setOpacity(int alpha) = 0;
+    virtual WindowHandle handle() const = 0;
+    /// Runs events until the form is hidden or gone.
+    virtual void waitModal() = 0;
+};
+
+/// Buttons and icon of a message box, and the button pressed.
+enum class BoxStyle { Critical = 16, YesNoQuestion = 36, Exclamation = 48, Information = 64 };
+enum class BoxAnswer { Ok = 1, Cancel = 2, Yes = 6, No = 7 };
+
+class Backend
+{
+public:
+    virtual ~Backend() = default;
+    /// May be null: the form then stays unseen.
+    virtual std::unique_ptr<FormView> makeView(Form&) { return nullptr; }
+    /// Starts, stops or re-times the timer. Ticks arrive by `Timer::tick`.
+    virtual void timerChanged(Timer&) {}
+    virtual void timerGone(Timer&) {}
+    virtual void mousePointerChanged(Integer) {}
+    /// `Cancel` for a question that the end of the program has closed.
+    virtual BoxAnswer messageBox(const Text& text, BoxStyle style, const Text& title);
+    /// Lets the user pick one of `choices`; its index, or -1.
+    virtual int choose(const Text& text, const std::vector<Text>& choices, const Text& title);
+    /// Shows the entries of `head` once no mouse button is held, and runs events until one is chosen, which is what it
+    /// returns, or the menu is closed, which is null.
+    virtual Menu* popUp(Menu& head);
+    /// Runs `task` so many ms later, at once where nothing is seen.
+    virtual void later(int ms, std::function<void()> task);
+    /// Ends the event loop.
+    virtual void quit() {}
+    virtual void beep() {}
+};
+
+Backend& backend();
+/// Null goes back to the unseen backend. The backend must outlive all forms.
+void installBackend(Backend* backend);
+
+} // namespace tandrel

@@ -1,0 +1,127 @@
+#include "toolkit/controls.h"
+
+#include <algorithm>
+
+namespace tandrel
+{
+
+Label::Label(Form& form, Text name, TwipsRect place, Text caption, Control* container)
+    : Control(form, std::move(name), place, container), caption_(std::move(caption))
+{
+}
+
+void Label::setCaption(Text caption)
+{
+    if (caption == caption_)
+        return;
+    caption_ = std::move(caption);
+    notify(Aspect::Caption);
+}
+
+Image::Image(Form& form, Text name, TwipsRect place, Text picture, Control* container)
+    : Control(form, std::move(name), place, container), picture_(std::move(picture))
+{
+}
+
+void Image::setPicture(Text name)
+{
+    picture_ = std::move(name);
+    notify(Aspect::Picture);
+}
+
+CommandButton::CommandButton(Form& form, Text name, TwipsRect place, Text caption)
+    : Control(form, std::move(name), place), caption_(std::move(caption))
+{
+}
+
+void CommandButton::setCaption(Text caption)
+{
+    caption_ = std::move(caption);
+    notify(Aspect::Caption);
+}
+
+void CommandButton::setValue(bool pressed)
+{
+    if (pressed)
+        run(Click);
+}
+
+CheckBox::CheckBox(Form& form, Text name, TwipsRect place, Text caption)
+    : Control(form, std::move(name), place), caption_(std::move(caption))
+{
+}
+
+void CheckBox::setValue(Integer ticked)
+{
+    if (ticked == value_)
+        return;
+    value_ = ticked;
+    notify(Aspect::Value);
+    run(Click);
+}
+
+void CheckBox::userClick() { setValue(value_ == 0 ? 1 : 0); }
+
+Slider::Slider(Form& form, Text name, TwipsRect place, bool vertical)
+    : Control(form, std::move(name), place), vertical_(vertical)
+{
+}
+
+Long Slider::bounded(Long value) const { return std::max(minimum_, std::min(value, maximum_)); }
+
+void Slider::setValue(Long value)
+{
+    value = bounded(value);
+    if (value == value_)
+        return;
+    value_ = value;
+    notify(Aspect::Value);
+    run(Change);
+}
+
+void Slider::setMinimum(Long value)
+{
+    minimum_ = value;
+    notify(Aspect::Value);
+    setValue(value_);
+}
+
+void Slider::setMaximum(Long value)
+{
+    maximum_ = value;
+    notify(Aspect::Value);
+    setValue(value_);
+}
+
+void Slider::userScroll(Long value)
+{
+    setValue(value);
+    run(Scroll);
+}
+
+void Slider::userStep(Long value)
+{
+    userScroll(value);
+    run(Click);
+}
+
+void Slider::userMouseUp(const MouseEvent& event)
+{
+    Control::userMouseUp(event);
+    if (event.button == mouse::kLeft)
+        run(Click);
+}
+
+void ListBox::RemoveItem(Long index)
+{
+    if (index < 0 || index >= ListCount())
+        throw RuntimeError(error::kInvalidCall, "Invalid procedure call or argument");
+    entries_.erase(entries_.begin() + index);
+}
+
+Text ListBox::List(Long index) const
+{
+    return index < 0 || index >= ListCount() ? Text() : entries_[static_cast<std::size_t>(index)];
+}
+
+} // namespace tandrel

@@ -1,0 +1,151 @@
+/// The controls that forms are made of.
+#pragma once
+
+#include "toolkit/control.h"
+
+namespace tandrel
+{
+
+/// How a text is set: its role gives font and colour, which the style sheet holds.
+enum class TextRole { Plain, Quiet, Title, Time, Value, Caption };
+enum class Alignment { Left, Centre, Right };
+
+class Label : public Control
+{
+public:
+    Label(Form& form, Text name, TwipsRect place, Text caption = {}, Control* container = nullptr);
+
+    Text caption() const { return caption_; }
+    void setCaption(Text caption);
+    Property<Label, Text, &Label::caption, &Label::setCaption> Caption{*this};
+
+    TextRole role = TextRole::Plain;
+    Alignment alignment = Alignment::Left;
+    /// The label's width follows its text.
+    bool autoSize = false;
+    /// Long lines are broken at its width.
+    bool wordWrap = false;
+
+private:
+    Text caption_;
+};
+
+/// A picture that can be pressed. `picture` names a drawing of the skin.
+class Image : public Control
+{
+public:
+    Image(Form& form, Text name, TwipsRect place, Text picture = {}, Control* container = nullptr);
+
+    Text picture() const { return picture_; }
+    void setPicture(Text name);
+    Property<Image, Text, &Image::picture, &Image::setPicture> Picture{*this};
+
+private:
+    Text picture_;
+};
+
+/// A box with a native window of its own, which may hold other controls or a video.
+class PictureBox : public Control
+{
+public:
+    using Control::Control;
+    /// The pointer's shape over it.
+    int pointerShape = 0;
+    /// Filled with the dark of a video; otherwise with the colour of a frame.
+    bool dark = false;
+};
+
+/// A button. Setting `Value` to true presses it at once, be it hidden or disabled.
+class CommandButton : public Control
+{
+public:
+    CommandButton(Form& form, Text name, TwipsRect place, Text caption = {});
+
+    Text caption() const { return caption_; }
+    void setCaption(Text caption);
+    Property<CommandButton, Text, &CommandButton::caption, &CommandButton::setCaption> Caption{*this};
+
+    bool value() const { return false; }
+    void setValue(bool pressed);
+    Property<CommandButton, bool, &CommandButton::value, &CommandButton::setValue> Value{*this};
+
+private:
+    Text caption_;
+};
+
+/// A box to tick. Setting another `Value` runs `Click`.
+class CheckBox : public Control
+{
+public:
+    CheckBox(Form& form, Text name, TwipsRect place, Text caption = {});
+
+    Text caption() const { return caption_; }
+    Integer value() const { return value_; }
+    void setValue(Integer ticked);
+    /// 0 or 1.
+    Property<CheckBox, Integer, &CheckBox::value, &CheckBox::setValue> Value{*this};
+
+    /// The user ticks or unticks it.
+    void userClick() override;
+
+private:
+    Text caption_;
+    Integer value_ = 0;
+};
+
+/// A slider. `Change` runs whenever `Value` takes another value; `Value` is held within `Min` and `Max`.
+class Slider : public Control
+{
+public:
+    Slider(Form& form, Text name, TwipsRect place, bool vertical);
+
+    Long value() const { return value_; }
+    void setValue(Long value);
+    Long minimum() const { return minimum_; }
+    void setMinimum(Long value);
+    Long maximum() const { return maximum_; }
+    void setMaximum(Long value);
+
+    Property<Slider, Long, &Slider::value, &Slider::setValue> Value{*this};
+    Property<Slider, Long, &Slider::minimum, &Slider::setMinimum> Min{*this};
+    Property<Slider, Long, &Slider::maximum, &Slider::setMaximum> Max{*this};
+    /// What a page up, page down or a click beside the thumb adds.
+    Long LargeChange = 10;
+    Long SmallChange = 1;
+    bool vertical() const { return vertical_; }
+
+    std::function<void()> Scroll;
+    std::function<void()> Change;
+
+    /// The thumb is at `value` by the user's hand: runs `Scroll`, and `Change` if the value is another one.
+    void userScroll(Long value);
+    /// A key, the wheel or a click beside the thumb: as a scroll, and then a click.
+    void userStep(Long value);
+    /// The thumb is let go: `MouseUp`, and then `Click`.
+    void userMouseUp(const MouseEvent& event) override;
+
+private:
+    Long bounded(Long value) const;
+    bool vertical_;
+    Long minimum_ = 0;
+    Long maximum_ = 100;
+    Long value_ = 0;
+};
+
+/// An ordered list of texts, shown nowhere.
+class ListBox
+{
+public:
+    Long ListCount() const { return static_cast<std::int64_t>(entries_.size()); }
+    void AddItem(Text entry) { entries_.push_back(std::move(entry)); }
+    /// An index outside the list raises run-time error 5.
+    void RemoveItem(Long index);
+    Text List(Long index) const;
+    void Clear() { entries_.clear(); }
+    const std::vector<Text>& entries() const { return entries_; }
+
+private:
+    std::vector<Text> entries_;
+};
+
+} // namespace tandrel

@@ -1,0 +1,24 @@
+/// Mouse buttons as the handlers see them.
+#pragma once
+
+#include "platform/services.h"
+
+namespace tandrel
+{
+
+/// True while the button is down (or was since the last question) and its press is not spent.
+bool buttonIsDown(MouseButton button);
+
+/// A handler has acted on the press, and its release has not been seen yet.
+bool isSpent(MouseButton button);
+
+/// A handler has acted on the press: it counts for nothing more until its release has been seen.
+void spendPress(MouseButton button);
+
+/// The button has come up, or goes down anew: what was spent is over.
+void pressIsOver(MouseButton button);
+
+/// For tests.
+void forgetSpentPresses();
+
+} // namespace tandrel

@@ -1,0 +1,118 @@
+#include "toolkit/qt/control_views.h"
+
+#include "toolkit/activation.h"
+#include "toolkit/controls.h"
+#include "toolkit/qt/form_widget.h"
+#include "toolkit/qt/kinds.h"
+#include "toolkit/screen.h"
+
+#include <QMouseEvent>
+
+namespace tandrel
+{
+
+WidgetView::WidgetView(Control& control, FormWidget& window, QWidget* widget)
+    : control_(control), window_(window), widget_(widget)
+{
+    widget_->setObjectName(QString::fromStdString(control.name()));
+    widget_->installEventFilter(this);
+    widget_->setMouseTracking(true);
+    for (const Aspect aspect : {Aspect::Place, Aspect::Enabled, Aspect::ToolTip, Aspect::Visible})
+        WidgetView::changed(aspect);
+}
+
+WidgetView::~WidgetView()
+{
+    if (widget_)
+        widget_->removeEventFilter(this);
+}
+
+void WidgetView::changed(Aspect aspect)
+{
+    if (!widget_)
+        return;
+    switch (aspect) {
+    case Aspect::Place:
+        place();
+        break;
+    case Aspect::Visible:
+        widget_->setVisible(control_.visible());
+        break;
+    case Aspect::Enabled:
+        widget_->setEnabled(control_.enabled());
+        break;
+    case Aspect::ToolTip:
+        widget_->setToolTip(QString::fromStdString(control_.toolTip()));
+        widget_->setAccessibleName(QString::fromStdString(control_.toolTip()));
+        break;
+    case Aspect::Order:
+        widget_->raise();
+        break;
+    case Aspect::Focus:
+        widget_->setFocus(Qt::OtherFocusReason);
+        break;
+    case Aspect::Repaint:
+        widget_->repaint();
+        break;
+    default:
+        show(aspect);
+        break;
+    }
+}
+
+void WidgetView::show(Aspect) { widget_->update(); }
+
+void WidgetView::place()
+{
+    const QPoint origin = control_.container() ? QPoint() : window_.origin();
+    const TwipsRect twips = control_.place();
+    widget_->setGeometry(origin.x() + pixelsX(twips.left), origin.y() + pixelsY(twips.top),
+                         std::max<int>(0, pixelsX(twips.width)), std::max<int>(0, pixelsY(twips.height)));
+}
+
+WindowHandle WidgetView::handle() const { return widget_ ? static_cast<WindowHandle>(widget_->winId()) : 0; }
+
+bool WidgetView::eventFilter(QObject*, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseMove: {
+        // A handler may end the form, and this view with it.
+        const bool taken = !widgetNeedsMouse();
+        reportMouse(event);
+        return taken;
+    }
+    default:
+        return false;
+    }
+}
+
+void WidgetView::reportMouse(QEvent* event)
+{
+    auto* mouse = static_cast<QMouseEvent*>(event);
+    MouseEvent what;
+    what.x = mouse->position().x() * screen().TwipsPerPixelX();
+    what.y = mouse->position().y() * screen().TwipsPerPixelY();
+    const auto buttons = mouse->type() == QEvent::MouseMove ? mouse->buttons() : Qt::MouseButtons(mouse->button());
+    what.button = (buttons & Qt::LeftButton ? mouse::kLeft : 0) | (buttons & Qt::RightButton ? mouse::kRight : 0) |
+                  (buttons & Qt::MiddleButton ? mouse::kMiddle : 0);
+
+    const bool inside = widget_->rect().contains(mouse->position().toPoint());
+    const auto form = control_.form().shared_from_this();
+    Control& control = control_;
+    if (mouse->type() == QEvent::MouseButtonPress) {
+        userPressed(*form);
+        // The activation may have acted on the press.
+        if (form->isLoaded() && !pressIsSpent(mouse->button()))
+            control.userMouseDown(what);
+    } else if (mouse->type() == QEvent::MouseMove) {
+        control.userMouseMove(what);
+    } else {
+        control.userMouseUp(what);
+        if (inside && what.button == mouse::kLeft && form->isLoaded() && clickFollowsRelease(control))
+            control.userClick();
+    }
+}
+
+} // namespace tandrel

@@ -1,0 +1,150 @@
+#include "toolkit/qt/control_views.h"
+#include "toolkit/qt/form_widget.h"
+#include "toolkit/qt/frame_painter.h"
+#include "toolkit/qt/way_back.h"
+#include "toolkit/qt/x11_hints.h"
+
+#include "toolkit/screen.h"
+
+#include <QElapsedTimer>
+#include <QGuiApplication>
+#include <QWindow>
+
+namespace tandrel
+{
+
+namespace
+{
+constexpr qint64 kScreenWaitMs = 60;
+}
+
+QtFormView::QtFormView(Form& form) : form_(form), widget_(new FormWidget(form)) {}
+
+QtFormView::~QtFormView()
+{
+    if (modal_)
+        modal_->quit();
+    delete wayBack_;
+    if (!widget_)
+        return;
+    // The view may end inside an event of its own window, so the window goes when that event is done.
+    widget_->forget();
+    widget_->hide();
+    widget_->deleteLater();
+}
+
+std::unique_ptr<ControlView> QtFormView::addControl(Control& control) { return makeControlView(control, *widget_); }
+
+void QtFormView::place(const PixelRect& rect) { widget_->place(rect); }
+
+void QtFormView::show()
+{
+    widget_->place(form_.pixelRect());
+    widget_->show();
+    widget_->raise();
+    // Notices stand while the program is busy: they have to be on the screen before it is.
+    if (form_.frame() == Frame::Bare)
+        waitForScreen();
+}
+
+void QtFormView::setModal(bool on) { widget_->setWindowModality(on ? Qt::ApplicationModal : Qt::NonModal); }
+
+void QtFormView::waitForScreen()
+{
+    // Whoever shows the form is in the middle of its work: no timer, and no input, may come in between.
+    constexpr auto kOnlyTheScreen =
+        QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers | QEventLoop::X11ExcludeTimers;
+    QElapsedTimer clock;
+    clock.start();
+    while (widget_ && !widget_->windowHandle()->isExposed() && clock.elapsed() < kScreenWaitMs)
+        QCoreApplication::processEvents(kOnlyTheScreen);
+    if (widget_)
+        widget_->repaint();
+}
+
+void QtFormView::hide()
+{
+    if (wayBack_)
+        wayBack_->deleteLater();
+    widget_->hide();
+    if (modal_)
+        modal_->quit();
+}
+
+void QtFormView::raise() { widget_->raise(); }
+
+void QtFormView::activate()
+{
+    widget_->raise();
+    widget_->activateWindow();
+    widget_->update();
+}
+
+void QtFormView::repaint()
+{
+    widget_->repaint();
+    for (QWidget* child : widget_->findChildren<QWidget*>())
+        if (child->isVisible())
+            child->repaint();
+}
+
+void QtFormView::minimise()
+{
+    if (windowManagerPresent()) {
+        widget_->showMinimized();
+        return;
+    }
+    widget_->hide();
+    wayBack_ = makeWayBack(rendered(form_.caption()), [this] { form_.WindowState = 0; });
+}
+
+void QtFormView::restore()
+{
+    if (wayBack_)
+        wayBack_->deleteLater();
+    widget_->setWindowState(widget_->windowState() & ~Qt::WindowMinimized);
+    if (!form_.visible())
+        return;
+    widget_->show();
+    widget_->raise();
+    if (!windowManagerPresent())
+        widget_->activateWindow();
+}
+
+void QtFormView::captionChanged()
+{
+    widget_->setWindowTitle(rendered(form_.caption()));
+    widget_->update(0, 0, widget_->width(), captionBand(form_));
+}
+
+void QtFormView::frameChanged()
+{
+    for (Control* control : form_.controls())
+        control->setLeft(control->left());
+    widget_->update();
+}
+
+void QtFormView::setFullScreen(bool on) { announceFullScreen(*widget_, on); }
+
+void QtFormView::setTransientFor(Form* owner)
+{
+    const QWidget* before = owner ? QWidget::find(owner->hWnd()) : nullptr;
+    widget_->windowHandle()->setTransientParent(before ? before->windowHandle() : nullptr);
+}
+
+void QtFormView::setOpacity(int alpha) { widget_->setWindowOpacity(alpha / 255.0); }
+
+WindowHandle QtFormView::handle() const { return static_cast<WindowHandle>(widget_->winId()); }
+
+void QtFormView::waitModal()
+{
+    QEventLoop loop;
+    modal_ = &loop;
+    const auto alive = form_.shared_from_this();
+    loop.exec();
+    // The view may have ended inside the loop, and with it this object.
+    if (alive->isLoaded())
+        modal_ = nullptr;
+}
+
+} // namespace tandrel

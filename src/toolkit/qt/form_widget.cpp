@@ -1,0 +1,194 @@
+#include "toolkit/qt/form_widget.h"
+
+#include "platform/path_marks.h"
+#include "toolkit/activation.h"
+#include "toolkit/press.h"
+#include "toolkit/qt/frame_painter.h"
+#include "toolkit/screen.h"
+
+#include <QDragEnterEvent>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QUrl>
+
+namespace tandrel
+{
+
+namespace
+{
+
+Qt::WindowFlags flagsFor(const Form& form)
+{
+    switch (form.frame()) {
+    case Frame::Dialog:
+        return Qt::Dialog | Qt::FramelessWindowHint;
+    case Frame::Bare:
+        return Qt::Tool | Qt::FramelessWindowHint;
+    case Frame::Skin:
+    case Frame::Video:
+        break;
+    }
+    return Qt::Window | Qt::FramelessWindowHint;
+}
+
+int buttonMask(Qt::MouseButtons buttons)
+{
+    int mask = 0;
+    if (buttons & Qt::LeftButton)
+        mask |= mouse::kLeft;
+    if (buttons & Qt::RightButton)
+        mask |= mouse::kRight;
+    if (buttons & Qt::MiddleButton)
+        mask |= mouse::kMiddle;
+    return mask;
+}
+
+/// The path of a local address, byte for byte: a name need not be valid UTF-8.
+Text localPath(const QUrl& url)
+{
+    return QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1()).toStdString();
+}
+
+} // namespace
+
+FormWidget::FormWidget(Form& form) : QWidget(nullptr, flagsFor(form)), form_(&form)
+{
+    setObjectName(QString::fromStdString(form.name()));
+    setAttribute(Qt::WA_NativeWindow);
+    setAttribute(Qt::WA_OpaquePaintEvent, form.frame() == Frame::Video);
+    setAttribute(Qt::WA_TranslucentBackground, form.frame() == Frame::Skin || form.frame() == Frame::Dialog);
+    setMouseTracking(true);
+    setAcceptDrops(form.DropFiles != nullptr);
+}
+
+bool pressIsSpent(Qt::MouseButton button)
+{
+    return (button == Qt::LeftButton && isSpent(MouseButton::Left)) ||
+           (button == Qt::RightButton && isSpent(MouseButton::Right));
+}
+
+QPoint FormWidget::origin() const
+{
+    const QMargins margins = form_ ? frameMargins(*form_) : QMargins();
+    return {margins.left(), margins.top()};
+}
+
+void FormWidget::place(const PixelRect& rect)
+{
+    placing_ = true;
+    setGeometry(rect.left, rect.top, std::max(1, rect.width()), std::max(1, rect.height()));
+    placing_ = false;
+}
+
+bool FormWidget::event(QEvent* event)
+{
+    if (form_ && event->type() == QEvent::WindowActivate)
+        windowActivated(*form_);
+    if (event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate)
+        update();
+    if (form_ && event->type() == QEvent::WindowStateChange) {
+        if (isMinimized())
+            form_->userMinimised();
+        else
+            form_->userRestored();
+    }
+    return QWidget::event(event);
+}
+
+void FormWidget::paintEvent(QPaintEvent*)
+{
+    if (!form_)
+        return;
+    QPainter painter(this);
+    paintFrame(painter, *form_, rect(), activeForm() == form_);
+}
+
+MouseEvent FormWidget::translated(QMouseEvent* event, int buttons) const
+{
+    const QPointF at = event->position() - origin();
+    return {buttons, 0, at.x() * tandrel::screen().TwipsPerPixelX(), at.y() * tandrel::screen().TwipsPerPixelY()};
+}
+
+void FormWidget::mousePressEvent(QMouseEvent* event)
+{
+    if (!form_)
+        return;
+    userPressed(*form_);
+    // The activation may have acted on the press, or ended the form.
+    if (!form_ || pressIsSpent(event->button()))
+        return;
+    if (event->button() == Qt::LeftButton && event->position().y() < captionBand(*form_)) {
+        bandDrag_ = event->globalPosition().toPoint() - pos();
+        return;
+    }
+    if (form_->MouseDown)
+        form_->run([this, what = translated(event, buttonMask(event->button()))] { form_->MouseDown(what); });
+}
+
+void FormWidget::mouseMoveEvent(QMouseEvent* event)
+{
+    if (!form_)
+        return;
+    if (bandDrag_) {
+        const QPoint to = event->globalPosition().toPoint() - *bandDrag_;
+        const PixelRect now = form_->pixelRect();
+        form_->movePixels({to.x(), to.y(), to.x() + now.width(), to.y() + now.height()});
+        return;
+    }
+    if (form_->MouseMove)
+        form_->run([this, what = translated(event, buttonMask(event->buttons()))] { form_->MouseMove(what); });
+}
+
+void FormWidget::mouseReleaseEvent(QMouseEvent* event)
+{
+    bandDrag_.reset();
+    if (form_ && form_->MouseUp)
+        form_->run([this, what = translated(event, buttonMask(event->button()))] { form_->MouseUp(what); });
+}
+
+void FormWidget::wheelEvent(QWheelEvent* event)
+{
+    if (!form_ || !form_->Wheel)
+        return;
+    const QPointF at = event->globalPosition();
+    form_->run([this, at, rotation = event->angleDelta().y()] { form_->Wheel(rotation, at.x(), at.y()); });
+    event->accept();
+}
+
+void FormWidget::reportPlace()
+{
+    if (!form_ || placing_ || !isVisible() || isMinimized())
+        return;
+    const QRect now = geometry();
+    form_->userMoved({now.left(), now.top(), now.left() + now.width(), now.top() + now.height()});
+}
+
+void FormWidget::moveEvent(QMoveEvent*) { reportPlace(); }
+
+void FormWidget::resizeEvent(QResizeEvent*) { reportPlace(); }
+
+void FormWidget::closeEvent(QCloseEvent* event)
+{
+    event->ignore();
+    if (form_)
+        form_->userClose();
+}
+
+void FormWidget::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (event->mimeData()->hasUrls())
+        event->acceptProposedAction();
+}
+
+void FormWidget::dropEvent(QDropEvent* event)
+{
+    std::vector<Text> paths;
+    for (const QUrl& url : event->mimeData()->urls())
+        if (url.isLocalFile())
+            paths.push_back(markPath(localPath(url)));
+    if (form_ && form_->DropFiles && !paths.empty())
+        form_->run([this, paths] { form_->DropFiles(paths); });
+}
+
+} // namespace tandrel

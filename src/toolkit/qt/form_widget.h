@@ -1,0 +1,84 @@
+/// The window of a form.
+#pragma once
+
+#include "toolkit/form.h"
+
+#include <QEventLoop>
+#include <QPointer>
+#include <QWidget>
+
+#include <optional>
+
+namespace tandrel
+{
+
+/// True if a handler has acted on the press of this button, so that it counts for nothing else.
+bool pressIsSpent(Qt::MouseButton button);
+
+/// A frameless window that paints its own frame and tells its form what the user does.
+class FormWidget : public QWidget
+{
+public:
+    explicit FormWidget(Form& form);
+    /// The form is gone; the widget lives on until its present event is done.
+    void forget() { form_ = nullptr; }
+    /// Where the controls of the form lie.
+    QPoint origin() const;
+    /// Puts the windows' geometry to `rect`, without a report to the form.
+    void place(const PixelRect& rect);
+
+protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void reportPlace();
+    MouseEvent translated(QMouseEvent* event, int buttons) const;
+
+    Form* form_;
+    bool placing_ = false;
+    std::optional<QPoint> bandDrag_;
+};
+
+class QtFormView : public FormView
+{
+public:
+    explicit QtFormView(Form& form);
+    ~QtFormView() override;
+    std::unique_ptr<ControlView> addControl(Control& control) override;
+    void place(const PixelRect& rect) override;
+    void show() override;
+    void setModal(bool on) override;
+    void hide() override;
+    void raise() override;
+    void activate() override;
+    void repaint() override;
+    void minimise() override;
+    void restore() override;
+    void captionChanged() override;
+    void frameChanged() override;
+    void setFullScreen(bool on) override;
+    void setTransientFor(Form* owner) override;
+    void setOpacity(int alpha) override;
+    WindowHandle handle() const override;
+    void waitModal() override;
+
+private:
+    void waitForScreen();
+
+    Form& form_;
+    QPointer<FormWidget> widget_;
+    QPointer<QWidget> wayBack_;
+    QEventLoop* modal_ = nullptr;
+};
+
+} // namespace tandrel

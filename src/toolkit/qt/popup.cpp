@@ -1,0 +1,89 @@
+// Popup menus as Qt's.
+
+#include "toolkit/menu.h"
+#include "toolkit/press.h"
+#include "toolkit/qt/frame_painter.h"
+#include "toolkit/qt/qt_backend.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QEventLoop>
+#include <QMenu>
+#include <QTimer>
+
+namespace tandrel
+{
+
+namespace
+{
+
+constexpr int kReleasePollMs = 10;
+
+bool anyButtonHeld()
+{
+    Pointer& pointer = *services().pointer;
+    const bool left = pointer.buttonDown(MouseButton::Left);
+    return pointer.buttonDown(MouseButton::Right) || left;
+}
+
+/// A menu that came up under a held button would take its release for a choice.
+void waitForRelease()
+{
+    if (!anyButtonHeld())
+        return;
+    QEventLoop loop;
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, &loop, [&] {
+        if (!anyButtonHeld())
+            loop.quit();
+    });
+    poll.start(kReleasePollMs);
+    loop.exec();
+}
+
+void fill(QMenu& menu, const Menu& head, std::map<QAction*, Menu*>& meaning)
+{
+    for (Menu* entry : head.entries()) {
+        if (!entry->visible())
+            continue;
+        if (entry->caption() == Menu::kSeparator) {
+            menu.addSeparator()->setObjectName(QString::fromStdString(entry->name()));
+            continue;
+        }
+        QAction* action = nullptr;
+        if (entry->entries().empty()) {
+            action = menu.addAction(rendered(entry->caption()));
+            action->setCheckable(entry->checked());
+            action->setChecked(entry->checked());
+            meaning[action] = entry;
+        } else {
+            QMenu* below = menu.addMenu(rendered(entry->caption()));
+            action = below->menuAction();
+            fill(*below, *entry, meaning);
+        }
+        action->setObjectName(QString::fromStdString(entry->name()));
+        action->setEnabled(entry->enabled());
+    }
+}
+
+} // namespace
+
+Menu* QtBackend::popUp(Menu& head)
+{
+    if (boxesEnded_)
+        return nullptr;
+    waitForRelease();
+    if (boxesEnded_)
+        return nullptr;
+    std::map<QAction*, Menu*> meaning;
+    QMenu menu;
+    menu.setObjectName(QString::fromStdString(head.name()));
+    menu.setAttribute(Qt::WA_TranslucentBackground);
+    fill(menu, head, meaning);
+    Menu* chosen = nullptr;
+    connect(&menu, &QMenu::triggered, &menu, [&](QAction* action) { chosen = meaning.at(action); });
+    menu.exec(QCursor::pos());
+    return chosen;
+}
+
+} // namespace tandrel

@@ -1,0 +1,176 @@
+#include "toolkit/qt/qt_backend.h"
+
+#include "toolkit/activation.h"
+#include "toolkit/press.h"
+#include "toolkit/qt/form_widget.h"
+#include "toolkit/qt/frame_painter.h"
+#include "toolkit/qt/style.h"
+#include "toolkit/screen.h"
+#include "toolkit/timer.h"
+
+#include <QApplication>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QMouseEvent>
+#include <QScreen>
+#include <QTimer>
+
+// Resources of a static library have to be called in by hand, outside of any namespace.
+static void loadDrawings() { Q_INIT_RESOURCE(assets); }
+
+namespace tandrel
+{
+
+namespace
+{
+
+Long twipsPerPixel(double dotsPerInch) { return 1440.0 / dotsPerInch; }
+
+Qt::CursorShape cursorShape(Integer shape)
+{
+    switch (static_cast<int>(shape)) {
+    case pointer::kHourglass:
+        return Qt::WaitCursor;
+    case pointer::kSizeVertical:
+        return Qt::SizeVerCursor;
+    case pointer::kSizeDiagonal:
+        return Qt::SizeFDiagCursor;
+    case pointer::kSizeHorizontal:
+        return Qt::SizeHorCursor;
+    default:
+        return Qt::ArrowCursor;
+    }
+}
+
+QMessageBox::Icon boxIcon(BoxStyle style)
+{
+    switch (style) {
+    case BoxStyle::Critical:
+        return QMessageBox::Critical;
+    case BoxStyle::YesNoQuestion:
+        return QMessageBox::Question;
+    case BoxStyle::Exclamation:
+        return QMessageBox::Warning;
+    case BoxStyle::Information:
+        break;
+    }
+    return QMessageBox::Information;
+}
+
+/// What a box says that the end of the program has closed.
+BoxAnswer withoutAnswer(BoxStyle style) { return style == BoxStyle::YesNoQuestion ? BoxAnswer::Cancel : BoxAnswer::Ok; }
+
+} // namespace
+
+QtBackend::QtBackend()
+{
+    const QScreen* first = QGuiApplication::primaryScreen();
+    const QRect place = first->geometry();
+    screen().setMetrics(twipsPerPixel(first->logicalDotsPerInchX()), twipsPerPixel(first->logicalDotsPerInchY()),
+                        {place.left(), place.top(), place.left() + place.width(), place.top() + place.height()});
+    loadDrawings();
+    applyStyle(*qApp);
+    qApp->setQuitOnLastWindowClosed(false);
+    qApp->installEventFilter(this);
+    connect(qApp, &QGuiApplication::applicationStateChanged, this, [](Qt::ApplicationState state) {
+        if (state == Qt::ApplicationInactive)
+            applicationDeactivated();
+    });
+}
+
+QtBackend::~QtBackend() = default;
+
+bool QtBackend::eventFilter(QObject*, QEvent* event)
+{
+    if (event->type() != QEvent::MouseButtonPress && event->type() != QEvent::MouseButtonRelease)
+        return false;
+    const auto button = static_cast<QMouseEvent*>(event)->button();
+    if (button == Qt::LeftButton)
+        pressIsOver(MouseButton::Left);
+    else if (button == Qt::RightButton)
+        pressIsOver(MouseButton::Right);
+    return false;
+}
+
+std::unique_ptr<FormView> QtBackend::makeView(Form& form) { return std::make_unique<QtFormView>(form); }
+
+void QtBackend::timerChanged(Timer& timer)
+{
+    auto& engine = timers_[&timer];
+    if (!engine) {
+        engine = std::make_unique<QTimer>();
+        engine->setTimerType(Qt::PreciseTimer);
+        connect(engine.get(), &QTimer::timeout, this, [&timer] { timer.tick(); });
+    }
+    if (!timer.running())
+        engine->stop();
+    else if (!engine->isActive() || engine->interval() != timer.interval())
+        engine->start(timer.interval());
+}
+
+void QtBackend::timerGone(Timer& timer)
+{
+    const auto found = timers_.find(&timer);
+    if (found == timers_.end())
+        return;
+    // It may be gone inside its own tick.
+    found->second->stop();
+    found->second.release()->deleteLater();
+    timers_.erase(found);
+}
+
+void QtBackend::mousePointerChanged(Integer shape)
+{
+    if (pointerSet_)
+        QGuiApplication::restoreOverrideCursor();
+    pointerSet_ = shape != pointer::kDefault;
+    if (pointerSet_)
+        QGuiApplication::setOverrideCursor(cursorShape(shape));
+}
+
+BoxAnswer QtBackend::messageBox(const Text& text, BoxStyle style, const Text& title)
+{
+    if (boxesEnded_)
+        return withoutAnswer(style);
+    QMessageBox box(boxIcon(style), rendered(title), rendered(text));
+    box.setObjectName(QStringLiteral("messageBox"));
+    box.setTextFormat(Qt::PlainText);
+    if (style == BoxStyle::YesNoQuestion)
+        box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    const int button = box.exec();
+    if (boxesEnded_)
+        return withoutAnswer(style);
+    if (style == BoxStyle::YesNoQuestion)
+        return button == QMessageBox::Yes ? BoxAnswer::Yes : BoxAnswer::No;
+    return BoxAnswer::Ok;
+}
+
+int QtBackend::choose(const Text& text, const std::vector<Text>& choices, const Text& title)
+{
+    if (boxesEnded_)
+        return -1;
+    QStringList items;
+    for (const Text& choice : choices)
+        items += QString::fromStdString(choice);
+    bool chosen = false;
+    const QString item = QInputDialog::getItem(nullptr, rendered(title), rendered(text), items, 0, false, &chosen);
+    return chosen ? static_cast<int>(items.indexOf(item)) : -1;
+}
+
+void QtBackend::later(int ms, std::function<void()> task) { QTimer::singleShot(ms, this, std::move(task)); }
+
+// A plain quit would ask every window to close first, which is for the forms to decide.
+void QtBackend::quit() { QCoreApplication::exit(0); }
+
+void QtBackend::endBoxes()
+{
+    boxesEnded_ = true;
+    if (QWidget* menu = QApplication::activePopupWidget())
+        menu->close();
+    if (auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
+        box->reject();
+}
+
+void QtBackend::beep() { QApplication::beep(); }
+
+} // namespace tandrel

@@ -1,0 +1,48 @@
+/// The forms on Qt widgets.
+#pragma once
+
+#include "toolkit/backend.h"
+
+#include <QObject>
+
+#include <map>
+#include <memory>
+
+class QTimer;
+
+namespace tandrel
+{
+
+/// Made behind the application object and gone before it. Sets the screen's metrics and the style of all windows.
+class QtBackend : public QObject, public Backend
+{
+public:
+    QtBackend();
+    ~QtBackend() override;
+
+    std::unique_ptr<FormView> makeView(Form& form) override;
+    void timerChanged(Timer& timer) override;
+    void timerGone(Timer& timer) override;
+    void mousePointerChanged(Integer shape) override;
+    BoxAnswer messageBox(const Text& text, BoxStyle style, const Text& title) override;
+    int choose(const Text& text, const std::vector<Text>& choices, const Text& title) override;
+    Menu* popUp(Menu& head) override;
+    void later(int ms, std::function<void()> task) override;
+    void quit() override;
+    void beep() override;
+
+    /// Closes the box or menu that is up, and answers those to come at once, as a close of theirs would: the program is
+    /// about to end.
+    void endBoxes();
+
+protected:
+    /// Watches the mouse buttons in all windows of the program.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    std::map<Timer*, std::unique_ptr<QTimer>> timers_;
+    bool pointerSet_ = false;
+    bool boxesEnded_ = false;
+};
+
+} // namespace tandrel

@@ -1,0 +1,196 @@
+#include "toolkit/activation.h"
+#include "toolkit/form.h"
+#include "toolkit/qt/kinds.h"
+#include "toolkit/qt/palette.h"
+#include "toolkit/screen.h"
+
+#include <QKeyEvent>
+#include <QLinearGradient>
+#include <QPainter>
+#include <QWheelEvent>
+
+#include <optional>
+
+namespace tandrel
+{
+
+namespace
+{
+
+constexpr double kThumb = 9;
+
+/// A groove with a fill and a round thumb. A vertical one grows downwards, as its `Value` does.
+class SliderWidget : public QWidget
+{
+public:
+    SliderWidget(Slider& slider, QWidget* parent) : QWidget(parent), slider_(slider)
+    {
+        setFocusPolicy(Qt::StrongFocus);
+        setAttribute(Qt::WA_Hover);
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    double travel() const { return (slider_.vertical() ? height() : width()) - 2 * kThumb; }
+    double along(const QPointF& at) const { return slider_.vertical() ? at.y() : at.x(); }
+    double thumbCentre() const;
+    Long valueAt(double place) const;
+    MouseEvent translated(QMouseEvent* from, int button) const;
+    /// The value so much further, within the bounds.
+    Long moved(double by) const;
+
+    Slider& slider_;
+    std::optional<double> grip_;
+};
+
+double SliderWidget::thumbCentre() const
+{
+    const double range = slider_.maximum() - slider_.minimum();
+    const double part = range > 0 ? (slider_.value() - slider_.minimum()) / range : 0;
+    return kThumb + part * travel();
+}
+
+Long SliderWidget::valueAt(double place) const
+{
+    const double part = travel() > 0 ? std::clamp((place - kThumb) / travel(), 0.0, 1.0) : 0;
+    const double range = slider_.maximum() - slider_.minimum();
+    return slider_.minimum() + part * range;
+}
+
+void SliderWidget::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const bool vertical = slider_.vertical();
+    const double middle = (vertical ? width() : height()) / 2.0;
+    const double length = vertical ? height() : width();
+    const double thumb = thumbCentre();
+    const auto bar = [&](double from, double to) {
+        return vertical ? QRectF(middle - 3, from, 6, to - from) : QRectF(from, middle - 3, to - from, 6);
+    };
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(palette::kGlassTop);
+    painter.drawRoundedRect(bar(2, length - 2), 3, 3);
+    QLinearGradient fill(0, 0, vertical ? width() : 0, vertical ? 0 : height());
+    fill.setColorAt(0.3, palette::kMoves);
+    fill.setColorAt(0.7, palette::kMovesDeep);
+    painter.setBrush(fill);
+    painter.drawRoundedRect(vertical ? bar(thumb, length - 2) : bar(2, thumb), 3, 3);
+    if (hasFocus()) {
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(palette::kMoves, 2));
+    } else {
+        painter.setPen(QPen(palette::kMovesDeep, 1.5));
+    }
+    painter.setBrush(underMouse() ? Qt::white : palette::kText);
+    const QPointF centre = vertical ? QPointF(middle, thumb) : QPointF(thumb, middle);
+    painter.drawEllipse(centre, kThumb - 2, kThumb - 2);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(palette::kMovesDeep);
+    painter.drawEllipse(centre, 2.5, 2.5);
+}
+
+Long SliderWidget::moved(double by) const
+{
+    return std::clamp<double>(slider_.value() + by, slider_.minimum(), std::max(slider_.minimum(), slider_.maximum()));
+}
+
+int buttonOf(const QMouseEvent* from)
+{
+    if (from->button() == Qt::LeftButton)
+        return mouse::kLeft;
+    return from->button() == Qt::RightButton ? mouse::kRight : mouse::kMiddle;
+}
+
+MouseEvent SliderWidget::translated(QMouseEvent* from, int button) const
+{
+    return {button, 0, from->position().x() * tandrel::screen().TwipsPerPixelX(),
+            from->position().y() * tandrel::screen().TwipsPerPixelY()};
+}
+
+void SliderWidget::mousePressEvent(QMouseEvent* from)
+{
+    const auto form = slider_.form().shared_from_this();
+    userPressed(*form);
+    slider_.userMouseDown(translated(from, buttonOf(from)));
+    if (from->button() != Qt::LeftButton || !form->isLoaded())
+        return;
+    const double place = along(from->position());
+    const double off = place - thumbCentre();
+    if (std::abs(off) <= kThumb) {
+        grip_ = off;
+        return;
+    }
+    // Beside the thumb: a page towards the pointer. The click follows at the release.
+    slider_.userScroll(moved((off > 0 ? 1 : -1) * static_cast<double>(slider_.LargeChange)));
+}
+
+void SliderWidget::mouseMoveEvent(QMouseEvent* from)
+{
+    if (grip_)
+        slider_.userScroll(valueAt(along(from->position()) - *grip_));
+    slider_.userMouseMove(translated(from, from->buttons() & Qt::LeftButton ? mouse::kLeft : 0));
+}
+
+void SliderWidget::mouseReleaseEvent(QMouseEvent* from)
+{
+    grip_.reset();
+    slider_.userMouseUp(translated(from, buttonOf(from)));
+}
+
+void SliderWidget::keyPressEvent(QKeyEvent* key)
+{
+    const double small = slider_.SmallChange;
+    const double large = slider_.LargeChange;
+    switch (key->key()) {
+    case Qt::Key_Left:
+    case Qt::Key_Up:
+        return slider_.userStep(moved(-small));
+    case Qt::Key_Right:
+    case Qt::Key_Down:
+        return slider_.userStep(moved(small));
+    case Qt::Key_PageUp:
+        return slider_.userStep(moved(-large));
+    case Qt::Key_PageDown:
+        return slider_.userStep(moved(large));
+    case Qt::Key_Home:
+        return slider_.userStep(slider_.minimum());
+    case Qt::Key_End:
+        return slider_.userStep(slider_.maximum());
+    default:
+        QWidget::keyPressEvent(key);
+    }
+}
+
+void SliderWidget::wheelEvent(QWheelEvent* wheel)
+{
+    const int turn = wheel->angleDelta().y();
+    if (turn != 0)
+        slider_.userStep(moved((turn < 0 ? 5 : -5) * static_cast<double>(slider_.SmallChange)));
+    wheel->accept();
+}
+
+class SliderView : public WidgetView
+{
+public:
+    using WidgetView::WidgetView;
+
+protected:
+    bool eventFilter(QObject*, QEvent*) override { return false; }
+};
+
+} // namespace
+
+std::unique_ptr<ControlView> makeSliderView(Slider& slider, FormWidget& window, QWidget* parent)
+{
+    return std::make_unique<SliderView>(slider, window, new SliderWidget(slider, parent));
+}
+
+} // namespace tandrel

@@ -1,0 +1,73 @@
+#include "toolkit/qt/x11_hints.h"
+
+#include <QGuiApplication>
+#include <QWidget>
+
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <xcb/xcb.h>
+
+namespace tandrel
+{
+
+namespace
+{
+
+struct FreeDeleter {
+    void operator()(void* reply) const { std::free(reply); }
+};
+template <class Reply>
+using ReplyPtr = std::unique_ptr<Reply, FreeDeleter>;
+
+xcb_connection_t* connection()
+{
+    const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    return x11 ? x11->connection() : nullptr;
+}
+
+xcb_window_t rootWindow(xcb_connection_t* display)
+{
+    return xcb_setup_roots_iterator(xcb_get_setup(display)).data->root;
+}
+
+xcb_atom_t atom(xcb_connection_t* display, const char* name)
+{
+    const auto cookie = xcb_intern_atom(display, 0, static_cast<std::uint16_t>(std::strlen(name)), name);
+    const ReplyPtr<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(display, cookie, nullptr));
+    return reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
+}
+
+} // namespace
+
+bool windowManagerPresent()
+{
+    xcb_connection_t* display = connection();
+    if (!display)
+        return false;
+    const auto cookie = xcb_get_property(display, 0, rootWindow(display), atom(display, "_NET_SUPPORTING_WM_CHECK"),
+                                         XCB_ATOM_WINDOW, 0, 1);
+    const ReplyPtr<xcb_get_property_reply_t> reply(xcb_get_property_reply(display, cookie, nullptr));
+    return reply && xcb_get_property_value_length(reply.get()) > 0;
+}
+
+void announceFullScreen(QWidget& window, bool on)
+{
+    if (!windowManagerPresent())
+        return;
+    xcb_connection_t* display = connection();
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = static_cast<xcb_window_t>(window.winId());
+    message.type = atom(display, "_NET_WM_STATE");
+    message.data.data32[0] = on ? 1 : 0;
+    message.data.data32[1] = atom(display, "_NET_WM_STATE_FULLSCREEN");
+    message.data.data32[3] = 1;
+    xcb_send_event(display, 0, rootWindow(display),
+                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                   reinterpret_cast<const char*>(&message));
+    xcb_flush(display);
+}
+
+} // namespace tandrel
