@@ -1,0 +1,94 @@
+/// One open device of the media service: what its commands mean, over an engine's device.
+#pragma once
+
+#include "platform/mci/engine.h"
+
+#include <chrono>
+#include <memory>
+#include <optional>
+#include <string_view>
+
+namespace tandrel
+{
+
+enum class TimeFormat { Milliseconds, Frames };
+
+/// Every operation answers 0 or the number of an error. Positions are whole numbers in the time format of the device.
+class Device
+{
+public:
+    using Moment = std::chrono::steady_clock::time_point;
+
+    explicit Device(std::unique_ptr<MediaDevice> media);
+
+    /// Marks the device as to be started; `start` does it. A `pause` before that leaves no trace.
+    void play(Moment now);
+    int playFrom(double place, Moment now);
+    void pause();
+    int seek(double place);
+    int step(StepDirection direction);
+
+    /// Starts what `play` has marked.
+    void start();
+    bool waitsForStartSince(Moment latest) const { return startWanted_ && *startWanted_ <= latest; }
+    /// Places the picture. The first place, its native size unless told otherwise, is only marked until `show`.
+    void put(const PixelRect& place);
+    void show();
+
+    /// With `afterSeeks`, a seek of a running device under way is waited for; a device at rest always is.
+    int position(bool afterSeeks, double& answer);
+    double length();
+    std::string_view mode();
+    void setFormat(TimeFormat format) { format_ = format; }
+
+    /// Waits for seeks and steps under way.
+    bool settle() { return settleInTime(); }
+    void setVolume(double volume) { media_->setVolume(volume); }
+    const MediaFacts& facts() const { return media_->facts(); }
+    MediaReading read() { return media_->read(); }
+    FrameCounts counts() { return media_->counts(); }
+    void beginClose() { media_->beginClose(); }
+
+private:
+    enum class Mode { Stopped, Playing, Paused };
+
+    /// A place that was asked for. It is what `position` answers as long as the picture that it brought is shown.
+    struct AskedPlace {
+        bool end = false;
+        double value = 0;
+        TimeFormat format = TimeFormat::Milliseconds;
+        /// The time of the picture, once it is known.
+        std::optional<double> shown;
+    };
+
+    double unitsPerSecond() const;
+    std::optional<double> knownLength() const;
+    double placeOf(double seconds) const;
+    double belowLength(double place) const;
+    bool atEnd() const { return asked_ && asked_->end; }
+
+    void stopRunning();
+    void goTo(double place);
+    /// Looks whether a running device has come to its end by itself. The reading is the newest.
+    MediaReading look();
+    void noteEnd(double seconds);
+    /// Waits, and drops the asked place if its picture has gone. False if the engine was not done in time.
+    bool settleAtRest();
+    bool settleInTime();
+
+    std::unique_ptr<MediaDevice> media_;
+    TimeFormat format_ = TimeFormat::Milliseconds;
+    Mode mode_ = Mode::Stopped;
+    bool running_ = false;
+    /// A pause came while the device ran: it may have reached the end before.
+    bool mayHaveEnded_ = false;
+    std::optional<Moment> startWanted_;
+    std::optional<PixelRect> placeWanted_;
+    /// A move under way has been waited for in vain.
+    bool late_ = false;
+    std::optional<AskedPlace> asked_;
+    /// Where the end was found in a medium that does not tell its length.
+    std::optional<double> foundLength_;
+};
+
+} // namespace tandrel

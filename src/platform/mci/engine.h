@@ -1,0 +1,101 @@
+/// What the media service needs of a playback engine: devices that show one file each. Times are seconds from the first
+/// frame of the medium. All calls come from one thread.
+///
+/// Play, pause, seek and step are requests: they are on their way when the call returns, and `settle` waits for them.
+/// So a caller can get twelve devices going before it waits for the first.
+#pragma once
+
+#include "platform/services.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace tandrel
+{
+
+/// What is known of a medium from the moment it is open. It never changes afterwards.
+struct MediaFacts {
+    /// Seconds; empty where the file does not tell.
+    std::optional<double> length;
+    /// Frames a second; 0 without a picture.
+    double frameRate = 0;
+    /// Display size in pixels, the aspect ratio applied; 0 by 0 without a picture.
+    int width = 0;
+    int height = 0;
+};
+
+/// Where a device stands.
+struct MediaReading {
+    /// The time of the frame that is shown; of the sound where there is no picture.
+    double seconds = 0;
+    /// Everything there is has been played.
+    bool ended = false;
+};
+
+/// What a device has done with its frames since the open.
+struct FrameCounts {
+    long shown = 0;
+    long dropped = 0;
+};
+
+enum class StepDirection { Forward, Backward };
+
+/// One open file. It is at rest on its first frame after the open, and has no place on the screen. The destructor frees
+/// everything the device holds, and blocks until that is done, for 2 s at most.
+class MediaDevice
+{
+public:
+    virtual ~MediaDevice() = default;
+
+    virtual const MediaFacts& facts() const = 0;
+
+    /// Runs on from where it stands. Blocks only where a step of this device is still under way.
+    virtual void play() = 0;
+    /// Holds the picture. Never blocks.
+    virtual void pause() = 0;
+    /// Shows the last frame that is not later than `seconds`, the first frame if all are. Whether the device runs stays
+    /// as it is. A later seek takes the place of an earlier one that is still under way.
+    virtual void seek(double seconds) = 0;
+    /// Shows the last frame.
+    virtual void seekToEnd() = 0;
+    /// One frame on or back, at rest; stays where there is none. Only after `settle`, and not while running.
+    virtual void step(StepDirection direction) = 0;
+
+    /// Waits until what was asked of this device is done. False if that was not so within 2 s.
+    virtual bool settle() = 0;
+    /// Of a settled device at rest: exactly the frame shown. Of a running one: where it should
+    /// be by the newest news of it. Blocks only where those are old, for 50 ms at most.
+    virtual MediaReading read() = 0;
+
+    /// For reports to a person. May block for the time of a frame.
+    virtual FrameCounts counts() { return {}; }
+
+    /// 0 silent, 1 full. No effect on a medium without sound.
+    virtual void setVolume(double volume) = 0;
+    /// Places the picture inside its parent, in logical pixels; an empty rectangle hides it.
+    virtual void put(const PixelRect& place) = 0;
+
+    /// Starts what the destructor does and returns at once; no other call may follow.
+    virtual void beginClose() = 0;
+};
+
+enum class OpenFailure { None, NoFile, NotPlayable, TimedOut, NoWindow };
+
+struct OpenResult {
+    OpenFailure failure = OpenFailure::None;
+    /// Set if there is no failure.
+    std::unique_ptr<MediaDevice> device;
+};
+
+class MediaEngine
+{
+public:
+    virtual ~MediaEngine() = default;
+
+    /// Opens a file, by its marked path, inside a window or without a picture. Blocks for 5 s at most. After a failure
+    /// nothing is left behind.
+    virtual OpenResult open(const std::string& path, std::optional<WindowHandle> parent) = 0;
+};
+
+} // namespace tandrel

@@ -1,0 +1,97 @@
+/// The media control service over a playback engine.
+#pragma once
+
+#include "platform/mci/command_parser.h"
+#include "platform/mci/device.h"
+#include "platform/mci/engine.h"
+#include "platform/services.h"
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace tandrel
+{
+
+/// The tray of the disc drive.
+class DriveDoor
+{
+public:
+    virtual ~DriveDoor() = default;
+    /// False where there is no drive.
+    virtual bool move(bool open) = 0;
+};
+
+/// How a device stands, for a report to a person.
+struct DeviceReport {
+    std::string alias;
+    MediaFacts facts;
+    MediaReading reading;
+    FrameCounts counts;
+};
+
+class MciService : public Mci
+{
+public:
+    using Now = std::function<std::chrono::steady_clock::time_point()>;
+
+    /// `door` may be null, and must outlive the service otherwise.
+    explicit MciService(std::unique_ptr<MediaEngine> engine, DriveDoor* door = nullptr,
+                        Now now = &std::chrono::steady_clock::now);
+    /// Closes what is open.
+    ~MciService() override;
+
+    int send(std::string_view command, std::span<char> answer = {}) override;
+    void idle() override;
+
+    /// Waits until every seek and step under way is done: for a caller that shows results to a person or looks at the
+    /// screen. Blocks for 2 s at most for each device.
+    void settle();
+
+    /// All open devices in the order of their opening.
+    std::vector<DeviceReport> report();
+
+private:
+    struct Entry {
+        std::string alias;
+        int id = 0;
+        std::unique_ptr<Device> device;
+    };
+    using Handler = int (MciService::*)(Device&, const Command&);
+    struct VerbRow {
+        Verb verb;
+        Handler handler;
+    };
+    static const VerbRow kVerbs[];
+
+    int run(const Command& command);
+    int open(const Command& command);
+    int close(const Command& command);
+    int moveDoor(const Command& command);
+    int play(Device& device, const Command& command);
+    int pause(Device& device, const Command& command);
+    int seek(Device& device, const Command& command);
+    int step(Device& device, const Command& command);
+    int status(Device& device, const Command& command);
+    int set(Device& device, const Command& command);
+    int setAudio(Device& device, const Command& command);
+    int where(Device& device, const Command& command);
+    int put(Device& device, const Command& command);
+
+    std::vector<Entry>::iterator find(std::string_view alias);
+    int smallestFreeId() const;
+    void startThoseWaitingSince(Device::Moment latest);
+    void closeAll();
+
+    std::unique_ptr<MediaEngine> engine_;
+    DriveDoor* door_;
+    Now now_;
+    /// In the order of their opening.
+    std::vector<Entry> devices_;
+    /// What the command under way answers.
+    std::string answer_;
+};
+
+} // namespace tandrel

@@ -1,0 +1,27 @@
+tandrel_library(platform/mci USES platform LINKS Threads::Threads SOURCES
+  command_parser.cpp
+  device.cpp
+  drive_door.cpp
+  mci_service.cpp
+  tracing_mci.cpp)
+
+tandrel_library(platform/mpv USES platform/mci LINKS PkgConfig::mpv PkgConfig::xcb PkgConfig::x11 Threads::Threads
+                             ${CMAKE_DL_LIBS} SOURCES
+  graphics_probe.cpp
+  input_methods.cpp
+  media_path.cpp
+  media_tracks.cpp
+  mpv_channel.cpp
+  mpv_device.cpp
+  mpv_engine.cpp
+  mpv_handle.cpp
+  mpv_loading.cpp
+  mpv_moves.cpp
+  output_choice.cpp
+  picture_window.cpp
+  x_errors.cpp)
+# The headers of this folder name libmpv's and xcb's types.
+target_link_libraries(tandrel_platform_mpv PUBLIC PkgConfig::mpv PkgConfig::xcb)
+
+add_executable(tandrel-mci platform/mci_tool/main.cpp platform/mci_tool/tool_window.cpp)
+target_link_libraries(tandrel-mci PRIVATE tandrel_platform_mpv tandrel_flags)

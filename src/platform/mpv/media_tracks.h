@@ -1,0 +1,28 @@
+/// What libmpv tells about a file it has loaded.
+#pragma once
+
+#include "platform/mci/engine.h"
+
+#include <mpv/client.h>
+
+namespace tandrel
+{
+
+struct MediaTracks {
+    bool picture = false;
+    bool sound = false;
+    /// Display size, the aspect ratio and the rotation of the file applied.
+    int width = 0;
+    int height = 0;
+    /// False where the container does not tell the shape of the pixels: then it takes a decoded picture to know.
+    bool sizeIsSure = false;
+    double frameRate = 0;
+};
+
+/// Reads the property "track-list": the tracks that are being played.
+MediaTracks readTracks(const mpv_node& list);
+
+/// Reads the display size of a decoded picture from the property "video-params".
+void readPictureSize(const mpv_node& parameters, MediaTracks& tracks);
+
+} // namespace tandrel

@@ -1,0 +1,61 @@
+#include "platform/mpv/mpv_channel.h"
+
+#include <utility>
+#include <vector>
+
+namespace tandrel
+{
+
+std::uint64_t MpvChannel::command(std::initializer_list<const char*> words)
+{
+    std::vector<const char*> arguments(words);
+    arguments.push_back(nullptr);
+    mpv_command_async(handle_, ++lastRequest_, arguments.data());
+    return lastRequest_;
+}
+
+std::uint64_t MpvChannel::set(const char* property, bool value)
+{
+    int flag = value ? 1 : 0;
+    mpv_set_property_async(handle_, ++lastRequest_, property, MPV_FORMAT_FLAG, &flag);
+    return lastRequest_;
+}
+
+std::uint64_t MpvChannel::set(const char* property, double value)
+{
+    mpv_set_property_async(handle_, ++lastRequest_, property, MPV_FORMAT_DOUBLE, &value);
+    return lastRequest_;
+}
+
+std::uint64_t MpvChannel::ask(const char* property, mpv_format format)
+{
+    mpv_get_property_async(handle_, ++lastRequest_, property, format);
+    return lastRequest_;
+}
+
+void MpvChannel::drain(const Listener& listener)
+{
+    while (true) {
+        const mpv_event* event = mpv_wait_event(handle_, 0);
+        if (event->event_id == MPV_EVENT_NONE)
+            return;
+        listener(*event);
+    }
+}
+
+bool MpvChannel::wait(const Listener& listener, Moment deadline, const std::function<bool()>& done)
+{
+    while (!done()) {
+        const std::chrono::duration<double> left = deadline - std::chrono::steady_clock::now();
+        if (left.count() <= 0)
+            return false;
+        const mpv_event* event = mpv_wait_event(handle_, left.count());
+        if (event->event_id != MPV_EVENT_NONE)
+            listener(*event);
+    }
+    return true;
+}
+
+mpv_handle* MpvChannel::release() { return std::exchange(handle_, nullptr); }
+
+} // namespace tandrel

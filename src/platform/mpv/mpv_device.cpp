@@ -1,0 +1,234 @@
+#include "platform/mpv/mpv_device.h"
+
+#include "platform/mpv/mpv_handle.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+#include <string_view>
+
+namespace tandrel
+{
+
+namespace
+{
+using namespace std::chrono_literals;
+
+constexpr auto kSettleLimit = 2s;
+constexpr auto kCloseLimit = 2s;
+// A place that is no older than this is reckoned on by the clock while a newer one is on its way: a core that decodes
+// answers late. Only an older one is waited for.
+constexpr auto kFreshPlace = 700ms;
+constexpr auto kStaleReadLimit = 50ms;
+constexpr auto kStepPoll = 1ms;
+
+std::chrono::steady_clock::time_point now() { return std::chrono::steady_clock::now(); }
+
+int scaled(int length, double ratio) { return static_cast<int>(std::lround(length * ratio)); }
+} // namespace
+
+MpvDevice::MpvDevice(mpv_handle* handle, std::unique_ptr<PictureWindow> window, double pixelRatio,
+                     std::shared_ptr<void> inUse)
+    : inUse_(std::move(inUse)), channel_(handle), window_(std::move(window)), pixelRatio_(pixelRatio)
+{
+}
+
+MpvDevice::~MpvDevice()
+{
+    beginClose();
+    // The window goes after the player that draws into it. A player that hangs is left to its own thread.
+    closed_.wait_until(closeDeadline_);
+}
+
+void MpvDevice::beginClose()
+{
+    if (closed_.valid())
+        return;
+    closeDeadline_ = now() + (hung_ ? 0s : kCloseLimit);
+    closed_ = destroyHandle(channel_.release());
+}
+
+void MpvDevice::drain()
+{
+    channel_.drain([this](const mpv_event& event) { hear(event); });
+}
+
+void MpvDevice::hear(const mpv_event& event)
+{
+    switch (event.event_id) {
+    case MPV_EVENT_COMMAND_REPLY:
+        if (stage_ == Stage::Sent && event.reply_userdata == awaited_)
+            stage_ = Stage::Taken;
+        if (stage_ == Stage::Taken && event.error < 0)
+            askPlace();
+        break;
+    case MPV_EVENT_SEEK:
+        if (stage_ == Stage::Taken)
+            stage_ = Stage::Seeking;
+        break;
+    case MPV_EVENT_PLAYBACK_RESTART:
+        if (stage_ == Stage::Seeking)
+            askPlace();
+        break;
+    case MPV_EVENT_GET_PROPERTY_REPLY:
+        hearAnswer(event);
+        break;
+    case MPV_EVENT_END_FILE:
+        stage_ = Stage::Rest;
+        placeAsked_ = 0;
+        ended_ = true;
+        running_ = false;
+        break;
+    default:
+        break;
+    }
+}
+
+void MpvDevice::hearAnswer(const mpv_event& event)
+{
+    const auto& property = *static_cast<const mpv_event_property*>(event.data);
+    if (stage_ == Stage::Stepping && event.reply_userdata == awaited_) {
+        awaited_ = 0;
+        if (event.error >= 0 && *static_cast<const int*>(property.data) != 0)
+            askPlace();
+    } else if (placeAsked_ != 0 && event.reply_userdata <= placeAsked_ && event.reply_userdata >= firstAsked_) {
+        hearPlace(event);
+    }
+}
+
+void MpvDevice::askPlace()
+{
+    firstAsked_ = channel_.ask("eof-reached", MPV_FORMAT_FLAG);
+    channel_.ask("audio-pts", MPV_FORMAT_DOUBLE);
+    placeAsked_ = channel_.ask("time-pos", MPV_FORMAT_DOUBLE);
+    placeAskedAt_ = now();
+    if (stage_ != Stage::Rest)
+        stage_ = Stage::Reading;
+}
+
+void MpvDevice::hearPlace(const mpv_event& event)
+{
+    const void* value = static_cast<const mpv_event_property*>(event.data)->data;
+    if (event.reply_userdata == firstAsked_) {
+        ended_ = event.error >= 0 && *static_cast<const int*>(value) != 0;
+        running_ = running_ && !ended_;
+    } else if (event.reply_userdata == placeAsked_) {
+        placeAsked_ = 0;
+        if (event.error >= 0)
+            notePlace(*static_cast<const double*>(value));
+        if (stage_ == Stage::Reading)
+            placeKnown();
+    } else {
+        soundTime_.reset();
+        if (event.error >= 0)
+            soundTime_ = *static_cast<const double*>(value);
+    }
+}
+
+void MpvDevice::notePlace(double time)
+{
+    if (!origin_)
+        origin_ = time;
+    place_ = std::max(0.0, time - *origin_);
+    placeAt_ = placeAskedAt_;
+    // Behind the last picture libmpv reports the time of the sound, to the last bit.
+    const bool bySound = soundTime_ == time && place_ * facts_.frameRate > 0.5;
+    pictureIsPast_ = facts_.frameRate > 0 && (bySound || (ended_ && hasSound_ && !soundIsOff_));
+}
+
+void MpvDevice::play()
+{
+    // A step ends in a pause of its own, which would undo the play.
+    if (stage_ == Stage::Stepping)
+        settle();
+    drain();
+    if (running_ || ended_)
+        return;
+    turnSound(true);
+    channel_.set("pause", false);
+    running_ = true;
+    forgetMoves();
+    placeAt_ = now();
+    lastRead_ = 0;
+}
+
+void MpvDevice::pause()
+{
+    if (!running_)
+        return;
+    channel_.set("pause", true);
+    running_ = false;
+    if (stage_ == Stage::Rest)
+        stage_ = Stage::Reading;
+    if (stage_ == Stage::Reading)
+        askPlace();
+}
+
+bool MpvDevice::settle()
+{
+    drain();
+    // What was waited for in vain once is not waited for again: the program has to go on.
+    const auto deadline = now() + (gaveUp_ ? 0s : kSettleLimit);
+    while (stage_ != Stage::Rest && now() < deadline) {
+        const bool polls = stage_ == Stage::Stepping;
+        if (polls && awaited_ == 0)
+            awaited_ = channel_.ask("pause", MPV_FORMAT_FLAG);
+        channel_.wait([this](const mpv_event& event) { hear(event); }, polls ? now() + kStepPoll : deadline,
+                      [this] { return stage_ == Stage::Rest; });
+    }
+    gaveUp_ = stage_ != Stage::Rest;
+    return !gaveUp_;
+}
+
+MediaReading MpvDevice::read()
+{
+    drain();
+    if (!running_ || ended_)
+        return {place_, ended_};
+    if (stage_ == Stage::Rest) {
+        if (placeAsked_ == 0)
+            askPlace();
+        if (now() - placeAt_ > kFreshPlace)
+            channel_.wait([this](const mpv_event& event) { hear(event); }, now() + kStaleReadLimit,
+                          [this] { return placeAsked_ == 0; });
+    }
+    if (ended_)
+        return {place_, true};
+    const double reckoned = stage_ == Stage::Rest ? reckonedSince(placeAt_) : 0;
+    lastRead_ = std::max(lastRead_, place_ + reckoned);
+    return {lastRead_, false};
+}
+
+double MpvDevice::reckonedSince(Moment moment) const
+{
+    const double seconds =
+        std::chrono::duration<double>(std::min<Moment::duration>(now() - moment, kFreshPlace)).count();
+    // Whole frames only: what is reported is the time of a frame.
+    return facts_.frameRate > 0 ? std::floor(seconds * facts_.frameRate) / facts_.frameRate : seconds;
+}
+
+FrameCounts MpvDevice::counts()
+{
+    const auto number = [this](const char* property) {
+        std::int64_t value = 0;
+        return mpv_get_property(channel_.handle(), property, MPV_FORMAT_INT64, &value) >= 0 ? static_cast<long>(value)
+                                                                                            : 0L;
+    };
+    FrameCounts result;
+    result.dropped = number("frame-drop-count") + number("decoder-frame-drop-count");
+    result.shown = std::max(0L, number("estimated-frame-number") + 1 - result.dropped);
+    return result;
+}
+
+void MpvDevice::setVolume(double volume) { channel_.set("volume", volume * 100); }
+
+void MpvDevice::put(const PixelRect& place)
+{
+    if (window_ == nullptr)
+        return;
+    window_->put({scaled(place.left, pixelRatio_), scaled(place.top, pixelRatio_), scaled(place.right, pixelRatio_),
+                  scaled(place.bottom, pixelRatio_)},
+                 facts_.width);
+}
+
+} // namespace tandrel

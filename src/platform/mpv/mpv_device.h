@@ -1,0 +1,158 @@
+/// One file, played by a libmpv handle.
+#pragma once
+
+#include "platform/mci/engine.h"
+#include "platform/mpv/media_tracks.h"
+#include "platform/mpv/mpv_channel.h"
+#include "platform/mpv/picture_window.h"
+
+#include <future>
+
+namespace tandrel
+{
+
+/// Everything is asked of libmpv asynchronously, because a question that waits goes through the lock of a core that may
+/// be decoding. What comes back is read whenever the device is used.
+class MpvDevice final : public MediaDevice
+{
+public:
+    /// Takes the handle over. `window` may be null. `pixelRatio` is device pixels to a logical pixel. `inUse` is held
+    /// as long as the device lives.
+    MpvDevice(mpv_handle* handle, std::unique_ptr<PictureWindow> window, double pixelRatio,
+              std::shared_ptr<void> inUse);
+    ~MpvDevice() override;
+
+    /// Loads the file, once. With `withoutSound` its sound is not even decoded, unless there is nothing else.
+    OpenFailure load(const std::string& file, bool withoutSound);
+
+    const MediaFacts& facts() const override { return facts_; }
+    void play() override;
+    void pause() override;
+    void seek(double seconds) override;
+    void seekToEnd() override;
+    void step(StepDirection direction) override;
+    bool settle() override;
+    MediaReading read() override;
+    FrameCounts counts() override;
+    void setVolume(double volume) override;
+    void put(const PixelRect& place) override;
+    void beginClose() override;
+
+private:
+    using Moment = MpvChannel::Moment;
+
+    enum class Stage {
+        /// Nothing is under way.
+        Rest,
+        /// A seek or a step back was sent.
+        Sent,
+        /// The player has taken it on, and will report that it begins.
+        Taken,
+        /// It seeks, and will report that it shows the new picture.
+        Seeking,
+        /// A step on was sent; the player holds again when it is done.
+        Stepping,
+        /// The new place was asked for.
+        Reading
+    };
+
+    /// How the load of a file goes on.
+    struct Loading {
+        bool loaded = false;
+        bool failed = false;
+        bool shown = false;
+        int answersMissing = 0;
+        /// The number of the first question about the loaded file; 0 before.
+        std::uint64_t firstQuestion = 0;
+        MediaTracks tracks;
+        /// Its seeks are guesses.
+        bool guesses = false;
+    };
+
+    /// What has been done about a seek that brought another picture than expected.
+    enum class Correction { None, LookedBehind, SteppedBack };
+
+    OpenFailure tryLoad(const std::string& file, Moment deadline, Loading& loading);
+    void hearLoading(const mpv_event& event, Loading& loading);
+    void takeFact(const mpv_event_property& fact, Loading& loading);
+    /// Waits for the first picture, and takes its size from there.
+    bool learnFromPicture(Moment deadline, MediaTracks& tracks);
+
+    void hear(const mpv_event& event);
+    void hearAnswer(const mpv_event& event);
+    void hearPlace(const mpv_event& event);
+    void drain();
+    void sendMove(std::initializer_list<const char*> command);
+    void sendSeek(double target);
+    void askPlace();
+    void notePlace(double time);
+    void placeKnown();
+    /// True if the picture is not the wanted one yet and something is under way again.
+    bool correctSeek();
+    bool correctStep();
+    bool correctEnd();
+    /// Lets seeks begin further ahead of their target; false if they do that already.
+    bool growMargin();
+    void forgetMoves();
+    void sendEnd();
+    void stepBack();
+    void turnSound(bool on);
+    bool isExpected(double seconds) const;
+    /// How far a running device has probably come since then, in seconds.
+    double reckonedSince(Moment moment) const;
+
+    std::shared_ptr<void> inUse_;
+    MpvChannel channel_;
+    std::unique_ptr<PictureWindow> window_;
+    double pixelRatio_;
+    std::future<void> closed_;
+    Moment closeDeadline_;
+    /// The open has taken all the time there is: nobody waits for the close too.
+    bool hung_ = false;
+
+    MediaFacts facts_;
+    bool seekable_ = true;
+
+    Stage stage_ = Stage::Rest;
+    /// The last wait was in vain.
+    bool gaveUp_ = false;
+    /// The request whose answer the stage waits for.
+    std::uint64_t awaited_ = 0;
+    /// The place that a seek of a device at rest was asked for, until its picture is known to be right.
+    std::optional<double> wanted_;
+    Correction correction_ = Correction::None;
+    /// What the seek was told, which is not always the place it is to find.
+    double target_ = 0;
+    /// Where a step back began, and whether the end was asked for, until their picture is known to be right.
+    std::optional<double> backFrom_;
+    bool endWanted_ = false;
+    /// A step on is under way; a step back is to follow.
+    bool stepsOn_ = false;
+    bool thenBack_ = false;
+    /// How far ahead of their target seeks begin, as a row of a table.
+    std::size_t margin_ = 0;
+
+    bool running_ = false;
+    bool ended_ = false;
+    /// libmpv's time of the first frame.
+    std::optional<double> origin_;
+
+    bool hasSound_ = false;
+    /// Off between a seek to the end and the next play or seek.
+    bool soundIsOff_ = false;
+    /// The last picture is shown, and the place is that of the sound.
+    bool pictureIsPast_ = false;
+    std::optional<double> soundTime_;
+
+    /// The questions for the place that have not been answered yet: from the first to the last, which is 0 if all are.
+    std::uint64_t firstAsked_ = 0;
+    std::uint64_t placeAsked_ = 0;
+    Moment placeAskedAt_;
+    /// The newest place known, and when it was.
+    double place_ = 0;
+    Moment placeAt_;
+    /// A running device never seems to go back.
+    double lastRead_ = 0;
+};
+
+} // namespace tandrel

@@ -1,0 +1,110 @@
+#include "platform/mpv/mpv_engine.h"
+
+#include "platform/mpv/input_methods.h"
+#include "platform/mpv/media_path.h"
+#include "platform/mpv/mpv_device.h"
+#include "platform/mpv/mpv_handle.h"
+#include "platform/mpv/output_choice.h"
+#include "platform/mpv/x_errors.h"
+
+#include <algorithm>
+#include <clocale>
+#include <dlfcn.h>
+#include <malloc.h>
+
+namespace tandrel
+{
+
+namespace
+{
+class MpvEngine final : public MediaEngine
+{
+public:
+    explicit MpvEngine(MpvOptions options)
+        : options_(std::move(options)),
+          settings_(chooseOutputs(options_.outputs)),
+          stock_(settings_, options_.mostDevices)
+    {
+    }
+
+    OpenResult open(const std::string& path, std::optional<WindowHandle> parent) override;
+
+private:
+    WindowSystem& windowSystem();
+    double pixelRatio(std::optional<WindowHandle> window) const;
+    int openDevices() const { return static_cast<int>(inUse_.use_count()) - 1; }
+
+    MpvOptions options_;
+    HandleSettings settings_;
+    std::unique_ptr<WindowSystem> windowSystem_;
+    /// Each device holds a share.
+    std::shared_ptr<void> inUse_ = std::make_shared<char>();
+    HandleStock stock_;
+};
+
+/// Every thread that decodes would get a heap of its own, each with its own holes. The threads allocate rarely enough
+/// to share. Only heaps that are not there yet are saved. The planes of pictures stay out of the heaps: they would tear
+/// holes as large as themselves, and a closed video would give nothing back.
+void saveMemory()
+{
+    constexpr int kHeaps = 2;
+    constexpr int kLargeBlock = 128 * 1024;
+    mallopt(M_ARENA_MAX, kHeaps);
+    mallopt(M_MMAP_THRESHOLD, kLargeBlock);
+}
+
+/// The decoders' library writes to the standard error by itself whenever no player of libmpv catches its messages.
+void silenceDecoders()
+{
+    constexpr int kQuiet = -8;
+    const auto setLevel = reinterpret_cast<void (*)(int)>(dlsym(RTLD_DEFAULT, "av_log_set_level"));
+    if (setLevel != nullptr)
+        setLevel(kQuiet);
+}
+
+WindowSystem& MpvEngine::windowSystem()
+{
+    if (windowSystem_ == nullptr) {
+        keepXErrorsHarmless();
+        windowSystem_ = std::make_unique<WindowSystem>();
+    }
+    return *windowSystem_;
+}
+
+double MpvEngine::pixelRatio(std::optional<WindowHandle> window) const
+{
+    return window && options_.pixelRatio ? options_.pixelRatio(*window) : 1;
+}
+
+OpenResult MpvEngine::open(const std::string& path, std::optional<WindowHandle> parent)
+{
+    const bool shown = options_.outputs && parent.has_value();
+    if (shown && !windowSystem().isWindow(*parent))
+        return {OpenFailure::NoWindow, nullptr};
+    const MediaPath media = findMedia(path);
+    if (media.failure != OpenFailure::None)
+        return {media.failure, nullptr};
+
+    mpv_handle* handle = stock_.take();
+    if (handle == nullptr)
+        return {OpenFailure::TimedOut, nullptr};
+    auto window = shown ? std::make_unique<PictureWindow>(windowSystem(), *parent) : nullptr;
+    auto device = std::make_unique<MpvDevice>(handle, std::move(window), pixelRatio(parent), inUse_);
+    stock_.keep(std::max(0, options_.mostDevices - openDevices()));
+    const OpenFailure failure = device->load(media.absolute, options_.outputs && settings_.audioOutput.empty());
+    if (failure != OpenFailure::None)
+        return {failure, nullptr};
+    return {OpenFailure::None, std::move(device)};
+}
+} // namespace
+
+std::unique_ptr<MediaEngine> makeMpvEngine(MpvOptions options)
+{
+    std::setlocale(LC_NUMERIC, "C");
+    silenceDecoders();
+    keepInputMethodsForThisThread();
+    saveMemory();
+    return std::make_unique<MpvEngine>(std::move(options));
+}
+
+} // namespace tandrel

@@ -1,0 +1,25 @@
+/// The playback engine over libmpv.
+#pragma once
+
+#include "platform/mci/engine.h"
+
+#include <functional>
+#include <memory>
+
+namespace tandrel
+{
+
+struct MpvOptions {
+    /// False: neither picture nor sound come out anywhere, and windows are not even looked at; for tests.
+    bool outputs = true;
+    /// Device pixels to a logical pixel in this window; 1 where not set.
+    std::function<double(WindowHandle)> pixelRatio;
+    /// How many devices the program opens at most: so many players are kept ready.
+    int mostDevices = 12;
+};
+
+/// Sets the number format of the process to that of the C locale, which libmpv insists on: to be called after the
+/// toolkit has set its own. The engine has to be destroyed before the windows that its devices are shown in.
+std::unique_ptr<MediaEngine> makeMpvEngine(MpvOptions options);
+
+} // namespace tandrel

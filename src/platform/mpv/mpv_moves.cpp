@@ -1,0 +1,200 @@
+// Seeks and steps: the part of MpvDevice that brings the picture that was asked for.
+#include "platform/mpv/mpv_device.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+
+namespace tandrel
+{
+
+namespace
+{
+// An exact seek of libmpv shows the first frame that is not earlier than this before the target.
+constexpr double kSeekTolerance = 0.005;
+// Time stamps may be rounded to milliseconds.
+constexpr double kStampTolerance = 0.001;
+constexpr double kTimeEpsilon = 1e-6;
+// How many seconds before the target a seek begins to decode, from one try to the next: in some files the index, or the
+// guess that stands for one, leads to a place behind the target.
+constexpr std::array kSeekMargins{0.0, 1.0, 4.0, 16.0};
+// More frames than this behind the wanted place is not the rounding of a time stamp.
+constexpr double kMuchTooLate = 1.5;
+constexpr std::initializer_list<const char*> kSeekToEnd{"seek", "100", "absolute-percent+exact"};
+} // namespace
+
+void MpvDevice::seek(double seconds)
+{
+    // A step that runs would be lost in the seek, and before the first picture nobody knows where the medium begins.
+    if (stage_ == Stage::Stepping || !origin_)
+        settle();
+    if (!seekable_)
+        return;
+    gaveUp_ = false;
+    double target = seconds;
+    if (facts_.frameRate > 0) {
+        const double frame = std::floor(seconds * facts_.frameRate + kTimeEpsilon);
+        target = frame / facts_.frameRate + kSeekTolerance - std::min(kSeekTolerance, 0.5 / facts_.frameRate);
+    }
+    forgetMoves();
+    if (!running_)
+        wanted_ = seconds;
+    correction_ = Correction::None;
+    turnSound(true);
+    sendSeek(target);
+    place_ = lastRead_ = seconds;
+}
+
+void MpvDevice::seekToEnd()
+{
+    if (stage_ == Stage::Stepping || !origin_)
+        settle();
+    if (!seekable_)
+        return;
+    gaveUp_ = false;
+    forgetMoves();
+    sendEnd();
+}
+
+void MpvDevice::step(StepDirection direction)
+{
+    if (facts_.frameRate <= 0)
+        return;
+    gaveUp_ = false;
+    forgetMoves();
+    if (direction == StepDirection::Backward && pictureIsPast_) {
+        thenBack_ = true;
+        sendEnd();
+    } else if (direction == StepDirection::Backward) {
+        stepBack();
+    } else if (!pictureIsPast_) {
+        channel_.command({"frame-step"});
+        stage_ = Stage::Stepping;
+        stepsOn_ = true;
+        awaited_ = 0;
+    }
+}
+
+void MpvDevice::stepBack()
+{
+    backFrom_ = place_;
+    sendMove({"frame-back-step"});
+}
+
+void MpvDevice::sendEnd()
+{
+    // Sound that outlasts the picture would hide the time of the last picture.
+    turnSound(false);
+    endWanted_ = true;
+    sendMove(kSeekToEnd);
+}
+
+void MpvDevice::sendSeek(double target)
+{
+    target_ = target;
+    char text[40];
+    std::snprintf(text, sizeof text, "%.9f", target + origin_.value_or(0));
+    sendMove({"seek", text, "absolute+exact"});
+}
+
+void MpvDevice::sendMove(std::initializer_list<const char*> command)
+{
+    awaited_ = channel_.command(command);
+    stage_ = Stage::Sent;
+    placeAsked_ = 0;
+    ended_ = false;
+}
+
+void MpvDevice::turnSound(bool on)
+{
+    // Without a picture the sound is all there is.
+    if (!hasSound_ || facts_.frameRate <= 0 || soundIsOff_ != on)
+        return;
+    channel_.command({"set", "aid", on ? "auto" : "no"});
+    soundIsOff_ = !on;
+}
+
+void MpvDevice::forgetMoves()
+{
+    wanted_.reset();
+    backFrom_.reset();
+    endWanted_ = stepsOn_ = thenBack_ = false;
+}
+
+void MpvDevice::placeKnown()
+{
+    if ((wanted_ && correctSeek()) || (backFrom_ && correctStep()) || (endWanted_ && correctEnd()))
+        return;
+    if (stepsOn_ && pictureIsPast_) {
+        // The step has brought the last picture, whose time only a seek without the sound can tell.
+        forgetMoves();
+        sendEnd();
+        return;
+    }
+    const bool back = thenBack_;
+    forgetMoves();
+    stage_ = Stage::Rest;
+    if (back)
+        stepBack();
+}
+
+bool MpvDevice::isExpected(double seconds) const
+{
+    const double frame = std::floor(*wanted_ * facts_.frameRate + kTimeEpsilon);
+    const double tolerance = std::min(kStampTolerance, 0.25 / facts_.frameRate);
+    return std::abs(seconds - frame / facts_.frameRate) <= tolerance;
+}
+
+bool MpvDevice::correctSeek()
+{
+    if (facts_.frameRate <= 0 || pictureIsPast_ || isExpected(place_) || correction_ == Correction::SteppedBack)
+        return false;
+    const double late = place_ - *wanted_;
+    if (late * facts_.frameRate > kMuchTooLate && growMargin()) {
+        sendSeek(target_);
+        return true;
+    }
+    if (late > kTimeEpsilon) {
+        correction_ = Correction::SteppedBack;
+        sendMove({"frame-back-step"});
+        return true;
+    }
+    if (correction_ == Correction::LookedBehind)
+        return false;
+    // Frames do not come at even distances here: the last one that is early enough is the one before the first late
+    // one.
+    correction_ = Correction::LookedBehind;
+    sendSeek(*wanted_ + kSeekTolerance + kTimeEpsilon);
+    return true;
+}
+
+bool MpvDevice::correctStep()
+{
+    const bool first = *backFrom_ < 0.5 / facts_.frameRate;
+    if (first || place_ < *backFrom_ - kTimeEpsilon || !growMargin())
+        return false;
+    sendMove({"frame-back-step"});
+    return true;
+}
+
+bool MpvDevice::correctEnd()
+{
+    // A place at the very end is no frame's: the seek has found sound only.
+    const bool picture = facts_.frameRate <= 0 || place_ <= facts_.length.value_or(0) - 0.5 / facts_.frameRate;
+    if (picture || margin_ == 0 || !growMargin())
+        return false;
+    sendMove(kSeekToEnd);
+    return true;
+}
+
+bool MpvDevice::growMargin()
+{
+    if (margin_ + 1 >= kSeekMargins.size())
+        return false;
+    ++margin_;
+    channel_.set("hr-seek-demuxer-offset", kSeekMargins[margin_]);
+    return true;
+}
+
+} // namespace tandrel

@@ -1,0 +1,197 @@
+/// What the program asks of the system it runs on, as small interfaces. Implementations stand in the folders beside
+/// this file, fakes in tests/support. All of them are called on the user-interface thread only.
+///
+/// Texts are byte strings. Paths are bytes in which the marks `"`, `|`, CR and LF have been mapped
+/// (platform/path_marks.h). Pixels are logical pixels, with the origin at the top left of the desktop: implementations
+/// alone know device pixels.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tandrel
+{
+
+/// A native window, as the window system counts them; 0 is no window.
+using WindowHandle = std::uint32_t;
+
+struct PixelPoint {
+    int x = 0;
+    int y = 0;
+    friend bool operator==(const PixelPoint&, const PixelPoint&) = default;
+};
+
+/// Right and bottom are the first pixels outside.
+struct PixelRect {
+    int left = 0;
+    int top = 0;
+    int right = 0;
+    int bottom = 0;
+    int width() const { return right - left; }
+    int height() const { return bottom - top; }
+    friend bool operator==(const PixelRect&, const PixelRect&) = default;
+};
+
+/// The media control service: devices named by an alias, driven by command strings.
+class Mci
+{
+public:
+    virtual ~Mci() = default;
+
+    /// Carries out one command string. Returns 0, or the number of the error. The answer, if any, goes into `answer`
+    /// with its terminating NUL, cut to fit; with an empty `answer` the command runs all the same.
+    /// Blocks as long as the medium needs, for 5 s at most in an open and 2 s in anything else; then the result is 276.
+    virtual int send(std::string_view command, std::span<char> answer = {}) = 0;
+
+    /// The caller has nothing more to say for now and is about to wait for events. A "play" is held back until here,
+    /// so that a "pause" right behind it shows no further frame, and so that the plays of a group start together; and
+    /// so is the first place of a picture.
+    virtual void idle() = 0;
+};
+
+enum class MouseButton { Left = 1, Right = 2 };
+
+/// The pointer and its buttons, of the whole desktop. Never blocks.
+class Pointer
+{
+public:
+    virtual ~Pointer() = default;
+    /// True while the button is down, or was pressed since the last question: a click between two polls is not lost.
+    virtual bool buttonDown(MouseButton button) = 0;
+    virtual PixelPoint position() const = 0;
+    /// Where the system refuses the move, the pointer stays.
+    virtual void moveTo(PixelPoint place) = 0;
+};
+
+struct MonitorFacts {
+    std::int32_t handle = 0;
+    PixelRect bounds;
+    PixelRect work;
+};
+
+/// The monitors of the desktop.
+class MonitorSource
+{
+public:
+    virtual ~MonitorSource() = default;
+    /// A number of the desktop as the system counts its metrics: 76 left, 77 top, 78 width, 79 height of the rectangle
+    /// around all monitors in pixels, 80 the count of monitors (0: this system knows nothing of several monitors).
+    virtual int metric(int index) const = 0;
+    /// The monitor that holds most of the rectangle, or 0 where it touches none.
+    virtual std::int32_t fromRect(const PixelRect& rect) const = 0;
+    /// The monitor that holds most of the window, or 0. Empty where the system can't tell.
+    virtual std::optional<std::int32_t> fromWindow(WindowHandle window) const = 0;
+    /// Empty for a handle that is no monitor.
+    virtual std::optional<MonitorFacts> facts(std::int32_t handle) const = 0;
+};
+
+/// The screen saver and the idle power saving of the desktop.
+class ScreenSaver
+{
+public:
+    virtual ~ScreenSaver() = default;
+    /// False holds the screen saver off until true, or until the process ends.
+    virtual void enable(bool on) = 0;
+};
+
+/// What system this is.
+class SystemFacts
+{
+public:
+    virtual ~SystemFacts() = default;
+    /// "platform.major.minor", or a text that no table knows.
+    virtual std::string version() const = 0;
+};
+
+/// Settings of the user: texts by section and key. A value that was never saved is empty.
+class SettingsStore
+{
+public:
+    virtual ~SettingsStore() = default;
+    virtual std::string get(std::string_view section, std::string_view key) const = 0;
+    /// Ignored where the store can't be written.
+    virtual void save(std::string_view section, std::string_view key, std::string_view value) = 0;
+};
+
+/// Files by path.
+class Files
+{
+public:
+    virtual ~Files() = default;
+    /// The bare name of the file if it is there (a directory does not count), else empty.
+    virtual std::string dir(const std::string& path) const = 0;
+    /// The lines of a text file without their ends (CR LF, LF, or none behind the last). Empty if it can't be read.
+    virtual std::optional<std::vector<std::string>> readLines(const std::string& path) const = 0;
+    /// Replaces the file as a whole, lines ending in CR LF. False, with the old file untouched, if that fails.
+    virtual bool writeLines(const std::string& path, const std::vector<std::string>& lines) = 0;
+    /// True if the file is gone afterwards.
+    virtual bool remove(const std::string& path) = 0;
+    /// The folder of the data files (`App.Path`), without a closing separator.
+    virtual std::string dataFolder() const = 0;
+};
+
+/// The other processes of this program.
+class Instances
+{
+public:
+    virtual ~Instances() = default;
+    /// True if another process, started before this one, works on the same data folder and lives. Of processes that
+    /// start together one comes first.
+    virtual bool anotherIsRunning() const = 0;
+    /// Runs `task` while no other process does the same.
+    virtual void exclusively(const std::function<void()>& task) = 0;
+    /// From here on this process counts as gone.
+    virtual void leave() = 0;
+};
+
+/// Starts other programs.
+class Shell
+{
+public:
+    virtual ~Shell() = default;
+    /// Hands a file or an address to the desktop's opener; the outcome is not known.
+    virtual void open(const std::string& target) = 0;
+};
+
+class Clock
+{
+public:
+    virtual ~Clock() = default;
+    /// The present month as year * 100 + month.
+    virtual int yearAndMonth() const = 0;
+};
+
+/// The registry of file classes: makes this program known for its types of file.
+class Registry
+{
+public:
+    virtual ~Registry() = default;
+    /// Writes one text value; whether that worked is not known.
+    virtual void set(std::string_view key, std::string_view name, std::string_view value) = 0;
+};
+
+/// The services of a running program. All are set before the first form loads and outlive the last.
+struct Services {
+    Mci* mci = nullptr;
+    Pointer* pointer = nullptr;
+    MonitorSource* monitors = nullptr;
+    ScreenSaver* screenSaver = nullptr;
+    SystemFacts* systemFacts = nullptr;
+    SettingsStore* settings = nullptr;
+    Files* files = nullptr;
+    Instances* instances = nullptr;
+    Shell* shell = nullptr;
+    Clock* clock = nullptr;
+};
+
+/// The services that `installServices` has set.
+const Services& services();
+void installServices(const Services& services);
+
+} // namespace tandrel

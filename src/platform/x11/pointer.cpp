@@ -1,0 +1,77 @@
+#include "platform/x11/pointer.h"
+
+#include <QCoreApplication>
+#include <QCursor>
+#include <QGuiApplication>
+#include <QMouseEvent>
+
+#include <cstdlib>
+#include <memory>
+#include <xcb/xcb.h>
+
+namespace tandrel
+{
+
+namespace
+{
+
+// A press that nobody asked for in this time is old: it must not be taken for the cause of something later.
+constexpr qint64 kLatchMs = 400;
+
+struct FreeDeleter {
+    void operator()(void* reply) const { std::free(reply); }
+};
+
+Qt::MouseButton qtButton(MouseButton button) { return button == MouseButton::Left ? Qt::LeftButton : Qt::RightButton; }
+
+unsigned buttonMask()
+{
+    const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (!x11)
+        return 0;
+    xcb_connection_t* display = x11->connection();
+    const auto cookie = xcb_query_pointer(display, xcb_setup_roots_iterator(xcb_get_setup(display)).data->root);
+    const std::unique_ptr<xcb_query_pointer_reply_t, FreeDeleter> reply(
+        xcb_query_pointer_reply(display, cookie, nullptr));
+    return reply ? reply->mask : 0;
+}
+
+} // namespace
+
+X11Pointer::X11Pointer() { qApp->installEventFilter(this); }
+
+bool X11Pointer::buttonDown(MouseButton button)
+{
+    const auto latch = pressed_.find(button);
+    const bool latched = latch != pressed_.end() && latch->second.elapsed() < kLatchMs;
+    if (latch != pressed_.end())
+        pressed_.erase(latch);
+    const unsigned bit = button == MouseButton::Left ? XCB_BUTTON_MASK_1 : XCB_BUTTON_MASK_3;
+    return latched || (buttonMask() & bit) != 0;
+}
+
+PixelPoint X11Pointer::position() const
+{
+    const QPoint at = QCursor::pos();
+    return {at.x(), at.y()};
+}
+
+void X11Pointer::moveTo(PixelPoint place) { QCursor::setPos(place.x, place.y); }
+
+bool X11Pointer::eventFilter(QObject*, QEvent* event)
+{
+    if (event->type() != QEvent::MouseButtonPress)
+        return false;
+    const auto button = static_cast<QMouseEvent*>(event)->button();
+    // A new press is the latest cause there is: an older one that nobody asked for is none any more. The same press is
+    // seen by a window and its widgets, one after the other.
+    for (auto latch = pressed_.begin(); latch != pressed_.end();)
+        latch = qtButton(latch->first) == button ? std::next(latch) : pressed_.erase(latch);
+    if (button == Qt::LeftButton)
+        pressed_[MouseButton::Left].start();
+    else if (button == Qt::RightButton)
+        pressed_[MouseButton::Right].start();
+    return false;
+}
+
+} // namespace tandrel

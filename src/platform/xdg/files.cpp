@@ -1,0 +1,43 @@
+#include "platform/xdg/files.h"
+
+#include "platform/path_marks.h"
+#include "platform/xdg/atomic_file.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace tandrel
+{
+
+std::string XdgFiles::dir(const std::string& path) const
+{
+    struct stat facts {
+    };
+    if (path.empty() || ::stat(unmarkPath(path).c_str(), &facts) != 0 || S_ISDIR(facts.st_mode))
+        return {};
+    return path.substr(path.rfind('/') + 1);
+}
+
+std::optional<std::vector<std::string>> XdgFiles::readLines(const std::string& path) const
+{
+    const auto content = readFile(unmarkPath(path));
+    if (!content)
+        return std::nullopt;
+    return splitLines(*content);
+}
+
+bool XdgFiles::writeLines(const std::string& path, const std::vector<std::string>& lines)
+{
+    std::string content;
+    for (const std::string& line : lines)
+        content += line + "\r\n";
+    return replaceFile(unmarkPath(path), content);
+}
+
+bool XdgFiles::remove(const std::string& path)
+{
+    const std::string real = unmarkPath(path);
+    return ::unlink(real.c_str()) == 0 || ::access(real.c_str(), F_OK) != 0;
+}
+
+} // namespace tandrel

@@ -1,0 +1,117 @@
+#include "platform/xdg/instances.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <thread>
+#include <unistd.h>
+
+namespace tandrel
+{
+
+namespace fs = std::filesystem;
+
+namespace
+{
+
+constexpr int kAttempts = 100;
+/// The length of ".lock".
+constexpr int kEnding = 5;
+
+/// Turns are short; only a process that was stopped in its own keeps others waiting, and they go on after a while.
+void waitForTurn(int turn)
+{
+    constexpr int kLongestWaitMs = 2000;
+    constexpr int kNapMs = 2;
+    for (int waited = 0; waited < kLongestWaitMs && ::flock(turn, LOCK_EX | LOCK_NB) != 0; waited += kNapMs)
+        std::this_thread::sleep_for(std::chrono::milliseconds(kNapMs));
+}
+
+/// The open file is the one that the path names.
+bool isStill(int file, const std::string& path)
+{
+    struct stat open {
+    };
+    struct stat named {
+    };
+    return ::fstat(file, &open) == 0 && ::stat(path.c_str(), &named) == 0 && open.st_dev == named.st_dev &&
+           open.st_ino == named.st_ino;
+}
+
+} // namespace
+
+LockInstances::LockInstances(std::string folder) : folder_(std::move(folder))
+{
+    exclusively([this] {
+        std::error_code problem;
+        for (const auto& entry : fs::directory_iterator(folder_, problem))
+            if (entry.path().extension() == ".lock")
+                earlier_.push_back(entry.path().filename());
+        takeOwn();
+    });
+}
+
+LockInstances::~LockInstances() { leave(); }
+
+void LockInstances::takeOwn()
+{
+    for (int attempt = 0; attempt < kAttempts; ++attempt) {
+        std::string path = folder_ + "/" + std::to_string(getpid()) + "-XXXXXX.lock";
+        own_ = ::mkostemps(path.data(), kEnding, O_CLOEXEC);
+        if (own_ < 0)
+            return;
+        ownName_ = fs::path(path).filename();
+        // Another process may have taken the file for a left-over, and away, before it was locked.
+        if (::flock(own_, LOCK_EX) == 0 && isStill(own_, path))
+            return;
+        ::close(own_);
+        own_ = -1;
+    }
+}
+
+void LockInstances::leave()
+{
+    if (own_ < 0)
+        return;
+    ::unlink((folder_ + "/" + ownName_).c_str());
+    ::close(own_);
+    own_ = -1;
+}
+
+void LockInstances::exclusively(const std::function<void()>& task)
+{
+    // Closing the file ends the lock, and so does the end of a process that crashes in between. Without the file the
+    // task runs all the same: then no process can take a lock here.
+    const int turn = ::open((folder_ + "/turn").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    if (turn >= 0)
+        waitForTurn(turn);
+    task();
+    if (turn >= 0)
+        ::close(turn);
+}
+
+bool LockInstances::isLive(const std::string& name) const
+{
+    const std::string path = folder_ + "/" + name;
+    const int other = ::open(path.c_str(), O_RDWR | O_CLOEXEC);
+    if (other < 0)
+        return false;
+    // Shared, so that processes that look at the same time don't take each other for the one looked for.
+    const bool live = ::flock(other, LOCK_SH | LOCK_NB) != 0;
+    // What a crash left behind is cleared away.
+    if (!live)
+        ::unlink(path.c_str());
+    ::close(other);
+    return live;
+}
+
+bool LockInstances::anotherIsRunning() const
+{
+    return std::any_of(earlier_.begin(), earlier_.end(), [this](const std::string& name) { return isLive(name); });
+}
+
+} // namespace tandrel

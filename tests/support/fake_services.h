@@ -1,0 +1,227 @@
+/// Services that answer what a test tells them and note what they were asked.
+#pragma once
+
+#include "platform/services.h"
+#include "toolkit/backend.h"
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tandrel::test
+{
+
+/// Notes every command string and answers by the text of the command.
+class FakeMci : public Mci
+{
+public:
+    int send(std::string_view command, std::span<char> answer = {}) override;
+    void idle() override { ++idles; }
+
+    /// What `command` answers from now on.
+    void answer(const std::string& command, const std::string& text, int result = 0);
+    /// What `command` comes to from now on, without an answer.
+    void fail(const std::string& command, int result) { answer(command, "", result); }
+    /// Answers all commands that no own answer was given for.
+    std::function<int(const std::string& command, std::string& text)> otherwise;
+
+    const std::vector<std::string>& sent() const { return sent_; }
+    void clear()
+    {
+        sent_.clear();
+        buffers_.clear();
+    }
+    /// The room for the answer of each command sent.
+    const std::vector<std::size_t>& buffers() const { return buffers_; }
+    /// Takes each command as well, where it is set.
+    std::vector<std::string>* journal = nullptr;
+    /// Called at each command before it is answered.
+    std::function<void(const std::string& command)> onSend;
+    int idles = 0;
+
+private:
+    struct Reply {
+        std::string text;
+        int result;
+    };
+    std::map<std::string, Reply> answers_;
+    std::vector<std::string> sent_;
+    std::vector<std::size_t> buffers_;
+};
+
+class FakePointer : public Pointer
+{
+public:
+    bool buttonDown(MouseButton button) override { return button == MouseButton::Left ? left : right; }
+    PixelPoint position() const override { return place; }
+    void moveTo(PixelPoint to) override
+    {
+        place = to;
+        moves.push_back(to);
+    }
+    bool left = false;
+    bool right = false;
+    PixelPoint place;
+    std::vector<PixelPoint> moves;
+};
+
+/// One monitor of 1920 by 1080 at the origin, until told otherwise. Handles are 1, 2, ...
+class FakeMonitors : public MonitorSource
+{
+public:
+    FakeMonitors() { set({{0, 0, 1920, 1080}}); }
+    void set(const std::vector<PixelRect>& monitors);
+    int metric(int index) const override;
+    std::int32_t fromRect(const PixelRect& rect) const override;
+    std::optional<std::int32_t> fromWindow(WindowHandle) const override { return windowMonitor; }
+    std::optional<MonitorFacts> facts(std::int32_t handle) const override;
+
+    std::vector<MonitorFacts> all;
+    std::optional<std::int32_t> windowMonitor = 1;
+    /// False: a system that knows nothing of several monitors.
+    bool several = true;
+};
+
+class FakeScreenSaver : public ScreenSaver
+{
+public:
+    void enable(bool on) override { switched.push_back(on); }
+    std::vector<bool> switched;
+};
+
+class FakeSystemFacts : public SystemFacts
+{
+public:
+    std::string version() const override { return numbers; }
+    std::string numbers = "linux";
+};
+
+class FakeSettings : public SettingsStore
+{
+public:
+    std::string get(std::string_view section, std::string_view key) const override;
+    void save(std::string_view section, std::string_view key, std::string_view value) override;
+    /// By "section/key".
+    std::map<std::string, std::string> values;
+    /// "section/key=value", in order.
+    std::vector<std::string> saved;
+};
+
+/// Files in memory. The data folder is "/data".
+class FakeFiles : public Files
+{
+public:
+    std::string dir(const std::string& path) const override;
+    std::optional<std::vector<std::string>> readLines(const std::string& path) const override;
+    bool writeLines(const std::string& path, const std::vector<std::string>& lines) override;
+    bool remove(const std::string& path) override;
+    std::string dataFolder() const override { return "/data"; }
+    std::map<std::string, std::vector<std::string>> content;
+    /// False: nothing can be written or removed.
+    bool writable = true;
+    /// False: nothing can be read, though it is there.
+    bool readable = true;
+    /// The files that were written, in order.
+    std::vector<std::string> written;
+};
+
+class FakeInstances : public Instances
+{
+public:
+    bool anotherIsRunning() const override { return another; }
+    void exclusively(const std::function<void()>& task) override
+    {
+        ++turns;
+        if (beforeTurn)
+            std::exchange(beforeTurn, nullptr)();
+        task();
+    }
+    void leave() override { gone = true; }
+    bool another = false;
+    bool gone = false;
+    int turns = 0;
+    /// What another process does before this one has its next turn.
+    std::function<void()> beforeTurn;
+};
+
+class FakeShell : public Shell
+{
+public:
+    void open(const std::string& target) override { opened.push_back(target); }
+    std::vector<std::string> opened;
+};
+
+class FakeClock : public Clock
+{
+public:
+    int yearAndMonth() const override { return month; }
+    int month = 202611;
+};
+
+/// A backend that notes message boxes and answers them. Forms stay unseen, unless `windows` is set: then each form and
+/// control loaded from there on has a handle, and `journal` takes what happens to the windows.
+class FakeBackend : public Backend
+{
+public:
+    std::unique_ptr<FormView> makeView(Form& form) override;
+    BoxAnswer messageBox(const Text& text, BoxStyle style, const Text& title) override;
+    int choose(const Text& text, const std::vector<Text>& choices, const Text& title) override;
+    Menu* popUp(Menu& head) override;
+    void quit() override { ++quits; }
+    void mousePointerChanged(Integer shape) override { pointerShapes.push_back(shape); }
+
+    struct Box {
+        Text text;
+        BoxStyle style;
+        Text title;
+    };
+    std::vector<Box> boxes;
+    BoxAnswer boxAnswer = BoxAnswer::Ok;
+    int choices = 0;
+    int chosen = -1;
+    /// The menus that popped up, and the entry that the user chooses in the next one; none closes it.
+    std::vector<Text> menus;
+    Text menuChoice;
+    /// What happens while a menu is up.
+    std::function<void()> whileMenuIsUp;
+    int quits = 0;
+    std::vector<int> pointerShapes;
+    bool windows = false;
+    /// "frmChild place 0,0 1920x1080", "frmChild show", "frmChild.picVideo place": form or control, and what it was
+    /// told.
+    std::vector<std::string>* journal = nullptr;
+};
+
+/// All fakes, installed from the making of this object to its end, with the program at its very start: no form loaded,
+/// the shared state fresh, no command line.
+class World
+{
+public:
+    World();
+    ~World();
+    World(const World&) = delete;
+
+    FakeMci mci;
+    FakePointer pointer;
+    FakeMonitors monitors;
+    FakeScreenSaver screenSaver;
+    FakeSystemFacts systemFacts;
+    FakeSettings settings;
+    FakeFiles files;
+    FakeInstances instances;
+    FakeShell shell;
+    FakeClock clock;
+    FakeBackend backend;
+    /// Command strings, and with `backend.windows` what happens to windows, in one order.
+    std::vector<std::string> journal;
+
+    /// Media that play: every "Where", "status ... length" and "status ... position" of any alias answers these.
+    void mediaAnswer(int width, int height, int lengthMs, int positionMs = 0);
+    /// Settings of a user who has been here before: nothing asks anything.
+    void settled();
+};
+
+} // namespace tandrel::test

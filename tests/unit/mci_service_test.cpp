@@ -1,0 +1,258 @@
+// What only a simulated engine can show: time limits, held-back plays, drives.
+#include "platform/mci/drive_door.h"
+#include "platform/mci/mci_service.h"
+#include "support/simulated_engine.h"
+
+#include <array>
+#include <gtest/gtest.h>
+
+namespace tandrel
+{
+
+namespace
+{
+using namespace std::chrono_literals;
+
+class FakeDoor final : public DriveDoor
+{
+public:
+    bool move(bool open) override
+    {
+        opened = open;
+        return there;
+    }
+    bool there = true;
+    std::optional<bool> opened;
+};
+
+class MciServiceTest : public testing::Test
+{
+protected:
+    MciServiceTest()
+    {
+        engine->add("film", {.length = 10, .frameRate = 25});
+        engine->add("stuck", {.length = 10, .frameRate = 25, .hangs = true});
+        engine->add("slow", {.failure = OpenFailure::TimedOut});
+        engine->add("odd", {.length = 0.5, .frameRate = 3});
+        engine->add("endless", {.length = 1e9, .frameRate = 25});
+        engine->addWindow(77);
+    }
+    int send(const std::string& command)
+    {
+        std::array<char, 128> buffer{};
+        const int result = mci.send(command, buffer);
+        answer = buffer.data();
+        return result;
+    }
+
+    SimulatedClock clock;
+    std::unique_ptr<SimulatedEngine> owned = std::make_unique<SimulatedEngine>(clock);
+    SimulatedEngine* engine = owned.get();
+    FakeDoor door;
+    MciService mci{std::move(owned), &door, [this] { return clock.now(); }};
+    std::string answer;
+};
+} // namespace
+
+TEST_F(MciServiceTest, APlayIsHeldBackUntilTheCallerIsIdle)
+{
+    ASSERT_EQ(send("open film alias A"), 0);
+    EXPECT_EQ(send("Play A"), 0);
+    EXPECT_EQ(send("status A mode"), 0);
+    EXPECT_EQ(answer, "playing");
+    clock.advance(40ms);
+    EXPECT_EQ(send("status A position"), 0);
+    EXPECT_EQ(answer, "0");
+    EXPECT_FALSE(engine->state("film")->running);
+    mci.idle();
+    EXPECT_TRUE(engine->state("film")->running);
+}
+
+TEST_F(MciServiceTest, APlayIsNotHeldBackForLong)
+{
+    ASSERT_EQ(send("open film alias A"), 0);
+    ASSERT_EQ(send("open film alias B"), 0);
+    EXPECT_EQ(send("Play A"), 0);
+    clock.advance(51ms);
+    EXPECT_EQ(send("status B mode"), 0);
+    clock.advance(400ms);
+    EXPECT_EQ(send("status A position"), 0);
+    EXPECT_EQ(answer, "400");
+}
+
+TEST_F(MciServiceTest, PlaysOfAGroupStartTogether)
+{
+    for (const char* alias : {"A", "B", "C"})
+        ASSERT_EQ(send(std::string("open film alias ") + alias), 0);
+    for (const char* alias : {"A", "B", "C"}) {
+        EXPECT_EQ(send(std::string("Play ") + alias), 0);
+        clock.advance(15ms);
+    }
+    mci.idle();
+    clock.advance(1s);
+    for (const char* alias : {"A", "B", "C"}) {
+        EXPECT_EQ(send(std::string("status ") + alias + " position"), 0);
+        EXPECT_EQ(answer, "1000");
+    }
+}
+
+TEST_F(MciServiceTest, APauseTakesAPlayBack)
+{
+    ASSERT_EQ(send("open film alias A"), 0);
+    EXPECT_EQ(send("seek A to 2000"), 0);
+    EXPECT_EQ(send("Play A"), 0);
+    EXPECT_EQ(send("Pause A"), 0);
+    mci.idle();
+    clock.advance(1s);
+    EXPECT_EQ(engine->state("film")->frame, 50);
+    EXPECT_EQ(send("status A position"), 0);
+    EXPECT_EQ(answer, "2000");
+}
+
+TEST_F(MciServiceTest, ASeekAndAStepTakeAPlayBackToo)
+{
+    ASSERT_EQ(send("open film alias A"), 0);
+    EXPECT_EQ(send("Play A"), 0);
+    EXPECT_EQ(send("seek A to 3000"), 0);
+    mci.idle();
+    EXPECT_FALSE(engine->state("film")->running);
+    EXPECT_EQ(send("status A mode"), 0);
+    EXPECT_EQ(answer, "stopped");
+    EXPECT_EQ(send("Play A"), 0);
+    EXPECT_EQ(send("step A"), 0);
+    mci.idle();
+    EXPECT_FALSE(engine->state("film")->running);
+    EXPECT_EQ(engine->state("film")->frame, 76);
+}
+
+TEST_F(MciServiceTest, AnEngineThatIsNotDoneInTimeMakesNotReady)
+{
+    EXPECT_EQ(send("open slow alias S"), 276);
+    EXPECT_EQ(send("Pause S"), 263);
+    ASSERT_EQ(send("open stuck alias A"), 0);
+    EXPECT_EQ(send("seek A to 5000"), 0);
+    EXPECT_EQ(send("status A mode"), 0);
+    EXPECT_EQ(answer, "stopped") << "nobody has waited yet";
+    EXPECT_EQ(send("status A position"), 276);
+    EXPECT_EQ(answer, "");
+    EXPECT_EQ(send("status A mode"), 0);
+    EXPECT_EQ(answer, "seeking");
+    EXPECT_EQ(send("step A"), 276);
+    EXPECT_EQ(send("status A length"), 0);
+    EXPECT_EQ(answer, "10000");
+    EXPECT_EQ(send("Pause A"), 0);
+    EXPECT_EQ(send("close A"), 0);
+}
+
+TEST_F(MciServiceTest, AFileThatClaimsYearsIsAsLongAsANumberGoes)
+{
+    ASSERT_EQ(send("open endless alias A"), 0);
+    EXPECT_EQ(send("status A length"), 0);
+    EXPECT_EQ(answer, "2147483647");
+    EXPECT_EQ(send("set A time format frames"), 0);
+    EXPECT_EQ(send("status A length"), 0);
+    EXPECT_EQ(answer, "2147483647");
+}
+
+TEST(DriveDoorTest, WhatIsNoDriveHasNoTray)
+{
+    for (const char* device : {"/dev/null", "/dev/zero", "/proc/self/exe", "/nowhere", ""})
+        EXPECT_FALSE(LinuxDriveDoor({device}).move(true)) << device;
+    EXPECT_FALSE(LinuxDriveDoor(std::vector<std::string>()).move(false));
+}
+
+TEST_F(MciServiceTest, AParentHasToBeAWindow)
+{
+    EXPECT_EQ(send("open film alias A parent 78"), 346);
+    EXPECT_EQ(engine->openDevices(), 0u);
+    EXPECT_EQ(send("open film alias A parent 77 style child"), 0);
+    EXPECT_EQ(engine->state("film")->parent, 77u);
+}
+
+TEST_F(MciServiceTest, APictureThatNobodyPlacesIsShownAtItsNativeSize)
+{
+    ASSERT_EQ(send("open film alias A"), 0);
+    EXPECT_EQ(engine->state("film")->place, PixelRect());
+    mci.idle();
+    EXPECT_EQ(engine->state("film")->place, (PixelRect{0, 0, 640, 360}));
+    EXPECT_EQ(send("put A window at 1 2 30 40"), 0);
+    mci.idle();
+    EXPECT_EQ(engine->state("film")->place, (PixelRect{1, 2, 31, 42}));
+}
+
+TEST_F(MciServiceTest, OfSeveralPlacesOnlyTheLastIsDrawn)
+{
+    ASSERT_EQ(send("open film alias A"), 0);
+    EXPECT_EQ(send("put A window at 0 0 640 360"), 0);
+    clock.advance(200ms);
+    EXPECT_EQ(send("put A window at 0 0 473 333"), 0);
+    mci.idle();
+    mci.idle();
+    EXPECT_EQ(engine->state("film")->placesSeen, std::vector<PixelRect>({{0, 0, 473, 333}}));
+    EXPECT_EQ(send("put A window at 0 0 1920 1080"), 0);
+    EXPECT_EQ(engine->state("film")->placesSeen.size(), 2U) << "a picture that is on the screen moves at once";
+}
+
+TEST_F(MciServiceTest, APictureThatRunsHasAPlace)
+{
+    ASSERT_EQ(send("open film alias A"), 0);
+    EXPECT_EQ(send("Play A"), 0);
+    clock.advance(51ms);
+    EXPECT_EQ(send("status A mode"), 0);
+    EXPECT_EQ(engine->state("film")->place, (PixelRect{0, 0, 640, 360}));
+}
+
+TEST_F(MciServiceTest, VolumeAndPlaceReachTheEngine)
+{
+    ASSERT_EQ(send("open film alias A"), 0);
+    EXPECT_EQ(send("setaudio A Volume to 350"), 0);
+    EXPECT_DOUBLE_EQ(engine->state("film")->volume, 0.35);
+    EXPECT_EQ(send("setaudio A Volume to 1001"), 282);
+    EXPECT_DOUBLE_EQ(engine->state("film")->volume, 0.35);
+    EXPECT_EQ(send("put A window at 3 4 160.5 120.4"), 0);
+    mci.idle();
+    EXPECT_EQ(engine->state("film")->place, (PixelRect{3, 4, 163, 124}));
+    EXPECT_EQ(send("put A window at 0 0 0 0"), 0);
+    mci.idle();
+    EXPECT_EQ(engine->state("film")->place, (PixelRect{0, 0, 0, 0}));
+}
+
+TEST_F(MciServiceTest, TheDoorOfADriveMoves)
+{
+    EXPECT_EQ(send("set CDAudio door open"), 0);
+    EXPECT_EQ(door.opened, true);
+    EXPECT_EQ(send("set cdaudio door closed"), 0);
+    EXPECT_EQ(door.opened, false);
+    door.there = false;
+    EXPECT_EQ(send("set CDAudio door open"), 266);
+}
+
+TEST_F(MciServiceTest, AnotherFormatNamesTheSamePicture)
+{
+    ASSERT_EQ(send("open odd alias A"), 0);
+    EXPECT_EQ(send("seek A to 400"), 0);
+    EXPECT_EQ(send("set A time format frames"), 0);
+    EXPECT_EQ(send("status A position"), 0);
+    EXPECT_EQ(answer, "1");
+    EXPECT_EQ(send("set A time format ms"), 0);
+    EXPECT_EQ(send("status A position"), 0);
+    EXPECT_EQ(answer, "400");
+    EXPECT_EQ(send("set A time format frames"), 0);
+    EXPECT_EQ(send("seek A to 1"), 0);
+    EXPECT_EQ(send("set A time format ms"), 0);
+    EXPECT_EQ(send("status A position"), 0);
+    EXPECT_EQ(answer, "333");
+}
+
+TEST_F(MciServiceTest, ClosingFreesTheDevicesOfTheEngine)
+{
+    ASSERT_EQ(send("open film alias A"), 0);
+    ASSERT_EQ(send("open film alias B"), 0);
+    EXPECT_EQ(engine->openDevices(), 2u);
+    EXPECT_EQ(send("close A"), 0);
+    EXPECT_EQ(engine->openDevices(), 1u);
+    EXPECT_EQ(send("close all"), 0);
+    EXPECT_EQ(engine->openDevices(), 0u);
+}
+
+} // namespace tandrel
