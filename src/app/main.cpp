@@ -1,0 +1,127 @@
+// Makes the services, installs them, and starts the first form.
+
+#include "app/signals.h"
+#include "app/status_report.h"
+#include "console/command_line.h"
+#include "console/frm_start.h"
+#include "console/holders.h"
+#include "media/shared_state.h"
+#include "platform/mci/drive_door.h"
+#include "platform/mci/mci_service.h"
+#include "platform/mci/tracing_mci.h"
+#include "platform/mpv/mpv_engine.h"
+#include "platform/x11/monitor_source.h"
+#include "platform/x11/pointer.h"
+#include "platform/x11/screen_saver.h"
+#include "platform/xdg/clock.h"
+#include "platform/xdg/data_folder.h"
+#include "platform/xdg/files.h"
+#include "platform/xdg/instances.h"
+#include "platform/xdg/settings_file.h"
+#include "platform/xdg/shell.h"
+#include "platform/xdg/system_facts.h"
+#include "toolkit/program.h"
+#include "toolkit/qt/qt_backend.h"
+
+#include <QAbstractEventDispatcher>
+#include <QApplication>
+#include <QWidget>
+
+#include <csignal>
+#include <filesystem>
+
+namespace
+{
+
+using namespace tandrel;
+
+std::vector<Text> argumentsOf(int argc, char** argv) { return {argv + 1, argv + argc}; }
+
+std::string workingFolder()
+{
+    std::error_code ignored;
+    return std::filesystem::current_path(ignored).string();
+}
+
+std::string programFolder()
+{
+    std::error_code ignored;
+    return std::filesystem::read_symlink("/proc/self/exe", ignored).parent_path().string();
+}
+
+double pixelRatioOf(WindowHandle window)
+{
+    const QWidget* widget = QWidget::find(window);
+    return widget ? widget->devicePixelRatioF() : qGuiApp->devicePixelRatio();
+}
+
+/// All services of the program, made in the order in which they need each other.
+struct Platform {
+    Platform()
+        : data(dataFolder(programFolder())), files(data), settings(settingsFile()), instances(runtimeFolder(data))
+    {
+        trace = tracingMciIfWanted(media);
+        installServices({trace ? trace.get() : &media, &pointer, &monitors, &screenSaver, &systemFacts, &settings,
+                         &files, &instances, &shell, &clock});
+    }
+
+    std::string data;
+    XdgFiles files;
+    SettingsFile settings;
+    LockInstances instances;
+    XdgShell shell;
+    SystemClock clock;
+    XdgSystemFacts systemFacts;
+    X11Pointer pointer;
+    X11MonitorSource monitors;
+    X11ScreenSaver screenSaver;
+    LinuxDriveDoor door;
+    MciService media{makeMpvEngine({.outputs = true, .pixelRatio = &pixelRatioOf, .mostDevices = 12}), &door};
+    std::unique_ptr<Mci> trace;
+};
+
+int run(QApplication& application)
+{
+    QtBackend qt;
+    installBackend(&qt);
+    Platform platform;
+    const SignalWatch report({SIGUSR1}, [&] { writeStatusReport(platform.media); });
+    // An end from outside is a close of the console: its place is kept and the mark of the owner goes.
+    const SignalWatch end({SIGTERM, SIGINT, SIGHUP}, [&qt] {
+        qt.endBoxes();
+        if (Loaded<class frmMedia>())
+            Unload<class frmMedia>();
+        else
+            endProgram();
+    });
+    // Plays that a handler has asked for start together when it is done.
+    QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, &application,
+                     [] { services().mci->idle(); });
+    frmStart().start();
+    const int result = programEnded() ? 0 : QApplication::exec();
+    // The devices end before the windows that show them.
+    platform.media.send("close all");
+    discardForms();
+    VideoWindows.clear();
+    forgetForms();
+    installBackend(nullptr);
+    return result;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    tandrel::blockSignals({SIGUSR1, SIGTERM, SIGINT, SIGHUP});
+    // The program places its own top-level windows, which only X11 grants.
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "xcb");
+    // The other dispatcher does not tell when it is about to wait, which the media service needs to know.
+    qputenv("QT_NO_GLIB", "1");
+    const std::vector<Text> arguments = argumentsOf(argc, argv);
+    int qtArguments = 1;
+    QApplication application(qtArguments, argv);
+    QApplication::setApplicationName(QStringLiteral("tandrel-player"));
+    setCommandLine(parseCommandLine(arguments, workingFolder()));
+    return run(application);
+}

@@ -1,0 +1,53 @@
+#include "app/status_report.h"
+
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <string>
+
+namespace tandrel
+{
+
+namespace
+{
+
+long inMs(double seconds) { return std::lround(seconds * 1000); }
+
+/// A name may hold the mark between two fields.
+std::string inOneField(const std::string& name)
+{
+    std::string field;
+    for (const char letter : name) {
+        if (letter == '\t')
+            field += "\\t";
+        else if (letter == '\\')
+            field += "\\\\";
+        else
+            field += letter;
+    }
+    return field;
+}
+
+void writeTable(MciService& media, const std::string& path)
+{
+    const std::string beside = path + ".new";
+    std::ofstream file(beside, std::ios::trunc);
+    for (const DeviceReport& row : media.report()) {
+        file << inOneField(row.alias) << '\t' << row.facts.width << '\t' << row.facts.height << '\t'
+             << inMs(row.facts.length.value_or(0)) << '\t' << inMs(row.reading.seconds) << '\t' << row.counts.shown
+             << '\t' << row.counts.dropped << '\n';
+    }
+    file.close();
+    std::rename(beside.c_str(), path.c_str());
+}
+
+} // namespace
+
+void writeStatusReport(MciService& media)
+{
+    if (const char* path = std::getenv("TANDREL_REPORT"))
+        writeTable(media, path);
+}
+
+} // namespace tandrel

@@ -1,0 +1,153 @@
+// What every activation of the console does: it takes the files that later starts have handed over.
+
+#include "console/command_line.h"
+#include "console/frm_media.h"
+#include "console/holders.h"
+#include "media/mod_media.h"
+#include "media/shared_state.h"
+#include "persist/data_files.h"
+#include "texts/frm_wait.h"
+#include "toolkit/screen.h"
+#include "toolkit/trap.h"
+#include "video/slots.h"
+
+#include <algorithm>
+
+namespace tandrel
+{
+
+void frmMedia::onActivate()
+{
+    const bool heldByCommand = screen().MousePointer() == pointer::kHourglass;
+    TrackHold = true;
+    bool settled = false;
+    while (!settled) {
+        if (handover::exists() && !handoverStuck_) {
+            const bool taken = trap([this] { takeHandover(); });
+            holdTimers(false);
+            Unload<class frmWait>();
+            if (!taken) {
+                screen().MousePointer = heldByCommand ? pointer::kHourglass : pointer::kDefault;
+                return;
+            }
+        }
+        settled = markOwner();
+    }
+    InvertSlider.SetFocus();
+    if (!heldByCommand)
+        screen().MousePointer = pointer::kDefault;
+}
+
+bool frmMedia::markOwner()
+{
+    bool settled = true;
+    // Starts look for the mark and hand over in one turn of theirs, so that none hands over to a process that has taken
+    // its list for the last time.
+    services().instances->exclusively([&] {
+        settled = !handover::exists() || handoverStuck_;
+        if (settled && !presence::exists())
+            presence::write(hWnd());
+    });
+    return settled;
+}
+
+void frmMedia::takeHandover()
+{
+    const auto lines = handover::lines();
+    if (!lines) {
+        handoverStuck_ = true;
+        return;
+    }
+    if (FastForward || FastRewind)
+        MediaPause();
+    holdTimers(true);
+    List1.Clear();
+    endOtherMedia();
+    openHandedOver(newPaths(*lines));
+    services().instances->exclusively([&] { handoverStuck_ = !handover::removeFirst(lines->size()); });
+    startLeadOfHandover();
+    arrangeHandover();
+}
+
+void frmMedia::openHandedOver(const std::vector<Text>& paths)
+{
+    const bool several = paths.size() > 1;
+    if (several)
+        frmWait().Show();
+    // A file that can't be played leads nothing.
+    Text lead = CurrentAlias;
+    for (const Text& path : paths) {
+        List1.AddItem(path);
+        List2.AddItem(fileNameOf(path));
+        if (!several && isHdPath(path) ? openHdFile(path) : openPaused(path))
+            lead = CurrentAlias;
+        if (several)
+            frmWait().Refresh();
+    }
+    CurrentAlias = lead;
+}
+
+std::vector<Text> frmMedia::newPaths(const std::vector<Text>& lines) const
+{
+    std::vector<Text> known = List2.entries();
+    std::vector<Text> paths;
+    for (const Text& line : lines) {
+        const Text path = withoutQuotes(line);
+        const auto same = [&](const Text& entry) { return sameMedium(entry, path); };
+        if (path.empty() || Long(known.size()) >= MaxVideos || std::any_of(known.begin(), known.end(), same))
+            continue;
+        known.push_back(fileNameOf(path));
+        paths.push_back(path);
+    }
+    return paths;
+}
+
+void frmMedia::startLeadOfHandover()
+{
+    if (SlideMode == "0")
+        return;
+    sweepFailedSlots();
+    forEachLive([](frmChild& window) {
+        if (trim(window.MediaFile) == CurrentAlias)
+            return;
+        MediaSeekQuarter(window.MediaFile);
+        window.Paused = 1;
+    });
+    if (frmChild* lead = slotPlaying(CurrentAlias)) {
+        MediaResume(CurrentAlias, 0, VolumeSlider.Value());
+        lead->Paused = 0;
+    }
+}
+
+void frmMedia::arrangeHandover()
+{
+    const Text lead = CurrentAlias;
+    const bool playAll = SlideMode == "0";
+    sweepFailedSlots();
+    const Long count = liveCount();
+    if (count <= 0 || count > MaxVideos)
+        return;
+    Long place = 0;
+    forEachLive([&](frmChild& window) {
+        const bool isLead = trim(window.MediaFile) == lead;
+        MediaGetSizeAlias(window.MediaFile);
+        if (playAll)
+            placeGrid(window, count, place);
+        else
+            placeBeside(window, count, place, isLead);
+        if (playAll || !isLead)
+            place += 1;
+        showPlaced(window, false);
+    });
+    CurrentAlias = lead;
+    if (playAll)
+        forEachLive([](frmChild& window) { mciSend("Play " + window.MediaFile + " from 0"); });
+    if (frmChild* window = slotPlaying(lead)) {
+        window->SetFocus();
+        showTitleOf(fileNameOf(window->path()));
+    }
+    if (!playAll)
+        showTip(count);
+}
+
+} // namespace tandrel

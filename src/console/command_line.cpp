@@ -1,0 +1,56 @@
+#include "console/command_line.h"
+
+#include "platform/path_marks.h"
+
+#include <algorithm>
+
+namespace tandrel
+{
+
+namespace
+{
+CommandLine line;
+
+/// One path has one name: a "./" in front says nothing.
+Text absolutePath(Text argument, const Text& folder)
+{
+    if (argument.front() == kSeparator)
+        return argument;
+    while (argument.starts_with("./"))
+        argument.erase(0, std::min(argument.find_first_not_of(kSeparator, 1), argument.size()));
+    if (argument.empty())
+        return folder;
+    return folder + (folder.ends_with(kSeparator) ? "" : "/") + argument;
+}
+
+} // namespace
+
+const CommandLine& commandLine() { return line; }
+
+void setCommandLine(CommandLine given) { line = std::move(given); }
+
+CommandLine parseCommandLine(const std::vector<Text>& arguments, const Text& folder)
+{
+    CommandLine result;
+    if (arguments.size() == 1 && arguments.front() == "DVD") {
+        result.text = "DVD";
+        return result;
+    }
+    std::vector<Text> paths;
+    for (const Text& argument : arguments)
+        if (!argument.empty())
+            paths.push_back(markPath(absolutePath(argument, folder)));
+    if (paths.size() == 1)
+        result.text = quoted(paths.front());
+    else
+        result.group = std::move(paths);
+    return result;
+}
+
+bool isHdPath(const Text& path)
+{
+    const Text capitals = upper(path);
+    return capitals.ends_with(".HDMOV") || capitals.ends_with(".MKV");
+}
+
+} // namespace tandrel

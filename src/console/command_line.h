@@ -1,0 +1,33 @@
+/// What the program was started with.
+#pragma once
+
+#include "toolkit/text.h"
+
+#include <vector>
+
+namespace tandrel
+{
+
+/// The command text: empty, "DVD", or one path in double quotes, which is an alias as it stands. Empty also where
+/// several paths were given: these are in `group`.
+struct CommandLine {
+    Text text;
+    std::vector<Text> group;
+    bool empty() const { return text.empty() && group.empty(); }
+    bool isDvd() const { return text == "DVD"; }
+    bool isPath() const { return !text.empty() && !isDvd(); }
+};
+
+const CommandLine& commandLine();
+
+/// `arguments` are those of the process, without its name. Each is one path; it is made absolute against `folder` and
+/// its marks are mapped. The word DVD alone is the text "DVD".
+CommandLine parseCommandLine(const std::vector<Text>& arguments, const Text& folder);
+
+/// Set once, before the first form loads.
+void setCommandLine(CommandLine line);
+
+/// True for a Matroska or HD file, by the end of its path (capitals or not).
+bool isHdPath(const Text& path);
+
+} // namespace tandrel

@@ -1,0 +1,50 @@
+// What the ticks of the console watch.
+
+#include "console/frm_media.h"
+#include "console/holders.h"
+#include "desktop/screen_saver.h"
+#include "media/mod_media.h"
+#include "media/shared_state.h"
+#include "video/slots.h"
+
+namespace tandrel
+{
+
+void frmMedia::Timer2_Timer()
+{
+    if (ClosingDown)
+        return;
+    if (ClickState == 1.0) {
+        if (!FullMedia.empty() && FullScreenOn && !PanelUp && !FullMenuOpen)
+            leaveFullScreen();
+        else
+            PanelUp = false;
+    }
+    ClickState = 0;
+}
+
+void frmMedia::leaveFullScreen()
+{
+    if (frmChild* window = slotPlaying(FullMedia)) {
+        FullScreenOn = false;
+        ScreenSaverSwitch(true);
+        window->Full = false;
+        window->setFullScreen(false);
+        window->Style.Titlebar = true;
+        window->Style.Border = true;
+        window->Move({SavedLeft, SavedTop, SavedWidth, SavedHeight});
+        window->picVideo.BorderStyle = 1;
+        window->Refresh();
+        window->Show();
+        SetFocus();
+        window->SetFocus();
+        lblTitleBar.Caption = titleFor(fileNameOf(window->path()));
+        FullMedia.clear();
+    }
+    Unload<class frmPanel>();
+    mciSend("Play " + FullMedia + " ");
+    FullMedia.clear();
+    Visible = true;
+}
+
+} // namespace tandrel

@@ -1,0 +1,126 @@
+// The end: by the exit button, or by a close of the console from outside.
+
+#include "console/frm_media.h"
+#include "console/holders.h"
+#include "desktop/screen_saver.h"
+#include "media/mod_media.h"
+#include "media/shared_state.h"
+#include "persist/data_files.h"
+#include "persist/settings.h"
+#include "texts/frm_wait.h"
+#include "toolkit/program.h"
+#include "toolkit/screen.h"
+#include "toolkit/trap.h"
+#include "video/slots.h"
+
+namespace tandrel
+{
+
+void frmMedia::cmdMedia_Click(int index)
+{
+    if (index == command::kExit)
+        exitProgram();
+}
+
+void frmMedia::exitProgram()
+{
+    ClosingDown = true;
+    forEachPlayable([](frmChild& window) { MediaPauseAlias(window.MediaFile); });
+    ScreenSaverSwitch(true);
+    MediaCloseAll();
+    stopDvd();
+    savePlace();
+    giveUpPresence();
+    endProgram();
+}
+
+void frmMedia::savePlace()
+{
+    saveSetting(settings::kTop, text(top() - FullTop));
+    saveSetting(settings::kLeft, text(left() - FullLeft));
+}
+
+void frmMedia::giveUpPresence()
+{
+    // First of all: a file that is opened from here on starts a process of its own.
+    services().instances->leave();
+    if (presence::exists())
+        presence::removeIfOwn(hWnd());
+    if (handover::exists())
+        handover::remove();
+}
+
+void frmMedia::onQueryUnload()
+{
+    ClosingDown = true;
+    FastForward = false;
+    FastRewind = false;
+    unloadOtherForms();
+    Unload<class frmWait>();
+    Unload<class frmPanel>();
+    Unload<class frmStart>();
+    Unload<class frmToolTip>();
+    Unload<class slidemenu>();
+    const SlotTable slots = VideoWindows;
+    for (const auto& slot : slots) {
+        if (!slot)
+            continue;
+        slot->Hide();
+        if (slot->isLive() && !slot->hasFailed())
+            MediaClose(slot->MediaFile);
+        unload(*slot);
+    }
+    ScreenSaverSwitch(true);
+    savePlace();
+    giveUpPresence();
+}
+
+void frmMedia::onUnload()
+{
+    releaseHooks();
+    endProgram();
+}
+
+void frmMedia::stopDvd()
+{
+    // A DVD that plays is stopped here.
+}
+
+void frmMedia::unloadOtherForms()
+{
+    // The recent files, the DVD and HD windows and the further menus end here, before the forms that are there today.
+}
+
+void frmMedia::releaseHooks()
+{
+    // The window procedures and the hook of the wheel are given back here.
+}
+
+void frmMedia::restoreOtherMedia()
+{
+    // A DVD or an HD film that was minimised with the console comes back here.
+}
+
+void frmMedia::onResize()
+{
+    if (ResizePending)
+        restoreVideos();
+}
+
+void frmMedia::restoreVideos()
+{
+    trap([] {
+        frmWait().Show();
+        frmMedia().restoreOtherMedia();
+        forEachPlayable([](frmChild& window) {
+            MediaResume(window.MediaFile, window.Paused, Integer(window.Volume));
+            window.Show();
+            frmWait().Refresh();
+            frmWait().SetFocus();
+        });
+    });
+    ResizePending = false;
+    Unload<class frmWait>();
+}
+
+} // namespace tandrel

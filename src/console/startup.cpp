@@ -1,0 +1,217 @@
+// The console's load: settings, the rules for a later process, the question, the place, the file of the command line.
+
+#include "console/command_line.h"
+#include "console/frm_media.h"
+#include "console/frm_start.h"
+#include "console/holders.h"
+#include "console/version.h"
+#include "desktop/monitors.h"
+#include "desktop/system_facts.h"
+#include "media/shared_state.h"
+#include "persist/data_files.h"
+#include "persist/settings.h"
+#include "texts/messages.h"
+#include "toolkit/program.h"
+#include "toolkit/screen.h"
+#include "toolkit/trap.h"
+
+namespace tandrel
+{
+
+namespace
+{
+
+constexpr int kMostVideos = 12;
+constexpr const char* kNeverAgain = "999999";
+
+} // namespace
+
+void frmMedia::onLoad()
+{
+    installConsoleFace(this);
+    clearFields();
+    screen().MousePointer = pointer::kHourglass;
+    const Text system = GetWindowsVersion();
+    AppTitle = programTitle();
+    AppVersion = programNumber();
+    readSettings();
+    findMonitor();
+    WindowsVersion = upper(system);
+    noteFirstRun();
+    LanguageCode = Language;
+    nameInLanguage();
+    if (!passSecondStart())
+        return;
+    askPrimaryPlayer();
+    if (programEnded())
+        return;
+    if (commandLine().empty()) {
+        if (!FirstRun)
+            showSplash();
+        registerFileClasses();
+    }
+    dressConsole();
+    placeConsole();
+    showTitle();
+    ClickCount = 0;
+    ClickState = 0;
+    SizePercent = 100;
+    VolumeLevel = 50;
+    makeFileDialog();
+    takeHotKeys();
+    // An error in a medium is no error of the start.
+    trap([this] { openCommandLine(); });
+    screen().MousePointer = pointer::kDefault;
+    leaveStartForm();
+}
+
+void frmMedia::leaveStartForm()
+{
+    if (!Loaded<class frmStart>())
+        return;
+    // Its unload may have to wait for its own handler; the screen does not.
+    frmStart().Hide();
+    Unload<class frmStart>();
+}
+
+void frmMedia::showSplash()
+{
+    // The splash comes here, at a start without a file that is not the first.
+}
+
+void frmMedia::registerFileClasses()
+{
+    // The classes of files and the start from a disc are written here, at a start without a file.
+}
+
+void frmMedia::dressConsole()
+{
+    // The outline of the console and the colour of its slider are set here.
+}
+
+void frmMedia::nameInLanguage()
+{
+    // The texts of the console and of its menus take the user's language here; as made they are English.
+}
+
+void frmMedia::makeFileDialog()
+{
+    // The dialog that chooses media is made here.
+}
+
+void frmMedia::takeHotKeys()
+{
+    // The hot keys reach the console from here on.
+}
+
+void frmMedia::clearFields()
+{
+    FullTop = FullLeft = FullHeight = FullWidth = 0;
+    DragHandle = 0;
+    TrackHold = TitleOff = SaverOff = VolumeTipOn = WindowDragged = false;
+    SecondRun = FirstRun = ClosingDown = UpdateCancelled = false;
+    iTrans = 255;
+    MaxVideos = kMostVideos;
+}
+
+void frmMedia::readSettings()
+{
+    SlideMode = getSetting(settings::kSlide);
+    if (SlideMode.empty())
+        SlideMode = "1";
+    TipsOn = getSetting(settings::kTips);
+    if (TipsOn.empty())
+        saveSetting(settings::kTips, "1");
+    storedTop_ = getSetting(settings::kTop);
+    storedLeft_ = getSetting(settings::kLeft);
+}
+
+void frmMedia::findMonitor()
+{
+    const auto area = monitors().holding(*this);
+    if (!area)
+        return;
+    FullLeft = area->left;
+    FullTop = area->top;
+    FullWidth = area->width;
+    FullHeight = area->height;
+}
+
+void frmMedia::noteFirstRun()
+{
+    if (isOlderSystem(WindowsVersion) || !getSetting(settings::kRanBefore).empty())
+        return;
+    FirstRun = true;
+    saveSetting(settings::kRanBefore, "1");
+}
+
+void frmMedia::askPrimaryQuestion(const Text& monthIfRefused)
+{
+    const BoxAnswer answer = backend().messageBox(message::kMakePrimary, BoxStyle::YesNoQuestion, AppTitle);
+    // An end of the program in the middle of the question is no answer.
+    if (answer == BoxAnswer::Cancel)
+        return;
+    const bool yes = answer == BoxAnswer::Yes;
+    if (!yes)
+        saveSetting(settings::kRefused, monthIfRefused);
+    primary::write(yes ? primary::kAccepted : primary::kDeclined);
+}
+
+void frmMedia::askPrimaryPlayer()
+{
+    const Text answer = primary::read();
+    const Text month = std::to_string(services().clock->yearAndMonth());
+    if (answer.empty() || answer == primary::kNotAsked) {
+        FirstRun = true;
+        askPrimaryQuestion(month);
+    } else if (answer == primary::kDeclined) {
+        Text refused = getSetting(settings::kRefused);
+        if (refused.empty()) {
+            refused = month;
+            saveSetting(settings::kRefused, refused);
+        }
+        if (refused != kNeverAgain && numberAtFront(month) > numberAtFront(refused))
+            askPrimaryQuestion(kNeverAgain);
+    }
+}
+
+void frmMedia::placeConsole()
+{
+    // The two clamps differ by FullTop on purpose: the lower edge is measured without it, the right edge with it.
+    if (storedTop_.empty()) {
+        Top = FullHeight / 3.0 * 2 + FullTop;
+    } else if (const double stored = numberAtFront(storedTop_); stored + FullTop > FullHeight - height()) {
+        Top = FullHeight - height();
+    } else {
+        Top = stored < 0 ? FullTop : Long(stored + FullTop);
+    }
+    if (storedLeft_.empty()) {
+        Left = FullWidth / 5.0 + FullLeft;
+    } else if (const double stored = numberAtFront(storedLeft_); stored + FullLeft > FullWidth + FullLeft - width()) {
+        Left = FullWidth + FullLeft - width();
+    } else {
+        Left = stored < 0 ? FullLeft : Long(stored + FullLeft);
+    }
+}
+
+void frmMedia::showTitle()
+{
+    Caption = AppTitle;
+    Label3.Caption = upper(AppTitle);
+    Sposta.move({0, 0, width(), height()});
+}
+
+void frmMedia::openCommandLine()
+{
+    const CommandLine& given = commandLine();
+    if (given.isPath() && !SecondRun)
+        openPathOfCommandLine();
+    else if (given.isDvd())
+        openDvd();
+    else if (!given.group.empty() && !SecondRun) {
+        takeGroup(given.group);
+        openGroup();
+    }
+}
+
+} // namespace tandrel

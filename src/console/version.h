@@ -1,0 +1,15 @@
+/// The program's version, as its texts show it.
+#pragma once
+
+#include "toolkit/text.h"
+
+namespace tandrel
+{
+
+/// "Tandrel Player PRO " and the version, minor number and revision in two digits each.
+Text programTitle();
+
+/// The digits of the same version as one number.
+Long programNumber();
+
+} // namespace tandrel

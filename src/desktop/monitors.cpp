@@ -1,0 +1,161 @@
+#include "desktop/monitors.h"
+
+#include "toolkit/screen.h"
+
+#include <algorithm>
+
+namespace tandrel
+{
+
+namespace
+{
+
+constexpr int kDesktopLeft = 76;
+constexpr int kDesktopTop = 77;
+constexpr int kDesktopWidth = 78;
+constexpr int kDesktopHeight = 79;
+constexpr int kMonitorCount = 80;
+
+constexpr int kProbeWidth = 640;
+constexpr int kProbeHeight = 480;
+
+MonitorTwips inTwips(const clsMonitor& monitor)
+{
+    const Long x = screen().TwipsPerPixelX();
+    const Long y = screen().TwipsPerPixelY();
+    return {monitor.Left * x, monitor.Top * y, monitor.Width * x, monitor.Height * y};
+}
+
+/// Half of a length, as a shift of its bits: downwards for negative lengths too.
+Long half(Long length) { return static_cast<std::int32_t>(length) >> 1; }
+
+} // namespace
+
+Long clsMonitors::safeMetric(int index) const
+{
+    const MonitorSource& source = *services().monitors;
+    return source.metric(kMonitorCount) != 0 ? source.metric(index) : 0;
+}
+
+Long clsMonitors::DesktopLeft() const { return safeMetric(kDesktopLeft); }
+
+Long clsMonitors::DesktopTop() const { return safeMetric(kDesktopTop); }
+
+Long clsMonitors::DesktopWidth() const
+{
+    const Long width = safeMetric(kDesktopWidth);
+    return width != 0 ? width : Long(screen().Width() / screen().TwipsPerPixelX());
+}
+
+Long clsMonitors::DesktopHeight() const
+{
+    const Long height = safeMetric(kDesktopHeight);
+    return height != 0 ? height : Long(screen().Height() / screen().TwipsPerPixelY());
+}
+
+void clsMonitors::Refresh()
+{
+    monitors_.clear();
+    if (services().monitors->metric(kMonitorCount) == 0)
+        addSynthetic();
+    else
+        probe();
+}
+
+void clsMonitors::addSynthetic()
+{
+    const Long width = screen().Width() / screen().TwipsPerPixelX();
+    const Long height = screen().Height() / screen().TwipsPerPixelY();
+    monitors_.push_back({0, height, width, 0, width, 0, height, 0, width, 0, height});
+}
+
+void clsMonitors::probe()
+{
+    // The upper bounds are the sizes of the desktop, not its left or top plus its size.
+    const Long width = DesktopWidth();
+    const Long height = DesktopHeight();
+    std::vector<Long> known;
+    Long previous = 0;
+    for (Long y = DesktopTop(); y <= height; y += kProbeHeight)
+        for (Long x = DesktopLeft(); x <= width; x += kProbeWidth) {
+            const Long handle = GetMonitorFromXYPoint(x + kProbeWidth / 2, y + kProbeHeight / 2);
+            if (handle == 0 || handle == previous)
+                continue;
+            previous = handle;
+            if (std::find(known.begin(), known.end(), handle) != known.end())
+                continue;
+            known.push_back(handle);
+            fill(handle);
+        }
+}
+
+void clsMonitors::fill(Long handle)
+{
+    clsMonitor monitor{};
+    monitor.Handle = handle;
+    if (const auto facts = services().monitors->facts(handle)) {
+        const PixelRect& all = facts->bounds;
+        const PixelRect& work = facts->work;
+        monitor = {handle,     all.height(), all.width(), all.left, all.right,  all.top,
+                   all.bottom, work.left,    work.right,  work.top, work.bottom};
+    }
+    monitors_.push_back(monitor);
+}
+
+Long clsMonitors::GetMonitorFromWindow(WindowHandle hWnd) const
+{
+    const auto handle = services().monitors->fromWindow(hWnd);
+    return handle ? Long(*handle) : Long(-1);
+}
+
+Long clsMonitors::GetMonitorFromXYPoint(Long x, Long y) const
+{
+    return services().monitors->fromRect({x, y, x + 1, y + 1});
+}
+
+void clsMonitors::CenterFormOnMonitor(Form& form, const Form* other) const
+{
+    const auto handle = services().monitors->fromWindow((other ? *other : form).hWnd());
+    const auto facts = handle && *handle != 0 ? services().monitors->facts(*handle) : std::nullopt;
+    TwipsRect place = form.place();
+    if (facts) {
+        const Long x = screen().TwipsPerPixelX();
+        const Long y = screen().TwipsPerPixelY();
+        place.left = facts->work.left * x + half(facts->work.width() * x - place.width);
+        place.top = facts->work.top * y + half(facts->work.height() * y - place.height);
+    } else {
+        place.left = (screen().Width() - place.width) / 2.0;
+        place.top = (screen().Height() - place.height) / 2.0;
+    }
+    form.Move(place);
+}
+
+std::optional<MonitorTwips> clsMonitors::holding(const Form& form) const
+{
+    for (const clsMonitor& monitor : monitors_) {
+        const MonitorTwips area = inTwips(monitor);
+        if (form.left() >= area.left && form.left() < area.left + area.width && form.top() >= area.top &&
+            form.top() < area.top + area.height)
+            return area;
+    }
+    return std::nullopt;
+}
+
+void clsMonitors::centreWhereItStands(Form& form) const
+{
+    const auto area = holding(form);
+    if (!area)
+        return;
+    TwipsRect place = form.place();
+    place.left = area->left + (area->width - place.width) / 2.0;
+    place.top = area->top + (area->height - place.height) / 2.0;
+    form.Move(place);
+}
+
+clsMonitors& monitors()
+{
+    static clsMonitors collection;
+    return collection;
+}
+
+} // namespace tandrel

@@ -1,0 +1,119 @@
+// How a video window becomes the selected one, and how it goes full screen.
+
+#include "console/frm_media.h"
+#include "console/holders.h"
+#include "desktop/screen_saver.h"
+#include "fullscreen/frm_panel.h"
+#include "media/mod_media.h"
+#include "toolkit/press.h"
+#include "toolkit/screen.h"
+#include "video/frm_child.h"
+#include "video/slots.h"
+
+namespace tandrel
+{
+
+void frmChild::onActivate()
+{
+    showStrips(!Full);
+    selectThis();
+    if (buttonIsDown(MouseButton::Right)) {
+        if (!trim(CurrentAlias).empty() && !FullScreenOn)
+            goFullScreen();
+    } else if (FullScreenOn) {
+        PanelUp = false;
+        putPanelBelow();
+    }
+    FullMenuOpen = false;
+}
+
+// The close box is seen on the active window only.
+void frmChild::onDeactivate() { picClose.Visible = false; }
+
+void frmChild::showStrips(bool on)
+{
+    for (PictureBox* box : {&picClose, &picVRes, &picHRes, &picBottom, &picSide})
+        box->Visible = on;
+    if (!on)
+        return;
+    for (PictureBox* box : {&picClose, &picVRes, &picHRes})
+        box->ZOrder();
+}
+
+void frmChild::selectThis()
+{
+    // A window whose medium is gone stands for nothing.
+    if (!isLive())
+        return;
+    class frmMedia& console = frmMedia();
+    console.TrackHold = false;
+    if (MediaFile != CurrentAlias)
+        console.lblTitleBar.Caption = titleFor(fileNameOf(withoutQuotes(MediaFile)));
+    CurrentAlias = MediaFile;
+    console.InvertSlider.Value = 100 - Volume;
+    console.VolumeSlider.Value = Volume;
+    FastForward = false;
+    FastRewind = false;
+    console.lblSpeed.Caption = "0x";
+    console.lblDuration.Caption = Duration;
+}
+
+void frmChild::goFullScreen()
+{
+    FullMedia = CurrentAlias;
+    if (trim(MediaFile) != FullMedia)
+        return;
+    spendPress(MouseButton::Right);
+    FullScreenOn = true;
+    Full = true;
+    ScreenSaverSwitch(false);
+    SavedTop = top();
+    SavedLeft = left();
+    SavedHeight = height();
+    SavedWidth = width();
+    picVideo.BorderStyle = 0;
+    Style.Titlebar = false;
+    Style.Border = false;
+    showStrips(false);
+    coverMonitor();
+    bringUpPanel();
+    frmMedia().Timer4.Enabled = false;
+}
+
+void frmChild::coverMonitor()
+{
+    const class frmMedia& console = frmMedia();
+    const int x = pixelsX(console.FullLeft);
+    const int y = pixelsY(console.FullTop);
+    movePixels({x, y, x + pixelsX(console.FullWidth), y + pixelsY(console.FullHeight)});
+    Refresh();
+    setFullScreen(true);
+    ZOrder();
+    SetFocus();
+}
+
+/// The window goes while it fills the screen: nothing else would end that state.
+void frmChild::endFullScreen()
+{
+    Full = false;
+    FullScreenOn = false;
+    PanelUp = false;
+    FullMedia.clear();
+    setFullScreen(false);
+    ScreenSaverSwitch(true);
+    Unload<class frmPanel>();
+    frmMedia().Timer4.Enabled = true;
+}
+
+void frmChild::bringUpPanel()
+{
+    PanelUp = true;
+    class frmPanel& panel = frmPanel();
+    panel.Show();
+    panel.lblTitle.Caption = "File:: " + CurrentAlias;
+    panel.ZOrder();
+    panel.Left = frmMedia().FullLeft;
+    slideInPanel();
+}
+
+} // namespace tandrel

@@ -1,0 +1,106 @@
+#include "video/slots.h"
+
+#include "console/frm_media.h"
+#include "console/holders.h"
+
+#include <algorithm>
+
+namespace tandrel
+{
+
+void forEachLive(const std::function<void(frmChild&)>& visit)
+{
+    const SlotTable slots = VideoWindows;
+    for (const auto& slot : slots)
+        if (slot && slot->isLive())
+            visit(*slot);
+}
+
+void forEachPlayable(const std::function<void(frmChild&)>& visit)
+{
+    forEachLive([&](frmChild& window) {
+        if (!window.hasFailed())
+            visit(window);
+    });
+}
+
+frmChild* slotPlaying(const Alias& alias)
+{
+    for (const auto& slot : VideoWindows)
+        if (slot && slot->isLive() && trim(slot->MediaFile) == alias)
+            return slot.get();
+    return nullptr;
+}
+
+Long liveCount()
+{
+    Long count = 0;
+    forEachLive([&](frmChild&) { count += 1; });
+    return count;
+}
+
+bool sameMedium(const Text& entry, const Text& path)
+{
+    const bool bare = entry.find(kSeparator) == Text::npos;
+    return !entry.empty() && (bare ? entry == fileNameOf(path) : entry == path);
+}
+
+bool dropOpenEntry(const Text& path)
+{
+    ListBox& open = frmMedia().List2;
+    const auto& entries = open.entries();
+    // A bare name may stand for another file of that name, so the path itself goes first.
+    auto found = std::find(entries.begin(), entries.end(), path);
+    if (found == entries.end())
+        found =
+            std::find_if(entries.begin(), entries.end(), [&](const Text& entry) { return sameMedium(entry, path); });
+    if (found == entries.end())
+        return false;
+    open.RemoveItem(static_cast<std::int64_t>(found - entries.begin()));
+    return true;
+}
+
+Long sweepFailedSlots()
+{
+    Long swept = 0;
+    forEachLive([&](frmChild& slot) {
+        if (!slot.hasFailed())
+            return;
+        if (slot.Listed)
+            dropOpenEntry(slot.path());
+        slot.MediaFile.clear();
+        swept += 1;
+    });
+    return swept;
+}
+
+void dropFailedSlots()
+{
+    const SlotTable slots = VideoWindows;
+    for (const auto& slot : slots) {
+        if (!slot || !slot->hasFailed())
+            continue;
+        slot->Hide();
+        unload(*slot);
+        slot->Tag = "";
+        NextSlot = std::max<int>(0, NextSlot - 1);
+    }
+}
+
+frmChild& newSlot(const Text& path)
+{
+    const auto index = static_cast<std::size_t>(static_cast<std::int32_t>(NextSlot));
+    const auto slot = newForm<frmChild>();
+    VideoWindows.resize(index + 1);
+    VideoWindows[index] = slot;
+    slot->load();
+    slot->Caption = "§" + path;
+    slot->MediaFile = CurrentAlias;
+    return *slot;
+}
+
+void showTitleOf(const Text& path) { frmMedia().lblTitleBar.Caption = titleFor(path); }
+
+Text titleFor(const Text& name) { return " [ " + name + " ] " + blanks(50); }
+
+} // namespace tandrel

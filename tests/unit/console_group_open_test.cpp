@@ -1,0 +1,347 @@
+// Several videos opened at once, in both modes.
+
+#include "player_bench.h"
+
+#include "texts/frm_tool_tip.h"
+#include "texts/frm_wait.h"
+#include "toolkit/activation.h"
+
+namespace tandrel::test
+{
+
+using ::testing::Contains;
+using ::testing::Each;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+namespace
+{
+
+class ConsoleGroupOpen : public Player
+{
+protected:
+    void openGroup(const std::vector<int>& films)
+    {
+        std::vector<Text> paths;
+        for (const int index : films)
+            paths.push_back(film(index));
+        console().takeGroup(paths);
+        world.mci.clear();
+        console().openGroup();
+    }
+    void openFirst(int count)
+    {
+        std::vector<int> films;
+        for (int index = 0; index < count; ++index)
+            films.push_back(index);
+        openGroup(films);
+    }
+    frmChild& video(int index) { return *VideoWindows.at(static_cast<std::size_t>(index)); }
+    Rect placeOf(int index) { return rectOf(video(index)); }
+};
+
+Rect twips(int x, int y, int width, int height) { return {x * 15, y * 15, width * 15, height * 15}; }
+
+} // namespace
+
+TEST_F(ConsoleGroupOpen, PlayAllSendsItsCommandsInOrder)
+{
+    start("0");
+    openFirst(2);
+    EXPECT_THAT(commands(),
+                ElementsAre("Open A Type MPEGVideo alias A parent 0 style child", "Pause A", "Where A destination",
+                            "set A time format frames", "status A length", "set A time format ms", "status A length",
+                            "put A window at 0 0 640 480", "setaudio A Volume to 500",
+                            "Open B Type MPEGVideo alias B parent 0 style child", "Pause B", "Where B destination",
+                            "set B time format frames", "status B length", "set B time format ms", "status B length",
+                            "put B window at 0 0 640 480", "setaudio B Volume to 500", "Where A destination", "Play A ",
+                            "put A window at 0 0 953 513", "Where B destination", "Play B ",
+                            "put B window at 0 0 953 513"));
+}
+
+TEST_F(ConsoleGroupOpen, PlayListSendsItsCommandsInOrder)
+{
+    start("1");
+    openFirst(2);
+    EXPECT_THAT(commands(),
+                ElementsAre("Open A Type MPEGVideo alias A parent 0 style child", "Pause A", "Where A destination",
+                            "set A time format frames", "status A length", "set A time format ms", "status A length",
+                            "put A window at 0 0 640 480", "setaudio A Volume to 500", "setaudio A Volume to 0",
+                            "Open B Type MPEGVideo alias B parent 0 style child", "Pause B", "Where B destination",
+                            "set B time format frames", "status B length", "set B time format ms", "status B length",
+                            "put B window at 0 0 640 480", "setaudio B Volume to 500", "setaudio B Volume to 0",
+                            "Where A destination", "put A window at 0 0 313 153", "Play A ", "Where B destination",
+                            "put B window at 0 0 1593 873", "Play B ", "set A time format ms", "status A length",
+                            "seek A to 15000", "Pause A", "set B time format ms", "status B position", "seek B to 1500",
+                            "Play B", "setaudio B Volume to 500"));
+}
+
+TEST_F(ConsoleGroupOpen, ThePictureIsOpenedInTheBoxOfItsWindow)
+{
+    world.backend.windows = true;
+    start("0");
+    openFirst(1);
+    const auto opens = startingWith(commands(), "Open ");
+    EXPECT_THAT(opens, ElementsAre("Open A Type MPEGVideo alias A parent " + std::to_string(video(0).picVideo.hWnd()) +
+                                   " style child"));
+    EXPECT_NE(video(0).picVideo.hWnd(), 0U);
+}
+
+TEST_F(ConsoleGroupOpen, WindowsAndConsoleTakeTheLength)
+{
+    start("0");
+    openFirst(2);
+    EXPECT_EQ(video(0).Duration, "0:01:00");
+    EXPECT_EQ(console().lblDuration.caption(), "0:01:00");
+    EXPECT_EQ(console().SeekSlider.maximum(), 60000);
+    EXPECT_TRUE(Playing);
+    EXPECT_EQ(NextSlot, 2);
+    EXPECT_THAT(console().List1.entries(), ElementsAre(film(0), film(1)));
+    EXPECT_THAT(console().List2.entries(), ElementsAre(film(0), film(1)));
+}
+
+TEST_F(ConsoleGroupOpen, OneVideoInPlayAllModeStandsInItsFixedPlace)
+{
+    start("0");
+    openFirst(1);
+    EXPECT_EQ(placeOf(0), (Rect{400, 400, 11820, 6375}));
+}
+
+TEST_F(ConsoleGroupOpen, OneVideoInPlayListModeStandsInTheSamePlaceAndPlays)
+{
+    start("1");
+    openFirst(1);
+    EXPECT_EQ(placeOf(0), (Rect{400, 400, 11820, 6375}));
+    EXPECT_EQ(video(0).Paused, 0);
+    EXPECT_EQ(commands().back(), "setaudio A Volume to 500");
+}
+
+TEST_F(ConsoleGroupOpen, FourVideosGoRoundTheScreen)
+{
+    start("0");
+    openFirst(4);
+    EXPECT_EQ(placeOf(0), twips(0, 0, 960, 540));
+    EXPECT_EQ(placeOf(1), twips(960, 0, 960, 540));
+    EXPECT_EQ(placeOf(2), twips(960, 540, 960, 540));
+    EXPECT_EQ(placeOf(3), twips(0, 540, 960, 540));
+}
+
+TEST_F(ConsoleGroupOpen, TheGridIsThatOfResizeForEveryCount)
+{
+    for (int count = 2; count <= 12; ++count) {
+        start("0");
+        openFirst(count);
+        std::vector<Rect> opened;
+        for (int index = 0; index < count; ++index)
+            opened.push_back(placeOf(index));
+        console().Resize(true);
+        for (int index = 0; index < count; ++index)
+            EXPECT_EQ(placeOf(index), opened[static_cast<std::size_t>(index)]) << index << " of " << count;
+        for (const auto& window : SlotTable(VideoWindows))
+            unload(*window);
+        NextSlot = 0;
+        VideoWindows.clear();
+    }
+}
+
+TEST_F(ConsoleGroupOpen, TwelveInPlayListModeAreSixDownAndFiveAlong)
+{
+    start("1");
+    openFirst(12);
+    for (int tile = 0; tile < 11; ++tile)
+        EXPECT_EQ(placeOf(tile),
+                  tile < 6 ? twips(1600, 180 * tile, 320, 180) : twips(1600 - 320 * (tile - 5), 900, 320, 180));
+    EXPECT_EQ(placeOf(11), twips(0, 0, 1600, 900)) << "the last of the open leads";
+}
+
+TEST_F(ConsoleGroupOpen, InPlayListModeTheLeadRunsAndTheOthersRest)
+{
+    start("1");
+    console().TipsOn = "1";
+    openFirst(3);
+    EXPECT_EQ(video(0).Paused, 1);
+    EXPECT_EQ(video(1).Paused, 1);
+    EXPECT_EQ(video(2).Paused, 0);
+    EXPECT_EQ(CurrentAlias, alias(2));
+    EXPECT_TRUE(frmToolTip().visible());
+    EXPECT_EQ(frmToolTip().top(), 600);
+    EXPECT_EQ(frmToolTip().left(), 24000 - frmToolTip().width() + 600);
+}
+
+TEST_F(ConsoleGroupOpen, AnotherModePlacesNothing)
+{
+    start("7");
+    openFirst(2);
+    EXPECT_FALSE(video(0).visible());
+    EXPECT_EQ(commands().back(), "setaudio B Volume to 500");
+    EXPECT_EQ(screen().MousePointer(), pointer::kDefault);
+}
+
+TEST_F(ConsoleGroupOpen, TheTitleShowsTheFileNameOfTheLastVideo)
+{
+    for (const char* mode : {"0", "1"}) {
+        start(mode);
+        console().SlideMode = mode;
+        openGroup({0, 1});
+        EXPECT_EQ(console().lblTitleBar.caption(), " [ b.avi ] " + std::string(50, ' ')) << mode;
+        for (const auto& window : SlotTable(VideoWindows))
+            unload(*window);
+    }
+}
+
+TEST_F(ConsoleGroupOpen, AllThreeTimersAreOffFromTheFirstOpenOnAndOnAgainAtTheEnd)
+{
+    start("0");
+    console().takeGroup({film(0), film(1), film(2)});
+    int checked = 0;
+    world.mci.onSend = [&](const std::string& command) {
+        EXPECT_FALSE(console().Timer1.enabled()) << command;
+        EXPECT_FALSE(console().Timer2.enabled()) << command;
+        EXPECT_FALSE(console().Timer3.enabled()) << command;
+        ++checked;
+    };
+    console().openGroup();
+    world.mci.onSend = nullptr;
+    EXPECT_GT(checked, 20);
+    EXPECT_TRUE(console().Timer1.enabled());
+    EXPECT_TRUE(console().Timer2.enabled());
+    EXPECT_TRUE(console().Timer3.enabled());
+}
+
+TEST_F(ConsoleGroupOpen, AnErrorInTheMiddleStillEndsTheBatchProperly)
+{
+    start("0");
+    world.mci.answer("status " + alias(1) + " length", "99999999999");
+    openFirst(3);
+    EXPECT_TRUE(console().Timer1.enabled());
+    EXPECT_TRUE(console().Timer2.enabled());
+    EXPECT_TRUE(console().Timer3.enabled());
+    EXPECT_FALSE(Loaded<class frmWait>());
+    EXPECT_EQ(screen().MousePointer(), pointer::kDefault);
+    EXPECT_EQ(activeForm(), &console());
+}
+
+TEST_F(ConsoleGroupOpen, TheNoticeComesInFrontOfEachWindowAndGoesAtTheEnd)
+{
+    world.backend.windows = true;
+    start("0");
+    openFirst(2);
+    EXPECT_FALSE(Loaded<class frmWait>());
+    const auto shown = chosen(world.journal, [](const std::string& line) {
+        return line == "frmChild show" || line == "frmWait activate" || line == "frmWait show" ||
+               line == "frmWait hide";
+    });
+    EXPECT_THAT(shown, ElementsAre("frmWait show", "frmWait activate", "frmChild show", "frmWait activate",
+                                   "frmChild show", "frmWait activate", "frmWait hide"));
+}
+
+TEST_F(ConsoleGroupOpen, AJumpIsPausedFirst)
+{
+    start("0");
+    open(0);
+    FastForward = true;
+    openGroup({1});
+    EXPECT_EQ(commands().front(), "Pause A");
+    EXPECT_FALSE(FastForward);
+}
+
+TEST_F(ConsoleGroupOpen, SizeGoesBackToAHundredPerCent)
+{
+    start("0");
+    SizePercent = 175;
+    console().lblSize.Caption = "175 %";
+    console().WindowDragged = true;
+    openFirst(1);
+    EXPECT_EQ(SizePercent, 100);
+    EXPECT_EQ(console().lblSize.caption(), "100 %");
+    EXPECT_FALSE(console().WindowDragged);
+}
+
+TEST_F(ConsoleGroupOpen, AnEmptyListOpensNothing)
+{
+    start("0");
+    world.backend.pointerShapes.clear();
+    console().openGroup();
+    EXPECT_THAT(world.mci.sent(), IsEmpty());
+    EXPECT_EQ(screen().MousePointer(), pointer::kDefault);
+    EXPECT_THAT(VideoWindows, IsEmpty());
+}
+
+TEST_F(ConsoleGroupOpen, AFileThatCantBeOpenedTakesNoPlaceAndGetsNoFurtherCommand)
+{
+    start("0");
+    breakFilm(1);
+    openFirst(3);
+    EXPECT_THAT(chosen(commands(), [](const std::string& line) { return line.find('B') != std::string::npos; }),
+                ElementsAre("Open B Type MPEGVideo alias B parent 0 style child", "Pause B"));
+    EXPECT_EQ(video(1).tag(), "2");
+    EXPECT_FALSE(video(1).isLive());
+    EXPECT_FALSE(video(1).visible());
+    EXPECT_EQ(placeOf(2), twips(960, 0, 960, 540)) << "a grid of two";
+    EXPECT_EQ(NextSlot, 3);
+    EXPECT_THAT(console().List2.entries(), ElementsAre(film(0), film(2)));
+    EXPECT_THAT(world.backend.boxes, IsEmpty()) << "a batch shows nothing";
+}
+
+TEST_F(ConsoleGroupOpen, AFailedSlotIsDroppedByTheNextOpen)
+{
+    start("0");
+    breakFilm(1);
+    openGroup({0, 1});
+    const auto failed = VideoWindows[1];
+    openGroup({2});
+    EXPECT_TRUE(failed->isDead());
+    EXPECT_EQ(NextSlot, 2);
+    EXPECT_EQ(video(1).path(), film(2));
+    EXPECT_EQ(liveCount(), 2);
+}
+
+TEST_F(ConsoleGroupOpen, WhenEveryFileFailsNothingPlays)
+{
+    start("1");
+    breakFilm(0);
+    breakFilm(1);
+    openFirst(2);
+    EXPECT_EQ(CurrentAlias, "");
+    EXPECT_EQ(liveCount(), 0);
+    EXPECT_FALSE(Playing);
+    EXPECT_THAT(console().List2.entries(), IsEmpty());
+    EXPECT_EQ(screen().MousePointer(), pointer::kDefault);
+}
+
+TEST_F(ConsoleGroupOpen, AReadingThatNoFilesWereSelectedMarksNoWindow)
+{
+    start("0");
+    CurrentAlias.clear();
+    const Text none = "(No Files Selected)";
+    world.mci.fail("Pause \"" + none + "\"", 263);
+    console().takeGroup({none});
+    console().openGroup();
+    EXPECT_EQ(VideoWindows.front()->tag(), "");
+}
+
+TEST_F(ConsoleGroupOpen, OnlyNewMediaAreTakenAndOnlyTwelve)
+{
+    start("0");
+    openSeveral(3);
+    console().List2.AddItem("x.avi");
+    std::vector<Text> paths{film(0), "/other/x.avi", film(3), film(3), "/other/a.avi"};
+    for (int index = 4; index < 13; ++index)
+        paths.push_back(film(index));
+    console().takeGroup(paths);
+    EXPECT_EQ(console().List2.ListCount(), 12);
+    EXPECT_THAT(console().List1.entries(),
+                ElementsAre(film(3), "/other/a.avi", film(4), film(5), film(6), film(7), film(8), film(9)));
+}
+
+TEST_F(ConsoleGroupOpen, TheFocusEndsOnTheConsole)
+{
+    start("1");
+    openFirst(3);
+    EXPECT_EQ(activeForm(), &console());
+    EXPECT_TRUE(console().TrackHold);
+}
+
+} // namespace tandrel::test

@@ -1,0 +1,139 @@
+// What the ticks of the console watch: the way out of full screen.
+
+#include "player_bench.h"
+
+#include "fullscreen/frm_panel.h"
+#include "toolkit/activation.h"
+
+namespace tandrel::test
+{
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+namespace
+{
+
+class ConsoleMonitor : public Player
+{
+protected:
+    ConsoleMonitor() { world.backend.windows = true; }
+    /// The first of two videos full screen, with the panel down again.
+    frmChild& fullScreen()
+    {
+        start("0");
+        openSeveral(2);
+        frmChild& window = *VideoWindows[0];
+        window.Move({1500, 1650, 4500, 3000});
+        world.pointer.right = true;
+        window.SetFocus();
+        world.pointer.right = false;
+        console().Timer2.Enabled = true;
+        PanelUp = false;
+        world.mci.clear();
+        world.journal.clear();
+        world.screenSaver.switched.clear();
+        return window;
+    }
+    void doubleClick()
+    {
+        ClickState = 1.0;
+        console().Timer2.tick();
+    }
+};
+
+} // namespace
+
+TEST_F(ConsoleMonitor, ADoubleClickOnAFullPictureLeadsBack)
+{
+    frmChild& window = fullScreen();
+    doubleClick();
+    EXPECT_FALSE(FullScreenOn);
+    EXPECT_FALSE(window.Full);
+    EXPECT_THAT(world.screenSaver.switched, ElementsAre(true));
+    EXPECT_EQ(rectOf(window), (Rect{1500, 1650, 4500, 3000}));
+    EXPECT_EQ(window.picVideo.BorderStyle(), 1);
+    EXPECT_TRUE(window.picClose.visible());
+    EXPECT_EQ(activeForm(), &window);
+    EXPECT_EQ(CurrentAlias, alias(0));
+    EXPECT_EQ(console().lblTitleBar.caption(), " [ a.avi ] " + std::string(50, ' '));
+    EXPECT_FALSE(Loaded<class frmPanel>());
+    EXPECT_TRUE(FullMedia.empty());
+    EXPECT_TRUE(console().visible());
+    EXPECT_EQ(ClickState, 0);
+}
+
+TEST_F(ConsoleMonitor, TheWindowIsNoLongerFullScreenBeforeItsOldPlaceReturns)
+{
+    fullScreen();
+    doubleClick();
+    const auto steps = chosen(world.journal, [](const std::string& line) {
+        return line.starts_with("frmChild ") || line.starts_with("frmMedia activate");
+    });
+    EXPECT_THAT(shortened(steps),
+                ElementsAre("frmChild windowed", "frmChild frame titled borderless", "frmChild frame titled bordered",
+                            "frmChild place 100,110 300x200", "frmChild repaint", "frmChild raise", "frmChild activate",
+                            "frmMedia activate", "frmChild activate"));
+}
+
+TEST_F(ConsoleMonitor, WhereNoWindowPlaysTheFullMediumTheStateEndsAllTheSame)
+{
+    fullScreen();
+    FullMedia = "\"/films/gone.avi\"";
+    doubleClick();
+    EXPECT_THAT(commands(), ElementsAre("Play \"/films/gone.avi\" "));
+    EXPECT_TRUE(FullMedia.empty());
+    EXPECT_FALSE(Loaded<class frmPanel>());
+    EXPECT_TRUE(console().visible());
+}
+
+TEST_F(ConsoleMonitor, UnderThePanelOrAMenuADoubleClickSendsThePanelAwayOnly)
+{
+    const frmChild& window = fullScreen();
+    PanelUp = true;
+    doubleClick();
+    EXPECT_TRUE(window.Full);
+    EXPECT_FALSE(PanelUp);
+    FullMenuOpen = true;
+    doubleClick();
+    EXPECT_TRUE(window.Full);
+    EXPECT_THAT(world.mci.sent(), IsEmpty());
+    FullMenuOpen = false;
+    doubleClick();
+    EXPECT_FALSE(window.Full);
+}
+
+TEST_F(ConsoleMonitor, HalfADoubleClickIsForgotten)
+{
+    const frmChild& window = fullScreen();
+    ClickState = 0.5;
+    PanelUp = true;
+    console().Timer2.tick();
+    EXPECT_EQ(ClickState, 0);
+    EXPECT_TRUE(PanelUp);
+    EXPECT_TRUE(window.Full);
+}
+
+TEST_F(ConsoleMonitor, BehindTheBeginningOfTheEndNothingIsWatched)
+{
+    const frmChild& window = fullScreen();
+    console().ClosingDown = true;
+    doubleClick();
+    EXPECT_TRUE(window.Full);
+    EXPECT_EQ(ClickState, 1.0);
+}
+
+TEST_F(ConsoleMonitor, AFullWindowThatClosesEndsFullScreen)
+{
+    frmChild& window = fullScreen();
+    ASSERT_FALSE(console().Timer4.enabled());
+    unload(window);
+    EXPECT_FALSE(FullScreenOn);
+    EXPECT_FALSE(PanelUp);
+    EXPECT_TRUE(FullMedia.empty());
+    EXPECT_THAT(world.screenSaver.switched, ElementsAre(true));
+    EXPECT_FALSE(Loaded<class frmPanel>());
+    EXPECT_TRUE(console().Timer4.enabled());
+}
+
+} // namespace tandrel::test
