@@ -1,0 +1,167 @@
+"""The real program on a display of its own, driven and watched from outside."""
+
+import os
+import re
+import signal
+import subprocess
+import sys
+import tempfile
+import unittest
+
+TOP = os.environ["TANDREL_TOP"]
+BIN = os.environ["TANDREL_BIN"]
+MEDIA = os.environ["TANDREL_TEST_MEDIA"]
+sys.path.insert(0, os.path.join(TOP, "scripts", "lib"))
+from player_display import Display, GaveUp, prepare_home, wait_for  # noqa: E402
+
+CAPTION_BAND = 25
+
+
+def clips(count, folder):
+    """So many files to play: links to test media under names of their own."""
+    kinds = ["h264_30.mp4", "h264_25.mp4"]
+    names = []
+    for index in range(count):
+        name = os.path.join(folder, f"clip {index:02}.mp4")
+        os.symlink(os.path.join(MEDIA, kinds[index % len(kinds)]), name)
+        names.append(name)
+    return names
+
+
+def wait_briefly(condition):
+    try:
+        return wait_for(condition, 0.5, "an effect")
+    except GaveUp:
+        return False
+
+
+class Player:
+    """One running player. Times out rather than hangs."""
+
+    def __init__(self, display, home, *arguments, **environment):
+        self.display = display
+        self.home = home
+        self.trace_file = tempfile.mktemp(prefix="trace-", dir=os.path.dirname(home))
+        everything = dict(display.environment, TANDREL_HOME=home, TANDREL_MCI_TRACE=self.trace_file, **environment)
+        self.process = subprocess.Popen([os.path.join(BIN, "tandrel-player"), *arguments], env=everything,
+                                        stderr=subprocess.DEVNULL)
+
+    def trace(self):
+        """Every command so far with its result and its answer."""
+        if not os.path.exists(self.trace_file):
+            return []
+        with open(self.trace_file, encoding="utf-8", errors="surrogateescape", newline="\n") as lines:
+            return [tuple(line.rstrip("\n").split("\t")) for line in lines if line.endswith("\n")]
+
+    def commands(self):
+        return [row[0] for row in self.trace()]
+
+    def alive(self):
+        return self.process.poll() is None
+
+    def windows(self):
+        """Title -> (id, x, y, width, height) of the program's windows on the screen."""
+        found = {}
+        for line in self.display.run("wmctrl", "-lpG").stdout.splitlines():
+            fields = line.split(None, 8)
+            if len(fields) == 9 and int(fields[2]) == self.process.pid:
+                place = self.geometry(fields[0])
+                if place:  # Windows may go between the two questions.
+                    found[fields[8]] = (fields[0], *place)
+        return found
+
+    def geometry(self, window):
+        text = self.display.run("xwininfo", "-id", window).stdout
+        keys = ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height")
+        found = [re.search(key + r":\s+(-?\d+)", text) for key in keys]
+        return tuple(int(one.group(1)) for one in found) if all(found) else None
+
+    def video(self, path):
+        return self.windows().get("§" + path)
+
+    def console(self):
+        for title, window in self.windows().items():
+            if title.startswith("Tandrel Player PRO"):
+                return window
+        return None
+
+    def wait_ready(self, videos=0):
+        wait_for(self.console, 20, "the console")
+        wait_for(lambda: sum(title.startswith("§") for title in self.windows()) >= videos, 20, f"{videos} video windows")
+
+    def end(self):
+        if self.alive():
+            self.process.send_signal(signal.SIGTERM)
+            try:
+                self.process.wait(10)
+            except subprocess.TimeoutExpired:
+                self.process.kill()
+                self.process.wait()
+                raise AssertionError("the player did not end when asked to")
+        return self.process.returncode
+
+
+class PlayerTest(unittest.TestCase):
+    """A display and a folder for each test; a screenshot is left where a test fails."""
+
+    display_size = "1920x1080"
+    window_manager = True
+
+    def setUp(self):
+        self.folder_holder = tempfile.TemporaryDirectory(prefix="tandrel-e2e-")
+        self.folder = self.folder_holder.name
+        self.display = Display(self.display_size, self.window_manager).__enter__()
+        self.players = []
+
+    def tearDown(self):
+        result = self._outcome.result
+        failed = any(test is self for test, _ in result.failures + result.errors)
+        if failed:
+            shot = os.path.join(TOP, "build", f"e2e-failed-{self.id()}.png")
+            self.display.screenshot(shot)
+            print(f"Screenshot of the failure: {shot}")
+        try:
+            for player in self.players:
+                player.end()
+        finally:
+            self.display.__exit__()
+            self.folder_holder.cleanup()
+
+    def home(self, name="home", **settings):
+        home = os.path.join(self.folder, name)
+        prepare_home(home, **settings)
+        return home
+
+    def start(self, *arguments, home=None, **environment):
+        runtime = os.path.join(self.folder, "runtime")
+        os.makedirs(runtime, mode=0o700, exist_ok=True)
+        player = Player(self.display, home or self.home(), *arguments, XDG_RUNTIME_DIR=runtime, **environment)
+        self.players.append(player)
+        return player
+
+    def click(self, x, y, button=1):
+        self.display.run("xdotool", "mousemove", str(x), str(y), "click", str(button))
+
+    def answer(self, key, taken, what):
+        """Presses a key in the window that has the focus, again and again until it was taken: a new box may be on the
+        screen before it has the keys."""
+
+        def pressed():
+            if taken():
+                return True
+            self.display.run("xdotool", "key", key)
+            return wait_briefly(taken)
+
+        wait_for(pressed, 20, what)
+
+    def press(self, x, y, button=1):
+        self.display.run("xdotool", "mousemove", str(x), str(y), "mousedown", str(button))
+
+    def release(self, button=1):
+        self.display.run("xdotool", "mouseup", str(button))
+
+    def pixel(self, x, y):
+        """Red, green and blue at a place of the screen, 0 to 255."""
+        raw = subprocess.run(["import", "-window", "root", "-crop", f"1x1+{x}+{y}", "-depth", "8", "rgb:-"],
+                             env=self.display.environment, capture_output=True, check=True).stdout
+        return tuple(raw[:3])
