@@ -35,6 +35,7 @@ struct PixelRect {
     int bottom = 0;
     int width() const { return right - left; }
     int height() const { return bottom - top; }
+    bool contains(PixelPoint at) const { return at.x >= left && at.x < right && at.y >= top && at.y < bottom; }
     friend bool operator==(const PixelRect&, const PixelRect&) = default;
 };
 
@@ -64,6 +65,8 @@ public:
     virtual ~Pointer() = default;
     /// True while the button is down, or was pressed since the last question: a click between two polls is not lost.
     virtual bool buttonDown(MouseButton button) = 0;
+    /// A button went down a moment ago, and no window of ours has been told yet: one may be about to be.
+    virtual bool pressOnItsWay() const = 0;
     virtual PixelPoint position() const = 0;
     /// Where the system refuses the move, the pointer stays.
     virtual void moveTo(PixelPoint place) = 0;

@@ -23,9 +23,11 @@ struct Expected {
 // A report that never came (the window manager refused the focus, say) must not swallow a click much later.
 constexpr std::chrono::milliseconds kReportLimit{1500};
 
-// A window manager activates a window before it hands the click on that asked for it. The activation waits that long
-// for the press, so that it finds the button down however short the click is.
+// A window manager activates a window before it hands the click on that asked for it. The activation waits for that
+// press, so that it finds the button down however short the click is: longer where a press is known to be under way,
+// which a busy window manager may hold back for a while.
 constexpr int kPressWaitMs = 25;
+constexpr int kKnownPressWaitMs = 1000;
 
 struct State {
     std::weak_ptr<Form> active;
@@ -79,6 +81,12 @@ void makeActive(Form& form)
     form.runActivation();
 }
 
+int pressWaitFor(const Form& form)
+{
+    const Pointer& pointer = *services().pointer;
+    return pointer.pressOnItsWay() && form.pixelRect().contains(pointer.position()) ? kKnownPressWaitMs : kPressWaitMs;
+}
+
 } // namespace
 
 Form* activeForm() { return activeNow(); }
@@ -98,7 +106,7 @@ void windowActivated(Form& form)
         return;
     }
     state().waiting = form.weak_from_this();
-    backend().later(kPressWaitMs, [waiting = form.weak_from_this(), report = ++state().waitingReport] {
+    backend().later(pressWaitFor(form), [waiting = form.weak_from_this(), report = ++state().waitingReport] {
         const auto form = waiting.lock();
         if (report == state().waitingReport && form && form == state().waiting.lock() && form->isLoaded() &&
             form->visible())

@@ -56,6 +56,7 @@ class FakePointer : public Pointer
 {
 public:
     bool buttonDown(MouseButton button) override { return button == MouseButton::Left ? left : right; }
+    bool pressOnItsWay() const override { return onItsWay; }
     PixelPoint position() const override { return place; }
     void moveTo(PixelPoint to) override
     {
@@ -64,6 +65,7 @@ public:
     }
     bool left = false;
     bool right = false;
+    bool onItsWay = false;
     PixelPoint place;
     std::vector<PixelPoint> moves;
 };

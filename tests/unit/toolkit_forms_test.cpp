@@ -57,6 +57,39 @@ protected:
     World world;
 };
 
+/// Keeps tasks back until the test runs them.
+class Clockwork : public Backend
+{
+public:
+    struct Task {
+        int ms;
+        std::function<void()> run;
+    };
+    Clockwork() { installBackend(this); }
+    ~Clockwork() override { installBackend(nullptr); }
+    void later(int ms, std::function<void()> task) override { tasks.push_back({ms, std::move(task)}); }
+    std::vector<Task> tasks;
+};
+
+/// Two forms of which the second one is active, and the user about to change to the first.
+class UserChanges : public Forms
+{
+protected:
+    UserChanges()
+    {
+        a->Show();
+        b->Show();
+        windowActivated(*a);
+        windowActivated(*b);
+        happened.clear();
+        world.pointer.place = {a->pixelRect().left, a->pixelRect().top};
+    }
+    ~UserChanges() override { happened.clear(); }
+    Clockwork clockwork;
+    std::shared_ptr<Probe> a = make("a");
+    std::shared_ptr<Probe> b = make("b");
+};
+
 } // namespace
 
 TEST_F(Forms, FirstShowLoadsSizesAndActivatesOnce)
@@ -441,6 +474,49 @@ TEST_F(Forms, ALateReportOfTheLastOfSeveralChangesEndsThemAll)
     EXPECT_THAT(happened, IsEmpty());
     windowActivated(*b);
     EXPECT_THAT(happened, ElementsAre("b activate")) << "the user's own change, not a report of b's show";
+}
+
+TEST_F(UserChanges, AReportAloneActivatesAfterAShortWait)
+{
+    windowActivated(*a);
+    EXPECT_THAT(happened, IsEmpty());
+    ASSERT_EQ(clockwork.tasks.size(), 1u);
+    EXPECT_EQ(clockwork.tasks[0].ms, 25);
+    clockwork.tasks[0].run();
+    EXPECT_THAT(happened, ElementsAre("a activate"));
+}
+
+TEST_F(UserChanges, APressThatIsOnItsWayIsWaitedForLonger)
+{
+    world.pointer.onItsWay = true;
+    windowActivated(*a);
+    ASSERT_EQ(clockwork.tasks.size(), 1u);
+    EXPECT_EQ(clockwork.tasks[0].ms, 1000);
+    userPressed(*a);
+    EXPECT_THAT(happened, ElementsAre("a activate"));
+    clockwork.tasks[0].run();
+    EXPECT_THAT(happened, ElementsAre("a activate")) << "once for both";
+}
+
+TEST_F(UserChanges, APressBesideTheWindowIsNotWaitedFor)
+{
+    world.pointer.onItsWay = true;
+    world.pointer.place = {a->pixelRect().right, a->pixelRect().top};
+    windowActivated(*a);
+    ASSERT_EQ(clockwork.tasks.size(), 1u);
+    EXPECT_EQ(clockwork.tasks[0].ms, 25);
+}
+
+TEST_F(UserChanges, TheWaitOfAnEarlierReportDoesNotCutALaterOneShort)
+{
+    windowActivated(*a);
+    windowActivated(*b);
+    windowActivated(*a);
+    ASSERT_EQ(clockwork.tasks.size(), 2u) << "the way back to the active form needs no activation";
+    clockwork.tasks[0].run();
+    EXPECT_THAT(happened, IsEmpty());
+    clockwork.tasks[1].run();
+    EXPECT_THAT(happened, ElementsAre("a activate"));
 }
 
 } // namespace tandrel::test

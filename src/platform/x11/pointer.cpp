@@ -50,6 +50,8 @@ bool X11Pointer::buttonDown(MouseButton button)
     return latched || (buttonMask() & bit) != 0;
 }
 
+bool X11Pointer::pressOnItsWay() const { return raw_.undelivered(); }
+
 PixelPoint X11Pointer::position() const
 {
     const QPoint at = QCursor::pos();
@@ -62,6 +64,7 @@ bool X11Pointer::eventFilter(QObject*, QEvent* event)
 {
     if (event->type() != QEvent::MouseButtonPress)
         return false;
+    raw_.delivered();
     const auto button = static_cast<QMouseEvent*>(event)->button();
     // A new press is the latest cause there is: an older one that nobody asked for is none any more. The same press is
     // seen by a window and its widgets, one after the other.

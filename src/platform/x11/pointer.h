@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/services.h"
+#include "platform/x11/raw_presses.h"
 
 #include <QElapsedTimer>
 #include <QObject>
@@ -18,6 +19,7 @@ class X11Pointer : public QObject, public Pointer
 public:
     X11Pointer();
     bool buttonDown(MouseButton button) override;
+    bool pressOnItsWay() const override;
     PixelPoint position() const override;
     void moveTo(PixelPoint place) override;
 
@@ -26,6 +28,7 @@ protected:
 
 private:
     std::map<MouseButton, QElapsedTimer> pressed_;
+    RawPresses raw_;
 };
 
 } // namespace tandrel
