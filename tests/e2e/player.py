@@ -18,12 +18,23 @@ CAPTION_BAND = 25
 
 
 def clips(count, folder):
-    """So many files to play: links to test media under names of their own."""
-    kinds = ["h264_30.mp4", "h264_25.mp4"]
+    """So many files of ten seconds to play: links to test media under names of their own."""
+    return links([os.path.join(MEDIA, name) for name in ("h264_30.mp4", "h264_25.mp4")], count, folder)
+
+
+def long_clips(count, folder):
+    """The same over and over for minutes, so that even a machine under load finds them playing."""
+    once = os.path.join(MEDIA, "h264_30.mp4")
+    whole = os.path.join(folder, "minutes.mp4")
+    subprocess.run(["ffmpeg", "-v", "error", "-stream_loop", "29", "-i", once, "-c", "copy", whole], check=True)
+    return links([whole], count, folder)
+
+
+def links(kinds, count, folder):
     names = []
     for index in range(count):
         name = os.path.join(folder, f"clip {index:02}.mp4")
-        os.symlink(os.path.join(MEDIA, kinds[index % len(kinds)]), name)
+        os.symlink(kinds[index % len(kinds)], name)
         names.append(name)
     return names
 
@@ -56,6 +67,9 @@ class Player:
     def commands(self):
         return [row[0] for row in self.trace()]
 
+    def wait_for_commands(self, *commands):
+        wait_for(lambda: set(commands) <= set(self.commands()), 20, f"the commands {commands}")
+
     def alive(self):
         return self.process.poll() is None
 
@@ -78,6 +92,14 @@ class Player:
 
     def video(self, path):
         return self.windows().get("§" + path)
+
+    def place(self, path):
+        """x, y, width and height of a video window; all None while it is off the screen."""
+        return (self.video(path) or (None,) * 5)[1:]
+
+    def size(self, path):
+        """Width and height of a video window, (0, 0) while it is off the screen."""
+        return (self.video(path) or (0,) * 5)[3:]
 
     def console(self):
         for title, window in self.windows().items():
@@ -138,6 +160,13 @@ class PlayerTest(unittest.TestCase):
         player = Player(self.display, home or self.home(), *arguments, XDG_RUNTIME_DIR=runtime, **environment)
         self.players.append(player)
         return player
+
+    def assert_place(self, player, path, expected, message=None):
+        """A video window stands there, or does so soon."""
+        try:
+            wait_for(lambda: player.place(path) == expected, 20, "a place")
+        except GaveUp:
+            self.assertEqual(player.place(path), expected, message)
 
     def click(self, x, y, button=1):
         self.display.run("xdotool", "mousemove", str(x), str(y), "click", str(button))

@@ -18,7 +18,7 @@ class Starts(PlayerTest):
         player = self.start()
         player.wait_ready()
         mark = os.path.join(player.home, "pres.dat")
-        wait_for(lambda: os.path.exists(mark), 5, "the mark of the owner")
+        wait_for(lambda: os.path.exists(mark), 20, "the mark of the owner")
         console = int(player.console()[0], 16)
         self.assertEqual(read(mark), f" {console} \r\n".encode())
         _, x, y, width, height = player.console()
@@ -32,16 +32,16 @@ class Starts(PlayerTest):
         wait_for(lambda: "Tandrel Player" in " ".join(player.windows()), 20, "the question for the language")
         settings = os.path.join(home, "MsShareStuff.ini")
         self.answer("Return", lambda: os.path.exists(settings) and b"langos=EN" in read(settings), "the language")
-        wait_for(lambda: any("PRO" in title for title in player.windows()), 10, "the question for the primary player")
+        wait_for(lambda: any("PRO" in title for title in player.windows()), 20, "the question for the primary player")
         self.answer("alt+n", lambda: read(os.path.join(home, "ext.dat")) == b"1\r\n", "the answer")
-        wait_for(lambda: b"vistaos=1" in read(settings), 5, "the mark of the first run")
+        wait_for(lambda: b"vistaos=1" in read(settings), 20, "the mark of the first run")
         player.wait_ready()
 
     def test_a_file_is_handed_over_while_the_owner_starts(self):
         first, second = clips(2, self.folder)
         owner = self.start(home=self.home(slide="0"))
         owner.wait_ready()
-        wait_for(lambda: os.path.exists(owner.home + "/pres.dat"), 5, "the mark of the owner")
+        wait_for(lambda: os.path.exists(owner.home + "/pres.dat"), 20, "the mark of the owner")
         os.remove(owner.home + "/pres.dat")
         for name in (first, second):
             later = self.start(name, home=owner.home)
@@ -51,22 +51,21 @@ class Starts(PlayerTest):
         wait_for(lambda: self.took_after_coming_back(owner), 20, "the activation that takes the files")
         wait_for(lambda: owner.video(first) and owner.video(second), 20, "both windows")
         self.assertFalse(os.path.exists(owner.home + "/list.dat"))
-        self.assertEqual(owner.video(first)[1:], (0, 0, 960, 540))
-        for name in (first, second):
-            self.assertIn(f'Play "{name}" from 0', owner.commands())
+        self.assert_place(owner, first, (0, 0, 960, 540))
+        owner.wait_for_commands(*(f'Play "{name}" from 0' for name in (first, second)))
 
     def test_of_files_opened_together_none_is_lost(self):
         names = clips(4, self.folder)
         home = self.home(slide="0")
         players = [self.start(name, home=home) for name in names]
-        wait_for(lambda: sum(player.alive() for player in players) == 1 or self.all_are_up(players), 30, "one to be left")
-        owner = next(player for player in players if player.alive() and player.console())
+        owner = wait_for(lambda: self.first_when_all_are_up(players), 30, "the processes that stay to have their consoles")
         wait_for(lambda: self.none_is_lost(players, names, home), 30, "every file shown, or with a console of its own")
         self.assertFalse(os.path.exists(home + "/list.dat"))
         self.assertTrue(owner.alive())
 
-    def all_are_up(self, players):
-        return all(player.console() for player in players if player.alive())
+    def first_when_all_are_up(self, players):
+        staying = [player for player in players if player.alive()]
+        return all(player.console() for player in staying) and staying and staying[0]
 
     def none_is_lost(self, players, names, home):
         """A file is shown by some process, or its process came up as a second console beside an owner that was ready."""
@@ -84,8 +83,8 @@ class Starts(PlayerTest):
     def leave_and_come_back(self, player):
         """Another program takes the focus, then the user clicks the console."""
         other = self.display.run("bash", "-c", "xmessage -buttons ok hello >/dev/null 2>&1 & echo $!")
-        wait_for(lambda: self.display.run("xdotool", "search", "--name", "xmessage").stdout, 10, "another program")
-        window = self.display.run("xdotool", "search", "--onlyvisible", "--name", "xmessage").stdout.split()[0]
+        window = wait_for(lambda: self.display.run("xdotool", "search", "--onlyvisible", "--name", "xmessage").stdout.split(), 20,
+                          "another program")[0]
         self.display.run("xdotool", "windowactivate", "--sync", window)
         console = player.console()[0]
         self.display.run("xdotool", "windowactivate", "--sync", console)
@@ -103,7 +102,7 @@ class Starts(PlayerTest):
         name = clips(1, self.folder)[0]
         owner = self.start(home=self.home(slide="0", top="1500", left="1500"))
         owner.wait_ready()
-        wait_for(lambda: os.path.exists(owner.home + "/pres.dat"), 5, "the mark of the owner")
+        wait_for(lambda: os.path.exists(owner.home + "/pres.dat"), 20, "the mark of the owner")
         second = self.start(name, home=owner.home)
         second.wait_ready()
         _, x, y, _, _ = second.console()
@@ -121,7 +120,7 @@ class Starts(PlayerTest):
         player.process.wait(10)
         again = self.start(*names, home=home)
         again.wait_ready(3)
-        self.assertEqual(again.video(names[0])[1:], (0, 0, 960, 540))
+        self.assert_place(again, names[0], (0, 0, 960, 540))
 
     def test_a_data_folder_that_cannot_be_written(self):
         blocked = os.path.join(self.folder, "a file")

@@ -12,8 +12,8 @@ class Windows(PlayerTest):
         player = self.start(*names, home=self.home(slide="0", **settings))
         player.wait_ready(2)
         # The open ends with the console in front: a click before that is one into the middle of it.
-        wait_for(lambda: all(f'Play "{name}" ' in player.commands() for name in names), 10, "both to play")
-        wait_for(lambda: self.in_front() == player.console()[0], 10, "the console in front")
+        wait_for(lambda: all(f'Play "{name}" ' in player.commands() for name in names), 20, "both to play")
+        wait_for(lambda: self.in_front() == (player.console() or [None])[0], 20, "the console in front")
         return player, names
 
     def in_front(self):
@@ -27,39 +27,39 @@ class Windows(PlayerTest):
         name = clips(1, self.folder)[0]
         player = self.start(name)
         player.wait_ready(1)
-        self.assertEqual(player.video(name)[1:], (27, 27, 788, 425))
+        self.assert_place(player, name, (27, 27, 788, 425))
         alias = f'"{name}"'
         picture = f"put {alias} window at 0 0 781 398"
-        wait_for(lambda: picture in player.commands(), 5, "the picture to fill its window")
+        wait_for(lambda: picture in player.commands(), 20, "the picture to fill its window")
         commands = [one for one in player.commands() if not one.startswith("Open ")]
         self.assertEqual(commands[:4], [f"Pause {alias}", f"Where {alias} destination", f"set {alias} time format frames",
                                         f"status {alias} length"])
-        self.assertIn(f"Play {alias} ", commands)
+        player.wait_for_commands(f"Play {alias} ")
 
     def test_a_right_click_brings_full_screen_and_the_panel_leads_back(self):
         player, names = self.two()
         _, x, y, width, height = player.video(names[0])
-        before = player.video(names[0])[1:]
+        before = player.place(names[0])
         self.click(x + width // 2, y + height // 3, button=3)
-        wait_for(lambda: player.video(names[0])[1:] == (0, 0, 1920, 1080), 5, "full screen")
-        panel = wait_for(lambda: self.panel(player), 5, "the panel")
-        wait_for(lambda: self.panel(player)[1:] == (0, 1080 - 61, 1920, 61), 5, "the panel to stand")
-        self.assertIn(f'put "{names[0]}" window at 0 0 1920 1080', player.commands())
+        wait_for(lambda: player.place(names[0]) == (0, 0, 1920, 1080), 20, "full screen")
+        panel = wait_for(lambda: self.panel(player), 20, "the panel")
+        wait_for(lambda: self.panel(player)[1:] == (0, 1080 - 61, 1920, 61), 20, "the panel to stand")
+        player.wait_for_commands(f'put "{names[0]}" window at 0 0 1920 1080')
         self.click(panel[1] + 960 + 12, 1080 - 61 + 18 + 12)
-        wait_for(lambda: player.video(names[0])[1:] == before, 5, "the old place")
-        wait_for(lambda: self.panel(player) is None, 5, "the end of the panel")
+        wait_for(lambda: player.place(names[0]) == before, 20, "the old place")
+        wait_for(lambda: not self.panel(player), 20, "the end of the panel")
         self.assertTrue(player.alive())
 
     def test_a_full_screen_window_that_is_closed_ends_full_screen(self):
         player, names = self.two()
         _, x, y, width, height = player.video(names[0])
         self.click(x + width // 2, y + height // 3, button=3)
-        full = wait_for(lambda: player.video(names[0])[1:] == (0, 0, 1920, 1080) and player.video(names[0]), 5, "full screen")
+        full = wait_for(lambda: player.place(names[0]) == (0, 0, 1920, 1080) and player.video(names[0]), 20, "full screen")
         self.display.run("wmctrl", "-ic", full[0])
-        wait_for(lambda: player.video(names[0]) is None and self.panel(player) is None, 5, "the end of window and panel")
+        wait_for(lambda: player.video(names[0]) is None and not self.panel(player), 20, "the end of window and panel")
         _, x, y, width, height = player.video(names[1])
         self.click(x + width // 2, y + height // 3, button=3)
-        wait_for(lambda: player.video(names[1])[1:] == (0, 0, 1920, 1080), 5, "full screen of the other video")
+        wait_for(lambda: player.place(names[1]) == (0, 0, 1920, 1080), 20, "full screen of the other video")
 
     def test_a_right_click_on_the_active_window_does_not_bring_full_screen(self):
         player, names = self.two()
@@ -69,11 +69,11 @@ class Windows(PlayerTest):
         _, x2, y2, width2, height2 = player.video(names[1])
         self.click(x2 + width2 // 2, y2 + height2 // 3)
         self.click(x2 + width2 // 2, y2 + height2 // 3, button=5)
-        wait_for(lambda: player.video(names[1])[3] < width2, 5, "the wheel that came behind it")
-        self.assertEqual(player.video(names[0])[1:], (x, y, width, height))
+        wait_for(lambda: player.size(names[1])[0] < width2, 20, "the wheel that came behind it")
+        self.assert_place(player, names[0], (x, y, width, height))
 
     def panel(self, player):
-        return player.windows().get("Panel")
+        return player.windows().get("Panel", ())
 
     def test_the_wheel_sizes_the_window(self):
         player, names = self.two()
@@ -81,15 +81,15 @@ class Windows(PlayerTest):
         self.click(x + 300, y + 200)
         self.click(x + 300, y + 200, button=5)
         smaller = (round(width * 0.9), round(height * 0.9))
-        wait_for(lambda: player.video(names[0])[3:] == smaller, 5, f"a window of {smaller}")
+        wait_for(lambda: player.size(names[0]) == smaller, 20, f"a window of {smaller}")
         self.click(x + 300, y + 200, button=4)
-        wait_for(lambda: player.video(names[0])[3] > smaller[0], 5, "a larger window")
+        wait_for(lambda: player.size(names[0])[0] > smaller[0], 20, "a larger window")
 
     def test_the_exit_button_ends_the_program_and_keeps_the_place(self):
         player, _ = self.two()
         _, x, y, width, _ = player.console()
         self.click(x + width - 44, y + 26)
-        wait_for(lambda: not player.alive(), 10, "the end of the program")
+        wait_for(lambda: not player.alive(), 20, "the end of the program")
         self.assertEqual(player.process.returncode, 0)
         self.assertEqual(player.commands()[-1], "Close all")
         with open(player.home + "/MsShareStuff.ini", encoding="utf-8") as settings:
@@ -113,10 +113,10 @@ class WithoutWindowManager(PlayerTest):
         first = wait_for(lambda: self.window(player, names[0]), 20, "the first window")
         wait_for(lambda: self.window(player, names[1]), 20, "the second window")
         wait_for(lambda: f'Play "{names[1]}" ' in player.commands(), 20, "both to play")
-        wait_for(lambda: player.geometry(first) == (0, 0, 960, 540), 5, "the place in the grid")
+        wait_for(lambda: player.geometry(first) == (0, 0, 960, 540), 20, "the place in the grid")
         self.press(300, 200, button=3)
         try:
-            wait_for(lambda: player.geometry(first) == (0, 0, 1920, 1080), 5, "full screen")
+            wait_for(lambda: player.geometry(first) == (0, 0, 1920, 1080), 20, "full screen")
         finally:
             self.release(button=3)
         self.assertTrue(player.alive())
@@ -137,9 +137,9 @@ class TwoMonitors(PlayerTest):
         player.wait_ready(4)
         corners = [(1280, 0), (1920, 0), (1920, 512), (1280, 512)]
         for name, corner in zip(names, corners):
-            self.assertEqual(player.video(name)[1:], (*corner, 640, 512), name)
+            self.assert_place(player, name, (*corner, 640, 512), name)
         self.click(1280 + 300, 200, button=3)
-        wait_for(lambda: player.video(names[0])[1:] == (1280, 0, 1280, 1024), 5, "full screen on the second monitor")
+        wait_for(lambda: player.place(names[0]) == (1280, 0, 1280, 1024), 20, "full screen on the second monitor")
 
 
 if __name__ == "__main__":
