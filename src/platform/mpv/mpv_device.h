@@ -64,6 +64,9 @@ private:
         int answersMissing = 0;
         /// The number of the first question about the loaded file; 0 before.
         std::uint64_t firstQuestion = 0;
+        /// The number of the question about the length, and the hook that waits for its answer.
+        std::uint64_t lengthQuestion = 0;
+        std::uint64_t lengthHook = 0;
         MediaTracks tracks;
         /// Its seeks are guesses.
         bool guesses = false;
@@ -74,6 +77,7 @@ private:
 
     OpenFailure tryLoad(const std::string& file, Moment deadline, Loading& loading);
     void hearLoading(const mpv_event& event, Loading& loading);
+    void takeLength(const mpv_event& answer);
     void takeFact(const mpv_event_property& fact, Loading& loading);
     /// Waits for the first picture, and takes its size from there.
     bool learnFromPicture(Moment deadline, MediaTracks& tracks);

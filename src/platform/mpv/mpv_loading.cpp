@@ -19,12 +19,14 @@ constexpr double kNominalFrameRate = 25;
 // Containers without an index, in which a seek lands somewhere near its target.
 constexpr std::array<std::string_view, 2> kGuessingFormats{"mpegts", "mpeg"};
 
+// Between the open of a file and the first packet that is read from it.
+constexpr const char* kBeforeReading = "on_preloaded";
+
 struct FactQuestion {
     const char* property;
     mpv_format format;
 };
 constexpr FactQuestion kFacts[]{
-    {"duration", MPV_FORMAT_DOUBLE},
     {"seekable", MPV_FORMAT_FLAG},
     {"track-list", MPV_FORMAT_NODE},
     {"file-format", MPV_FORMAT_STRING},
@@ -40,6 +42,7 @@ OpenFailure MpvDevice::load(const std::string& file, bool withoutSound)
         channel_.command({"set", "wid", std::to_string(window_->canvas()).c_str()});
     else
         channel_.command({"set", "vo", "null"});
+    mpv_hook_add(channel_.handle(), 0, kBeforeReading, 0);
     Loading loading;
     auto failure = tryLoad(file, deadline, loading);
     if (failure == OpenFailure::NotPlayable && withoutSound) {
@@ -104,6 +107,11 @@ OpenFailure MpvDevice::tryLoad(const std::string& file, Moment deadline, Loading
 void MpvDevice::hearLoading(const mpv_event& event, Loading& loading)
 {
     switch (event.event_id) {
+    case MPV_EVENT_HOOK:
+        // Of a file that does not tell its length, libmpv takes what it has read so far for the length.
+        loading.lengthHook = static_cast<const mpv_event_hook*>(event.data)->id;
+        loading.lengthQuestion = channel_.ask("duration", MPV_FORMAT_DOUBLE);
+        break;
     case MPV_EVENT_FILE_LOADED:
         loading.loaded = true;
         for (const FactQuestion& question : kFacts) {
@@ -119,6 +127,11 @@ void MpvDevice::hearLoading(const mpv_event& event, Loading& loading)
         loading.shown = true;
         break;
     case MPV_EVENT_GET_PROPERTY_REPLY:
+        if (event.reply_userdata == loading.lengthQuestion) {
+            takeLength(event);
+            mpv_hook_continue(channel_.handle(), loading.lengthHook);
+            break;
+        }
         // An answer to an earlier try says nothing of this one.
         if (loading.firstQuestion == 0 || event.reply_userdata < loading.firstQuestion)
             break;
@@ -131,12 +144,20 @@ void MpvDevice::hearLoading(const mpv_event& event, Loading& loading)
     }
 }
 
+void MpvDevice::takeLength(const mpv_event& answer)
+{
+    facts_.length.reset();
+    if (answer.error < 0)
+        return;
+    const double seconds = *static_cast<const double*>(static_cast<const mpv_event_property*>(answer.data)->data);
+    if (seconds > 0)
+        facts_.length = seconds;
+}
+
 void MpvDevice::takeFact(const mpv_event_property& fact, Loading& loading)
 {
     const std::string_view name = fact.name;
-    if (name == "duration" && *static_cast<const double*>(fact.data) > 0)
-        facts_.length = *static_cast<const double*>(fact.data);
-    else if (name == "seekable")
+    if (name == "seekable")
         seekable_ = *static_cast<const int*>(fact.data) != 0;
     else if (name == "track-list")
         loading.tracks = readTracks(*static_cast<const mpv_node*>(fact.data));
