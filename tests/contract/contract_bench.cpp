@@ -40,6 +40,7 @@ public:
         }
         return false;
     }
+    std::chrono::steady_clock::time_point now() const override { return clock_.now(); }
 
 private:
     SimulatedClock clock_;
@@ -63,6 +64,7 @@ public:
         }
         return false;
     }
+    std::chrono::steady_clock::time_point now() const override { return std::chrono::steady_clock::now(); }
 
 private:
     MciService mci_{makeMpvEngine({.outputs = false, .pixelRatio = nullptr, .mostDevices = 2})};

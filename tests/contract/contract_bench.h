@@ -19,6 +19,8 @@ public:
     virtual MciService& mci() = 0;
     /// Lets time pass, the service being idle, until the condition holds; false if it never did.
     virtual bool waitUntil(const std::function<bool()>& condition) = 0;
+    /// By the clock that the devices play by.
+    virtual std::chrono::steady_clock::time_point now() const = 0;
 };
 
 struct BenchRow {
@@ -43,6 +45,12 @@ protected:
     /// Opens a test file under an alias.
     int open(const std::string& name, const std::string& alias = "A");
     bool waitUntil(const std::function<bool()>& condition) { return bench_->waitUntil(condition); }
+    /// Lets so much of the medium's time pass without a single question.
+    void letPass(std::chrono::milliseconds time)
+    {
+        const auto end = bench_->now() + time;
+        ASSERT_TRUE(waitUntil([&] { return bench_->now() >= end; }));
+    }
     /// Lets the device run until its position is beyond `place`.
     bool playBeyond(long place);
     MciService& mci() { return bench_->mci(); }

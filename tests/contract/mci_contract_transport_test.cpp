@@ -137,6 +137,36 @@ TEST_P(MciContract, ALastFrameThatWasSteppedToIsPlayedToTheEnd)
     EXPECT_EQ(ask("status A position"), "60");
 }
 
+TEST_P(MciContract, PlayFromGoesOnWhereTheEndWasReachedUnseen)
+{
+    ASSERT_EQ(open("short.mp4"), 0);
+    EXPECT_EQ(send("Play A"), 0);
+    // Nobody asks, so only time tells that the two seconds are over.
+    letPass(std::chrono::seconds(3));
+    EXPECT_EQ(send("Play A from 0"), 0);
+    EXPECT_EQ(ask("status A mode"), "playing");
+    EXPECT_TRUE(waitUntil([&] { return number("status A position wait") > 500; }));
+}
+
+TEST_P(MciContract, PlayGoesOnAfterAStepBackFromTheEnd)
+{
+    ASSERT_EQ(open("short.mp4"), 0);
+    EXPECT_EQ(send("seek A to 2000"), 0);
+    EXPECT_EQ(send("step A reverse"), 0);
+    EXPECT_EQ(send("Play A"), 0);
+    EXPECT_EQ(ask("status A mode"), "playing");
+    EXPECT_TRUE(waitUntil([&] { return ask("status A mode") == "stopped"; }));
+    EXPECT_EQ(ask("status A position"), "2000");
+}
+
+TEST_P(MciContract, APlaceThatARunningDeviceIsSentToIsAnsweredAtOnce)
+{
+    ASSERT_EQ(open("h264_30.mp4"), 0);
+    EXPECT_TRUE(playBeyond(100));
+    EXPECT_EQ(send("Play A from 5001"), 0);
+    EXPECT_NEAR(number("status A position"), 5000.5, 0.5) << "the place, or the time of the frame that shows it";
+}
+
 TEST_P(MciContract, AnUnknownLengthLiesAheadUntilTheEndIsFound)
 {
     ASSERT_EQ(open("live.mkv"), 0);

@@ -61,6 +61,8 @@ void Device::play(Moment now)
 {
     if (running_ || startWanted_)
         return;
+    if (stepped_ && atEnd())
+        settleAtRest();
     mode_ = atEnd() ? Mode::Stopped : Mode::Playing;
     if (!atEnd())
         startWanted_ = now;
@@ -111,7 +113,7 @@ void Device::pause()
 void Device::goTo(double place)
 {
     const auto length = knownLength();
-    mayHaveEnded_ = false;
+    mayHaveEnded_ = stepped_ = false;
     if (length && place >= *length) {
         asked_ = AskedPlace{.end = true, .value = *length, .format = format_, .shown = {}};
         media_->seekToEnd();
@@ -144,10 +146,13 @@ int Device::playFrom(double place, Moment now)
     }
     goTo(place);
     mode_ = Mode::Playing;
-    if (running_)
+    if (running_) {
         asked_.reset();
-    else
+        // It may have come to its end, and stopped there, since anybody looked.
+        media_->play();
+    } else {
         startWanted_ = now;
+    }
     return mci_error::kNone;
 }
 
@@ -157,8 +162,10 @@ int Device::step(StepDirection direction)
     mode_ = Mode::Paused;
     if (!settleAtRest())
         return mci_error::kNotReady;
-    if (!atEnd() || direction == StepDirection::Backward)
+    if (!atEnd() || direction == StepDirection::Backward) {
         media_->step(direction);
+        stepped_ = true;
+    }
     return mci_error::kNone;
 }
 
@@ -195,7 +202,7 @@ bool Device::settleAtRest()
     const MediaReading reading = media_->read();
     if (mayHaveEnded_ && reading.ended)
         noteEnd(reading.seconds);
-    mayHaveEnded_ = false;
+    mayHaveEnded_ = stepped_ = false;
     if (!asked_)
         return true;
     if (!asked_->shown)

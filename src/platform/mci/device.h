@@ -82,6 +82,8 @@ private:
     bool running_ = false;
     /// A pause came while the device ran: it may have reached the end before.
     bool mayHaveEnded_ = false;
+    /// A step has been asked for and not been waited for.
+    bool stepped_ = false;
     std::optional<Moment> startWanted_;
     std::optional<PixelRect> placeWanted_;
     /// A move under way has been waited for in vain.

@@ -50,7 +50,8 @@ public:
 
     virtual const MediaFacts& facts() const = 0;
 
-    /// Runs on from where it stands. Blocks only where a step of this device is still under way.
+    /// Runs on from where it stands; also after a seek of a running device that had come to its end unseen. Blocks only
+    /// where a step of this device is still under way.
     virtual void play() = 0;
     /// Holds the picture. Never blocks.
     virtual void pause() = 0;

@@ -110,10 +110,12 @@ void MpvDevice::hearPlace(const mpv_event& event)
 {
     const void* value = static_cast<const mpv_event_property*>(event.data)->data;
     if (event.reply_userdata == firstAsked_) {
-        ended_ = event.error >= 0 && *static_cast<const int*>(value) != 0;
-        running_ = running_ && !ended_;
+        endAnswer_ = event.error >= 0 && *static_cast<const int*>(value) != 0;
     } else if (event.reply_userdata == placeAsked_) {
         placeAsked_ = 0;
+        // The end counts once its place is known too.
+        ended_ = endAnswer_;
+        running_ = running_ && !ended_;
         if (event.error >= 0)
             notePlace(*static_cast<const double*>(value));
         if (stage_ == Stage::Reading)
@@ -142,10 +144,13 @@ void MpvDevice::play()
     if (stage_ == Stage::Stepping)
         settle();
     drain();
-    if (running_ || ended_)
+    if (ended_)
+        return;
+    // libmpv pauses by itself at an end, of which a running device may not have heard before it was sent elsewhere.
+    channel_.set("pause", false);
+    if (running_)
         return;
     turnSound(true);
-    channel_.set("pause", false);
     running_ = true;
     forgetMoves();
     placeAt_ = now();

@@ -149,6 +149,7 @@ private:
     std::optional<double> soundTime_;
 
     /// The questions for the place that have not been answered yet: from the first to the last, which is 0 if all are.
+    bool endAnswer_ = false;
     std::uint64_t firstAsked_ = 0;
     std::uint64_t placeAsked_ = 0;
     Moment placeAskedAt_;

@@ -43,7 +43,8 @@ void MpvDevice::seek(double seconds)
     correction_ = Correction::None;
     turnSound(true);
     sendSeek(target);
-    place_ = lastRead_ = seconds;
+    // Whoever asks for a time between two units wants to hear the lower one.
+    place_ = lastRead_ = std::max(0.0, seconds - kTimeEpsilon);
 }
 
 void MpvDevice::seekToEnd()
