@@ -20,9 +20,10 @@ void frmMedia::onActivate()
 {
     const bool heldByCommand = screen().MousePointer() == pointer::kHourglass;
     TrackHold = true;
+    handoverUnreadable_ = false;
     bool settled = false;
     while (!settled) {
-        if (handover::exists() && !handoverStuck_) {
+        if (handoverIsDue()) {
             const bool taken = trap([this] { takeHandover(); });
             holdTimers(false);
             Unload<class frmWait>();
@@ -44,26 +45,30 @@ bool frmMedia::markOwner()
     // Starts look for the mark and hand over in one turn of theirs, so that none hands over to a process that has taken
     // its list for the last time.
     services().instances->exclusively([&] {
-        settled = !handover::exists() || handoverStuck_;
+        settled = !handoverIsDue();
         if (settled && !presence::exists())
             presence::write(hWnd());
     });
     return settled;
 }
 
+bool frmMedia::handoverIsDue() const { return handover::exists() && !handoverUnreadable_ && !handoverStuck_; }
+
 void frmMedia::takeHandover()
 {
     const auto lines = handover::lines();
     if (!lines) {
-        handoverStuck_ = true;
+        handoverUnreadable_ = true;
         return;
     }
     if (FastForward || FastRewind)
         MediaPause();
     holdTimers(true);
     List1.Clear();
-    endOtherMedia();
-    openHandedOver(newPaths(*lines));
+    const std::vector<Text> paths = newPaths(*lines);
+    if (!paths.empty())
+        endOtherMedia();
+    openHandedOver(paths);
     services().instances->exclusively([&] { handoverStuck_ = !handover::removeFirst(lines->size()); });
     startLeadOfHandover();
     arrangeHandover();
@@ -123,8 +128,10 @@ void frmMedia::arrangeHandover()
 {
     const Text lead = CurrentAlias;
     const bool playAll = SlideMode == "0";
+    // A window that failed widens the grid, as in the arrangement of the open windows, and takes no cell.
+    const Long live = liveCount();
     sweepFailedSlots();
-    const Long count = liveCount();
+    const Long count = playAll ? live : liveCount();
     if (count <= 0 || count > MaxVideos)
         return;
     Long place = 0;

@@ -42,6 +42,8 @@ frmMedia::frmMedia()
     VolumeSlider.Value = 50;
     InvertSlider.Value = 50;
     VolumeSlider.Visible = false;
+    lblClick.Visible = false;
+    lblDblClick.Visible = false;
     for (Slider* slider : {&VolumeSlider, &InvertSlider})
         slider->ToolTip = "Volume";
     imgResize.ToolTip = "PlayAll Mode or PlayList Mode";

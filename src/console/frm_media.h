@@ -76,6 +76,8 @@ public:
     Label lblDuration{*this, "lblDuration", {3300, 1425, 1800, 360}, "0:00:00"};
     Label lblSpeed{*this, "lblSpeed", {5250, 1290, 600, 330}, "0x"};
     Label lblSize{*this, "lblSize", {6000, 1290, 900, 330}, "100 %"};
+    Label lblClick{*this, "lblClick", {0, 0, 900, 240}};
+    Label lblDblClick{*this, "lblDblClick", {0, 0, 900, 240}};
     Label Label3{*this, "Label3", {600, 2760, 6000, 240}};
     Label Label4{*this, "Label4", {11850, 900, 600, 240}, "VOL"};
     Slider SeekSlider{*this, "SeekSlider", {480, 2370, 12540, 330}, false};
@@ -124,9 +126,10 @@ private:
     void readSettings();
     void findMonitor();
     void noteFirstRun();
-    void askPrimaryPlayer();
-    /// Keeps the answer, and with No the text after which the question comes again.
-    void askPrimaryQuestion(const Text& monthIfRefused);
+    /// True if the player is to be the default for its types of file, by the answer of now or of an earlier start.
+    bool askPrimaryPlayer();
+    /// True for Yes. Keeps the answer, and with No the text after which the question comes again.
+    bool askPrimaryQuestion(const Text& monthIfRefused);
     void placeConsole();
     void showTitle();
     void openCommandLine();
@@ -134,7 +137,7 @@ private:
     // What later forms bring, in the order in which the load calls it.
     void nameInLanguage();
     void showSplash();
-    void registerFileClasses();
+    void registerFileClasses(bool asDefault);
     void dressConsole();
     void makeFileDialog();
     void takeHotKeys();
@@ -147,6 +150,7 @@ private:
     void offsetPlace();
 
     // activation.cpp
+    bool handoverIsDue() const;
     void takeHandover();
     void openHandedOver(const std::vector<Text>& paths);
     /// The paths of these lines that are not open yet, as long as there is room.
@@ -193,6 +197,8 @@ private:
     // monitor.cpp
     void Timer2_Timer();
     void leaveFullScreen();
+    /// What the hidden labels of the double-click test say.
+    void tellClicks();
 
     // shutdown.cpp
     void cmdMedia_Click(int index);
@@ -202,7 +208,9 @@ private:
     void restoreVideos();
     // What later forms bring, in the order in which the end and the return call it.
     void stopDvd();
-    void unloadOtherForms();
+    void unloadOtherMedia();
+    void unloadNotices();
+    void unloadOtherMenus();
     void releaseHooks();
     void restoreOtherMedia();
 
@@ -210,7 +218,9 @@ private:
 
     Text storedTop_;
     Text storedLeft_;
-    /// The list of handed over files can't be deleted: it has been taken once, and that must do.
+    /// The list of handed over files can't be read: the next activation tries again.
+    bool handoverUnreadable_ = false;
+    /// It can't be deleted: it has been taken once, and that must do.
     bool handoverStuck_ = false;
 };
 

@@ -38,6 +38,16 @@ TwipsRect onMonitor(const PixelRect& place)
     return {console.FullLeft + x * place.left, console.FullTop + y * place.top, x * place.width(), y * place.height()};
 }
 
+// One side after the other: a window that is on the screen fits its picture after each.
+void putIntoCell(frmChild& window, const PixelRect& cell)
+{
+    const TwipsRect place = onMonitor(cell);
+    window.Top = place.top;
+    window.Left = place.left;
+    window.Width = place.width;
+    window.Height = place.height;
+}
+
 } // namespace
 
 void frmMedia::keepWaitInFront()
@@ -87,15 +97,17 @@ void frmMedia::placeGrid(frmChild& window, Long count, Long cell)
     if (count == 1)
         placeAlone(window);
     else
-        window.Move(onMonitor(gridCell(count, cell, monitorPixels(), CellOrder::Clockwise)));
+        putIntoCell(window, gridCell(count, cell, monitorPixels(), CellOrder::Clockwise));
 }
 
 void frmMedia::placeBeside(frmChild& window, Long count, Long tile, bool lead)
 {
     if (count == 1)
         placeAlone(window);
+    else if (lead)
+        window.Move(onMonitor(leadPlace(monitorPixels())));
     else
-        window.Move(onMonitor(lead ? leadPlace(monitorPixels()) : tilePlace(count, tile, monitorPixels())));
+        putIntoCell(window, tilePlace(count, tile, monitorPixels()));
 }
 
 void frmMedia::showPlaced(frmChild& window, bool play)
@@ -187,7 +199,6 @@ void frmMedia::SlideShow()
     CurrentAlias = kept;
     if (frmChild* window = slotPlaying(CurrentAlias)) {
         ignoringErrors([&] { MediaSeekPlay(0, 0); });
-        VolumeSlider.Value = window->Volume;
         mciSend("setaudio " + CurrentAlias + " Volume to " + text(VolumeSlider.Value() * 10));
         window->Paused = 0;
         window->SetFocus();

@@ -21,6 +21,15 @@ void frmMedia::Timer2_Timer()
             PanelUp = false;
     }
     ClickState = 0;
+    tellClicks();
+}
+
+void frmMedia::tellClicks()
+{
+    lblClick.Caption = "Click: " + text(ClickCount);
+    lblDblClick.Caption = "DblClick: " + text(ClickState);
+    lblClick.Refresh();
+    lblDblClick.Refresh();
 }
 
 void frmMedia::leaveFullScreen()

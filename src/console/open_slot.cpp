@@ -65,10 +65,14 @@ void frmMedia::openPathOfCommandLine()
     NextSlot = 0;
     frmChild& window = newSlot(path);
     const bool opened = MediaOpenPaused(window.picVideo.hWnd()) == 0;
-    if (opened)
+    if (opened) {
         startSingle(window);
-    else
+    } else {
         window.markFailed();
+        // The window that stays can be filled to the screen, and has to come back from there.
+        Timer1.Enabled = true;
+        Timer2.Enabled = true;
+    }
     window.Listed = opened;
     placeSingle(window, 0);
     window.Refresh();

@@ -30,12 +30,16 @@ bool frmMedia::passSecondStart()
         return true;
     }
     Unload<class frmStart>();
+    bool hasLeft = false;
     bool handedOver = false;
-    // Several files that are opened at once may bring a process each.
+    // Several files that are opened at once may bring a process each, and the other one may be about to leave.
     services().instances->exclusively([&] {
-        SecondRun = presence::exists();
-        handedOver = !SecondRun && handOver();
+        hasLeft = !services().instances->anotherIsRunning();
+        SecondRun = !hasLeft && presence::exists();
+        handedOver = !hasLeft && !SecondRun && handOver();
     });
+    if (hasLeft)
+        return true;
     if (!handedOver) {
         offsetPlace();
         return true;
@@ -49,9 +53,10 @@ bool frmMedia::handOver()
     // The owner has not finished its start: it takes the files at its next activation.
     const CommandLine& given = commandLine();
     if (given.isPath())
-        return !handover::takes(given.text) || handover::add(given.text, MaxVideos - 1);
-    return std::all_of(given.group.begin(), given.group.end(),
-                       [](const Text& path) { return handover::add(quoted(path), MaxVideos); });
+        return !handover::takes(given.text) || handover::add({given.text}, MaxVideos - 1);
+    std::vector<Text> lines;
+    std::transform(given.group.begin(), given.group.end(), std::back_inserter(lines), quoted);
+    return handover::add(lines, MaxVideos);
 }
 
 void frmMedia::offsetPlace()

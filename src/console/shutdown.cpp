@@ -42,12 +42,14 @@ void frmMedia::savePlace()
 
 void frmMedia::giveUpPresence()
 {
-    // First of all: a file that is opened from here on starts a process of its own.
-    services().instances->leave();
-    if (presence::exists())
-        presence::removeIfOwn(hWnd());
-    if (handover::exists())
-        handover::remove();
+    // In a turn of its own, like a start that looks for an owner: nobody leaves a file to a process that has gone.
+    services().instances->exclusively([this] {
+        services().instances->leave();
+        if (presence::exists())
+            presence::removeIfOwn(hWnd());
+        if (handover::exists())
+            handover::remove();
+    });
 }
 
 void frmMedia::onQueryUnload()
@@ -55,12 +57,14 @@ void frmMedia::onQueryUnload()
     ClosingDown = true;
     FastForward = false;
     FastRewind = false;
-    unloadOtherForms();
+    unloadOtherMedia();
     Unload<class frmWait>();
     Unload<class frmPanel>();
     Unload<class frmStart>();
     Unload<class frmToolTip>();
+    unloadNotices();
     Unload<class slidemenu>();
+    unloadOtherMenus();
     const SlotTable slots = VideoWindows;
     for (const auto& slot : slots) {
         if (!slot)
@@ -86,9 +90,19 @@ void frmMedia::stopDvd()
     // A DVD that plays is stopped here.
 }
 
-void frmMedia::unloadOtherForms()
+void frmMedia::unloadOtherMedia()
 {
-    // The recent files, the DVD and HD windows and the further menus end here, before the forms that are there today.
+    // The recent files and the DVD and HD windows end here.
+}
+
+void frmMedia::unloadNotices()
+{
+    // The message form and the menu of full screen end here.
+}
+
+void frmMedia::unloadOtherMenus()
+{
+    // The menus for opening, of a DVD and of the program end here.
 }
 
 void frmMedia::releaseHooks()
@@ -112,8 +126,9 @@ void frmMedia::restoreVideos()
     trap([] {
         frmWait().Show();
         frmMedia().restoreOtherMedia();
-        forEachPlayable([](frmChild& window) {
-            MediaResume(window.MediaFile, window.Paused, Integer(window.Volume));
+        forEachLive([](frmChild& window) {
+            if (!window.hasFailed())
+                MediaResume(window.MediaFile, window.Paused, Integer(window.Volume));
             window.Show();
             frmWait().Refresh();
             frmWait().SetFocus();

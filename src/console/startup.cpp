@@ -42,13 +42,13 @@ void frmMedia::onLoad()
     nameInLanguage();
     if (!passSecondStart())
         return;
-    askPrimaryPlayer();
+    const bool asDefault = askPrimaryPlayer();
     if (programEnded())
         return;
     if (commandLine().empty()) {
         if (!FirstRun)
             showSplash();
-        registerFileClasses();
+        registerFileClasses(asDefault);
     }
     dressConsole();
     placeConsole();
@@ -79,9 +79,10 @@ void frmMedia::showSplash()
     // The splash comes here, at a start without a file that is not the first.
 }
 
-void frmMedia::registerFileClasses()
+void frmMedia::registerFileClasses(bool)
 {
-    // The classes of files and the start from a disc are written here, at a start without a file.
+    // The classes of files and the start from a disc are written here, at a start without a file, and with True the
+    // player becomes the default for them.
 }
 
 void frmMedia::dressConsole()
@@ -145,34 +146,37 @@ void frmMedia::noteFirstRun()
     saveSetting(settings::kRanBefore, "1");
 }
 
-void frmMedia::askPrimaryQuestion(const Text& monthIfRefused)
+bool frmMedia::askPrimaryQuestion(const Text& monthIfRefused)
 {
     const BoxAnswer answer = backend().messageBox(message::kMakePrimary, BoxStyle::YesNoQuestion, AppTitle);
     // An end of the program in the middle of the question is no answer.
     if (answer == BoxAnswer::Cancel)
-        return;
+        return false;
     const bool yes = answer == BoxAnswer::Yes;
     if (!yes)
         saveSetting(settings::kRefused, monthIfRefused);
     primary::write(yes ? primary::kAccepted : primary::kDeclined);
+    return yes;
 }
 
-void frmMedia::askPrimaryPlayer()
+bool frmMedia::askPrimaryPlayer()
 {
     const Text answer = primary::read();
     const Text month = std::to_string(services().clock->yearAndMonth());
     if (answer.empty() || answer == primary::kNotAsked) {
         FirstRun = true;
-        askPrimaryQuestion(month);
-    } else if (answer == primary::kDeclined) {
+        return askPrimaryQuestion(month);
+    }
+    if (answer == primary::kDeclined) {
         Text refused = getSetting(settings::kRefused);
         if (refused.empty()) {
             refused = month;
             saveSetting(settings::kRefused, refused);
         }
         if (refused != kNeverAgain && numberAtFront(month) > numberAtFront(refused))
-            askPrimaryQuestion(kNeverAgain);
+            return askPrimaryQuestion(kNeverAgain);
     }
+    return answer == primary::kAccepted;
 }
 
 void frmMedia::placeConsole()

@@ -1,6 +1,7 @@
 #include "desktop/monitors.h"
 
 #include "toolkit/screen.h"
+#include "toolkit/trap.h"
 
 #include <algorithm>
 
@@ -110,7 +111,9 @@ Long clsMonitors::GetMonitorFromWindow(WindowHandle hWnd) const
 
 Long clsMonitors::GetMonitorFromXYPoint(Long x, Long y) const
 {
-    return services().monitors->fromRect({x, y, x + 1, y + 1});
+    Long handle = -1;
+    trap([&] { handle = services().monitors->fromRect({x, y, x + 1, y + 1}); });
+    return handle;
 }
 
 void clsMonitors::CenterFormOnMonitor(Form& form, const Form* other) const

@@ -42,15 +42,17 @@ std::optional<std::vector<Text>> lines()
     return services().files->readLines(dataFile(kList));
 }
 
-bool add(const Text& quotedPath, Long limit)
+bool add(const std::vector<Text>& quotedPaths, Long limit)
 {
     auto all = lines();
     if (!all)
         return false;
-    if (!all->empty() && all->size() >= static_cast<std::size_t>(std::max<int>(limit, 0)))
-        return true;
-    all->push_back(quotedPath);
-    return services().files->writeLines(dataFile(kList), *all);
+    const std::size_t before = all->size();
+    const auto most = static_cast<std::size_t>(std::max<int>(limit, 1));
+    for (const Text& path : quotedPaths)
+        if (all->size() < most)
+            all->push_back(path);
+    return all->size() == before || services().files->writeLines(dataFile(kList), *all);
 }
 
 bool remove() { return services().files->remove(dataFile(kList)); }

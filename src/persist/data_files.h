@@ -17,9 +17,9 @@ namespace handover
 bool exists();
 /// Empty too where the file is missing; nothing where it is there and can't be read.
 std::optional<std::vector<Text>> lines();
-/// Adds a line, unless the file holds `limit` lines or more already: then it is dropped. False if the file can't be
-/// read or written; it is as before then.
-bool add(const Text& quotedPath, Long limit);
+/// Adds lines until the file holds `limit`; the others are dropped. A first line always finds room. False if the file
+/// can't be read or written; it is as before then.
+bool add(const std::vector<Text>& quotedPaths, Long limit);
 /// True if the file is gone afterwards.
 bool remove();
 /// Takes the first `count` lines away, and the file with the last of them. False if that can't be done.

@@ -18,7 +18,7 @@ void frmChild::onActivate()
     showStrips(!Full);
     selectThis();
     if (buttonIsDown(MouseButton::Right)) {
-        if (!trim(CurrentAlias).empty() && !FullScreenOn)
+        if (isLive() && !trim(CurrentAlias).empty() && !FullScreenOn)
             goFullScreen();
     } else if (FullScreenOn) {
         PanelUp = false;
@@ -42,11 +42,11 @@ void frmChild::showStrips(bool on)
 
 void frmChild::selectThis()
 {
+    class frmMedia& console = frmMedia();
+    console.TrackHold = false;
     // A window whose medium is gone stands for nothing.
     if (!isLive())
         return;
-    class frmMedia& console = frmMedia();
-    console.TrackHold = false;
     if (MediaFile != CurrentAlias)
         console.lblTitleBar.Caption = titleFor(fileNameOf(withoutQuotes(MediaFile)));
     CurrentAlias = MediaFile;

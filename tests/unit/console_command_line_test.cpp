@@ -142,6 +142,7 @@ TEST_F(ConsoleCommandLine, AFileThatCantBePlayedIsSaidAndItsWindowStays)
     EXPECT_THAT(commands(), ElementsAre("Open A Type MPEGVideo alias A parent 0 style child", "Pause A"));
     EXPECT_THAT(console().List2.entries(), IsEmpty());
     EXPECT_FALSE(Playing);
+    EXPECT_TRUE(console().Timer1.enabled() && console().Timer2.enabled()) << "it can be filled to the screen, and back";
     EXPECT_EQ(NextSlot, 1);
     EXPECT_EQ(screen().MousePointer(), pointer::kDefault);
 }

@@ -203,6 +203,34 @@ TEST_F(ConsoleHandover, AFailedFileIsTaggedInSilenceAndTakesNoPlace)
     EXPECT_THAT(world.backend.boxes, IsEmpty());
 }
 
+TEST_F(ConsoleHandover, AFailedFileWidensTheGridOfPlayAllModeOnly)
+{
+    start("0");
+    breakFilm(0);
+    take({alias(0), alias(1), alias(2), alias(3), alias(4)});
+    EXPECT_EQ(rectOf(video(1)), twips(0, 0, 640, 540));
+    EXPECT_EQ(rectOf(video(4)), twips(0, 540, 640, 540));
+}
+
+TEST_F(ConsoleHandover, TheFocusEndsOnTheSliderOfTheConsole)
+{
+    start("0");
+    take({alias(0), alias(1)});
+    EXPECT_EQ(activeForm(), &console());
+    EXPECT_TRUE(console().TrackHold);
+}
+
+TEST_F(ConsoleHandover, AListThatCouldNotBeReadIsTriedAgain)
+{
+    start("0");
+    world.files.readable = false;
+    take({alias(0)});
+    world.files.readable = true;
+    activateConsole();
+    EXPECT_EQ(liveCount(), 1);
+    EXPECT_FALSE(listIsThere());
+}
+
 TEST_F(ConsoleHandover, WhatComesWhileTheListIsOpenedIsOpenedToo)
 {
     start("0");
@@ -317,6 +345,13 @@ TEST_F(ConsoleHandover, AnErrorEndsTheBatchWhereItStoodWithTimersAndPointerBack)
     EXPECT_TRUE(timersRun());
     EXPECT_EQ(screen().MousePointer(), pointer::kDefault);
     EXPECT_FALSE(Loaded<class frmWait>());
+    EXPECT_TRUE(listIsThere());
+    world.mci.answer("status " + alias(1) + " length", "2000");
+    world.mci.clear();
+    activateConsole();
+    EXPECT_THAT(startingWith(commands(), "Open "), ElementsAre("Open C Type MPEGVideo alias C parent 0 style child"))
+        << "what the error left over, and nothing twice";
+    EXPECT_FALSE(listIsThere());
 }
 
 TEST_F(ConsoleHandover, WhileACommandHoldsThePointerItStays)

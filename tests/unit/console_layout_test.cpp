@@ -51,10 +51,12 @@ TEST_F(ConsoleLayout, ResizeSendsItsCommandsInOrder)
     openSeveral(2);
     console().Resize(false);
     EXPECT_THAT(commands(),
-                ElementsAre("Where A destination", "put A window at 0 0 953 513", "Play A ", "Where B destination",
+                ElementsAre("Where A destination", "put A window at 0 0 953 274", "put A window at 0 0 953 513",
+                            "Play A ", "Where B destination", "put B window at 0 0 953 274",
                             "put B window at 0 0 953 513", "Play B ", "set A time format ms", "status A position",
                             "seek A to 1500", "Play A", "setaudio A Volume to 500", "set B time format ms",
-                            "status B position", "seek B to 1500", "Play B", "setaudio B Volume to 500"));
+                            "status B position", "seek B to 1500", "Play B", "setaudio B Volume to 500"))
+        << "a window on the screen fits its picture to its new width, then to its new height";
 }
 
 TEST_F(ConsoleLayout, ResizeWithoutPlayInPlayListModeRestartsAll)
@@ -63,10 +65,12 @@ TEST_F(ConsoleLayout, ResizeWithoutPlayInPlayListModeRestartsAll)
     openSeveral(2);
     console().VolumeSlider.Value = 20;
     console().Resize(true);
-    EXPECT_THAT(commands(), ElementsAre("Where A destination", "put A window at 0 0 953 513", "Where B destination",
-                                        "put B window at 0 0 953 513", "set A time format ms", "status A position",
-                                        "seek A to 0", "Play A", "setaudio A Volume to 200", "set B time format ms",
-                                        "status B position", "seek B to 0", "Play B", "setaudio B Volume to 200"));
+    EXPECT_THAT(commands(),
+                ElementsAre("Where A destination", "put A window at 0 0 953 274", "put A window at 0 0 953 513",
+                            "Where B destination", "put B window at 0 0 953 274", "put B window at 0 0 953 513",
+                            "set A time format ms", "status A position", "seek A to 0", "Play A",
+                            "setaudio A Volume to 200", "set B time format ms", "status B position", "seek B to 0",
+                            "Play B", "setaudio B Volume to 200"));
 }
 
 TEST_F(ConsoleLayout, ResizeWithoutPlayInPlayAllModeStaggersBySlot)
@@ -233,13 +237,14 @@ TEST_F(ConsoleLayout, SlideShowSendsItsCommandsInOrder)
     video(1).Volume = 60;
     video(2).Volume = 20;
     console().SlideShow();
-    EXPECT_EQ(console().VolumeSlider.Value(), 60) << "what is heard is what is shown";
+    EXPECT_EQ(console().VolumeSlider.Value(), 60) << "the lead is the selected one again";
     EXPECT_EQ(video(1).Volume, 60);
     EXPECT_THAT(commands(),
-                ElementsAre("Pause A", "Pause B", "Pause C", "Where A destination", "put A window at 0 0 313 153",
-                            "Where B destination", "put B window at 0 0 1593 873", "Where C destination",
-                            "put C window at 0 0 313 153", "set B time format ms", "seek B to 0", "Play B",
-                            "setaudio B Volume to 600"));
+                ElementsAre("Pause A", "Pause B", "Pause C", "Where A destination", "put A window at 0 0 313 274",
+                            "put A window at 0 0 313 153", "Where B destination", "put B window at 0 0 1593 873",
+                            "Where C destination", "put C window at 0 0 313 274", "put C window at 0 0 313 153",
+                            "set B time format ms", "seek B to 0", "Play B", "setaudio B Volume to 200"))
+        << "the level is the slider's, which shows that of the window that came up last";
 }
 
 TEST_F(ConsoleLayout, SlideShowLetsTheSelectedVideoRunAndHoldsTheOthers)

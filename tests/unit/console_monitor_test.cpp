@@ -103,6 +103,18 @@ TEST_F(ConsoleMonitor, UnderThePanelOrAMenuADoubleClickSendsThePanelAwayOnly)
     EXPECT_FALSE(window.Full);
 }
 
+TEST_F(ConsoleMonitor, TheHiddenLabelsTellTheClicks)
+{
+    start("0");
+    console().Timer2.Enabled = true;
+    ClickCount = 3;
+    ClickState = 0.5;
+    console().Timer2.tick();
+    EXPECT_EQ(console().lblClick.caption(), "Click: 3");
+    EXPECT_EQ(console().lblDblClick.caption(), "DblClick: 0");
+    EXPECT_FALSE(console().lblClick.visible() || console().lblDblClick.visible());
+}
+
 TEST_F(ConsoleMonitor, HalfADoubleClickIsForgotten)
 {
     const frmChild& window = fullScreen();

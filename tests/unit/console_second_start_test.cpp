@@ -181,6 +181,26 @@ TEST_F(ConsoleSecondStart, AListThatCantBeReadIsNotReplaced)
     EXPECT_THAT(world.files.content["/data/list.dat"], ElementsAre("\"/films/old.avi\""));
 }
 
+TEST_F(ConsoleSecondStart, WhereTheOtherLeavesJustThenNothingIsHandedOver)
+{
+    world.instances.beforeTurn = [this] { world.instances.another = false; };
+    startWith(alias(0));
+    EXPECT_FALSE(programEnded());
+    EXPECT_FALSE(console().SecondRun);
+    EXPECT_FALSE(listIsThere());
+    EXPECT_EQ(liveCount(), 1);
+    EXPECT_THAT(startingWith(world.settings.saved, "sys/left"), IsEmpty()) << "it stands where the first one stands";
+}
+
+TEST_F(ConsoleSecondStart, AGroupFillsTheListToTwelveLinesAndIsWrittenWholeOrNotAtAll)
+{
+    setList(std::vector<std::string>(10, "\"/films/old.avi\""));
+    startWith(CommandLine{"", {film(0), film(1), film(2)}});
+    EXPECT_TRUE(programEnded());
+    ASSERT_EQ(list().size(), 12U);
+    EXPECT_EQ(list()[11], alias(1));
+}
+
 TEST_F(ConsoleSecondStart, TheOwnerThatIsReadyJustInTimeIsSeen)
 {
     world.instances.beforeTurn = [this] { ownerIsUp(); };

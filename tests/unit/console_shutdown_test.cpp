@@ -5,6 +5,7 @@
 #include "fullscreen/frm_panel.h"
 #include "texts/frm_tool_tip.h"
 #include "texts/frm_wait.h"
+#include "toolkit/activation.h"
 #include "toolkit/program.h"
 
 namespace tandrel::test
@@ -154,7 +155,9 @@ TEST_F(ConsoleShutdown, ACloseFromOutsideClosesEverySlotAndSavesThePlace)
     world.mci.clear();
     world.screenSaver.switched.clear();
     world.settings.saved.clear();
+    world.files.content["/data/list.dat"] = {alias(5)};
     console().userClose();
+    EXPECT_FALSE(world.files.content.contains("/data/list.dat"));
     EXPECT_THAT(commands(), ElementsAre("Close A", "Close A", "Close A", "Close C", "Close C", "Close C"));
     EXPECT_FALSE(FastForward || FastRewind);
     EXPECT_THAT(world.screenSaver.switched, ElementsAre(true));
@@ -224,6 +227,49 @@ TEST_F(ConsoleShutdown, APendingResizeResumesAndShowsEveryLiveVideo)
     EXPECT_TRUE(VideoWindows[2]->visible());
     EXPECT_FALSE(ResizePending);
     EXPECT_FALSE(Loaded<class frmWait>());
+}
+
+TEST_F(ConsoleShutdown, AWindowThatFailedComesBackToo)
+{
+    start("0");
+    openSeveral(2);
+    VideoWindows[0]->markFailed();
+    VideoWindows[0]->Hide();
+    world.mci.clear();
+    ResizePending = true;
+    console().Width = 13000;
+    EXPECT_TRUE(VideoWindows[0]->visible());
+    EXPECT_THAT(startingWith(commands(), "Play"), ElementsAre("Play B"));
+}
+
+TEST_F(ConsoleShutdown, TheNoticeStaysInFrontOfWhatComesBack)
+{
+    start("0");
+    openSeveral(2);
+    VideoWindows[0]->Hide();
+    VideoWindows[1]->Hide();
+    ResizePending = true;
+    std::vector<std::string> active;
+    world.mci.onSend = [&](const std::string&) {
+        if (Loaded<class frmWait>() && activeForm())
+            active.push_back(activeForm()->name());
+    };
+    console().Width = 13000;
+    world.mci.onSend = nullptr;
+    ASSERT_FALSE(active.empty());
+    for (const std::string& name : active)
+        EXPECT_EQ(name, "frmWait");
+}
+
+TEST_F(ConsoleShutdown, TheOwnerLeavesInATurnOfItsOwn)
+{
+    startWithWindows();
+    bool markWasThere = false;
+    world.instances.beforeTurn = [&] { markWasThere = presenceIsThere() && !world.instances.gone; };
+    console().imgExit.userClick();
+    EXPECT_TRUE(markWasThere) << "nothing is given up outside the turn";
+    EXPECT_TRUE(world.instances.gone);
+    EXPECT_FALSE(presenceIsThere());
 }
 
 TEST_F(ConsoleShutdown, AnErrorInTheReturnClearsThePendingFlagToo)

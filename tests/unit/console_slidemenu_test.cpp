@@ -57,6 +57,8 @@ TEST_F(ConsoleSlidemenu, CenterLaysOutTheGridAndIsKept)
     EXPECT_TRUE(slidemenu().mnuSlideCenter.Checked());
     EXPECT_FALSE(slidemenu().mnuSlideLeft.Checked());
     EXPECT_THAT(startingWith(commands(), "Play"), ElementsAre("Play A ", "Play B ", "Play A", "Play B"));
+    EXPECT_THAT(startingWith(commands(), "seek"), ElementsAre("seek A to 0", "seek B to 0"))
+        << "the mode is still that of the list while the grid is laid out, so all begin anew";
 }
 
 TEST_F(ConsoleSlidemenu, SideLaysOutTheListAndForgetsADrag)

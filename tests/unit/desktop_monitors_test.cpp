@@ -143,6 +143,7 @@ TEST_F(DesktopMonitors, TheMonitorOfAPointAndOfAWindow)
     EXPECT_EQ(monitors.GetMonitorFromXYPoint(1919, 0), 1);
     EXPECT_EQ(monitors.GetMonitorFromXYPoint(1920, 1079), 2);
     EXPECT_EQ(monitors.GetMonitorFromXYPoint(0, 1080), 0);
+    EXPECT_EQ(monitors.GetMonitorFromXYPoint(2147483647, 0), -1) << "an error";
     world.monitors.windowMonitor = 2;
     EXPECT_EQ(monitors.GetMonitorFromWindow(5), 2);
     world.monitors.windowMonitor = std::nullopt;

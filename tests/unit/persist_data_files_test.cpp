@@ -32,10 +32,10 @@ protected:
 TEST_F(PersistDataFiles, TheListGrowsLineByLineUpToItsLimit)
 {
     EXPECT_FALSE(handover::exists());
-    EXPECT_TRUE(handover::add("\"/a\"", 2));
+    EXPECT_TRUE(handover::add({"\"/a\""}, 2));
     EXPECT_TRUE(handover::exists());
-    EXPECT_TRUE(handover::add("\"/b\"", 2));
-    EXPECT_TRUE(handover::add("\"/c\"", 2));
+    EXPECT_TRUE(handover::add({"\"/b\""}, 2));
+    EXPECT_TRUE(handover::add({"\"/c\""}, 2));
     EXPECT_THAT(file("list.dat"), ElementsAre("\"/a\"", "\"/b\""));
     EXPECT_THAT(handover::lines(), Optional(ElementsAre("\"/a\"", "\"/b\"")));
     EXPECT_TRUE(handover::remove());
@@ -58,7 +58,7 @@ TEST_F(PersistDataFiles, AListThatCantBeReadIsLeftAlone)
     file("list.dat") = {"a"};
     world.files.readable = false;
     EXPECT_EQ(handover::lines(), std::nullopt);
-    EXPECT_FALSE(handover::add("b", 11));
+    EXPECT_FALSE(handover::add({"b"}, 11));
     world.files.readable = true;
     EXPECT_THAT(file("list.dat"), ElementsAre("a"));
 }
@@ -66,14 +66,14 @@ TEST_F(PersistDataFiles, AListThatCantBeReadIsLeftAlone)
 TEST_F(PersistDataFiles, AListOfTenThousandLinesTakesNoMoreAndLosesNone)
 {
     file("list.dat").assign(10000, "x");
-    handover::add("\"/a\"", 11);
+    handover::add({"\"/a\""}, 11);
     EXPECT_EQ(file("list.dat").size(), 10000U);
 }
 
 TEST_F(PersistDataFiles, AnEmptyListTakesItsFirstLine)
 {
     file("list.dat") = {};
-    handover::add("\"/a\"", 11);
+    handover::add({"\"/a\""}, 11);
     EXPECT_THAT(file("list.dat"), ElementsAre("\"/a\""));
 }
 
@@ -128,7 +128,7 @@ TEST_F(PersistDataFiles, AnAnswerIsReadUpToACommaWithoutBlanksAndQuotes)
 TEST_F(PersistDataFiles, AFolderThatCantBeWrittenChangesNothing)
 {
     world.files.writable = false;
-    EXPECT_FALSE(handover::add("\"/a\"", 11));
+    EXPECT_FALSE(handover::add({"\"/a\""}, 11));
     presence::write(7);
     EXPECT_EQ(primary::read(), "");
     primary::write("2");

@@ -160,8 +160,11 @@ TEST_F(VideoActivation, TheRightButtonDoesNothingOnAWindowWithoutMedium)
     openSeveral(2);
     VideoWindows[0]->MediaFile = "  ";
     world.pointer.right = true;
+    console().TrackHold = true;
     VideoWindows[0]->SetFocus();
     EXPECT_FALSE(FullScreenOn);
+    EXPECT_EQ(FullMedia, "");
+    EXPECT_FALSE(console().TrackHold);
 }
 
 TEST_F(VideoActivation, InFullScreenAnActivationPutsThePanelJustBelowTheScreen)
