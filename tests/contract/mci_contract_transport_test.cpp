@@ -159,6 +159,21 @@ TEST_P(MciContract, PlayGoesOnAfterAStepBackFromTheEnd)
     EXPECT_EQ(ask("status A position"), "2000");
 }
 
+TEST_P(MciContract, PlayGoesOnAfterASeekBackFromTheEnd)
+{
+    ASSERT_EQ(open("h264_30.mp4"), 0);
+    EXPECT_EQ(send("seek A to 10000"), 0);
+    EXPECT_EQ(send("seek A to 3000"), 0);
+    EXPECT_TRUE(playBeyond(3500));
+    EXPECT_EQ(send("seek A to 10000"), 0);
+    EXPECT_EQ(send("seek A to 9500"), 0);
+    EXPECT_EQ(send("Play A"), 0);
+    EXPECT_TRUE(waitUntil([&] { return ask("status A mode") == "stopped"; }));
+    EXPECT_EQ(ask("status A position"), "10000");
+    EXPECT_EQ(send("Play A from 1000"), 0);
+    EXPECT_TRUE(waitUntil([&] { return number("status A position") > 1500; }));
+}
+
 TEST_P(MciContract, APlaceThatARunningDeviceIsSentToIsAnsweredAtOnce)
 {
     ASSERT_EQ(open("h264_30.mp4"), 0);

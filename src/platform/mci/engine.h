@@ -51,7 +51,7 @@ public:
     virtual const MediaFacts& facts() const = 0;
 
     /// Runs on from where it stands; also after a seek of a running device that had come to its end unseen. Blocks only
-    /// where a step of this device is still under way.
+    /// where a step of this device is still under way, or a move away from its end.
     virtual void play() = 0;
     /// Holds the picture. Never blocks.
     virtual void pause() = 0;

@@ -20,6 +20,9 @@ constexpr auto kCloseLimit = 2s;
 // answers late. Only an older one is waited for.
 constexpr auto kFreshPlace = 700ms;
 constexpr auto kStaleReadLimit = 50ms;
+// Seconds before the end from which on libmpv has read all of the picture. Sound that comes on there never gets in step
+// with it, and the end is never reached.
+constexpr double kSilentEnd = 1.2;
 constexpr auto kStepPoll = 1ms;
 
 std::chrono::steady_clock::time_point now() { return std::chrono::steady_clock::now(); }
@@ -140,17 +143,18 @@ void MpvDevice::notePlace(double time)
 
 void MpvDevice::play()
 {
-    // A step ends in a pause of its own, which would undo the play.
-    if (stage_ == Stage::Stepping)
+    // A step ends in a pause of its own, which would undo the play; and sound comes on at rest only.
+    if (stage_ == Stage::Stepping || soundIsOff_)
         settle();
     drain();
     if (ended_)
         return;
+    if (place_ < facts_.length.value_or(0) - kSilentEnd)
+        turnSound(true);
     // libmpv pauses by itself at an end, of which a running device may not have heard before it was sent elsewhere.
     channel_.set("pause", false);
     if (running_)
         return;
-    turnSound(true);
     running_ = true;
     forgetMoves();
     placeAt_ = now();

@@ -41,7 +41,6 @@ void MpvDevice::seek(double seconds)
     if (!running_)
         wanted_ = seconds;
     correction_ = Correction::None;
-    turnSound(true);
     sendSeek(target);
     // Whoever asks for a time between two units wants to hear the lower one.
     place_ = lastRead_ = std::max(0.0, seconds - kTimeEpsilon);
