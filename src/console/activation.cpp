@@ -131,7 +131,7 @@ void frmMedia::arrangeHandover()
     // A window that failed widens the grid, as in the arrangement of the open windows, and takes no cell.
     const Long live = liveCount();
     sweepFailedSlots();
-    const Long count = playAll ? live : liveCount();
+    const Long count = playAll ? std::min<Long>(live, MaxVideos) : liveCount();
     if (count <= 0 || count > MaxVideos)
         return;
     Long place = 0;

@@ -212,6 +212,19 @@ TEST_F(ConsoleHandover, AFailedFileWidensTheGridOfPlayAllModeOnly)
     EXPECT_EQ(rectOf(video(4)), twips(0, 540, 640, 540));
 }
 
+TEST_F(ConsoleHandover, TwelveBesideAFailedWindowAreArrangedToo)
+{
+    start("0");
+    // As a start leaves it whose file can't be played.
+    open(12).markFailed();
+    console().List2.Clear();
+    std::vector<std::string> lines;
+    for (int index = 0; index < 12; ++index)
+        lines.push_back(alias(index));
+    take(lines);
+    EXPECT_EQ(rectOf(video(12)), twips(1440, 720, 480, 360));
+}
+
 TEST_F(ConsoleHandover, TheFocusEndsOnTheSliderOfTheConsole)
 {
     start("0");

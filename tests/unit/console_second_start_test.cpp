@@ -171,6 +171,15 @@ TEST_F(ConsoleSecondStart, WhereNothingCanBeHandedOverTheStartOpensItsFileItself
     EXPECT_FALSE(listIsThere());
 }
 
+TEST_F(ConsoleSecondStart, AGroupThatCantBeHandedOverIsOpenedWholeHere)
+{
+    world.files.writable = false;
+    startWith(CommandLine{"", {film(0), film(1)}});
+    EXPECT_FALSE(programEnded());
+    EXPECT_EQ(liveCount(), 2);
+    EXPECT_FALSE(listIsThere());
+}
+
 TEST_F(ConsoleSecondStart, AListThatCantBeReadIsNotReplaced)
 {
     world.files.content["/data/list.dat"] = {"\"/films/old.avi\""};
@@ -192,7 +201,7 @@ TEST_F(ConsoleSecondStart, WhereTheOtherLeavesJustThenNothingIsHandedOver)
     EXPECT_THAT(startingWith(world.settings.saved, "sys/left"), IsEmpty()) << "it stands where the first one stands";
 }
 
-TEST_F(ConsoleSecondStart, AGroupFillsTheListToTwelveLinesAndIsWrittenWholeOrNotAtAll)
+TEST_F(ConsoleSecondStart, AGroupFillsTheListToTwelveLines)
 {
     setList(std::vector<std::string>(10, "\"/films/old.avi\""));
     startWith(CommandLine{"", {film(0), film(1), film(2)}});

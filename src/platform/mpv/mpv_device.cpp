@@ -20,9 +20,6 @@ constexpr auto kCloseLimit = 2s;
 // answers late. Only an older one is waited for.
 constexpr auto kFreshPlace = 700ms;
 constexpr auto kStaleReadLimit = 50ms;
-// Seconds before the end from which on libmpv has read all of the picture. Sound that comes on there never gets in step
-// with it, and the end is never reached.
-constexpr double kSilentEnd = 1.2;
 constexpr auto kStepPoll = 1ms;
 
 std::chrono::steady_clock::time_point now() { return std::chrono::steady_clock::now(); }
@@ -149,7 +146,7 @@ void MpvDevice::play()
     drain();
     if (ended_)
         return;
-    if (place_ < facts_.length.value_or(0) - kSilentEnd)
+    if (place_ < silentFrom_)
         turnSound(true);
     // libmpv pauses by itself at an end, of which a running device may not have heard before it was sent elsewhere.
     channel_.set("pause", false);

@@ -142,14 +142,17 @@ private:
     std::optional<double> origin_;
 
     bool hasSound_ = false;
-    /// Off between a seek to the end and the next play or seek.
+    /// Off between a seek to the end and the next play that starts before `silentFrom_`.
     bool soundIsOff_ = false;
+    /// So near to the last picture, found by the seek that turned it off, sound stays off. Seconds.
+    double silentFrom_ = 0;
     /// The last picture is shown, and the place is that of the sound.
     bool pictureIsPast_ = false;
     std::optional<double> soundTime_;
 
-    /// The questions for the place that have not been answered yet: from the first to the last, which is 0 if all are.
+    /// What the first of the questions below was answered; it counts together with the last answer.
     bool endAnswer_ = false;
+    /// The questions for the place that have not been answered yet: from the first to the last, which is 0 if all are.
     std::uint64_t firstAsked_ = 0;
     std::uint64_t placeAsked_ = 0;
     Moment placeAskedAt_;

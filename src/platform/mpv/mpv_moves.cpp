@@ -19,6 +19,9 @@ constexpr double kTimeEpsilon = 1e-6;
 // How many seconds before the target a seek begins to decode, from one try to the next: in some files the index, or the
 // guess that stands for one, leads to a place behind the target.
 constexpr std::array kSeekMargins{0.0, 1.0, 4.0, 16.0};
+// Seconds before the last picture from which on libmpv has read all of them. Sound that comes on there never gets in
+// step, and the end is never reached.
+constexpr double kSilentEnd = 1.2;
 // More frames than this behind the wanted place is not the rounding of a time stamp.
 constexpr double kMuchTooLate = 1.5;
 constexpr std::initializer_list<const char*> kSeekToEnd{"seek", "100", "absolute-percent+exact"};
@@ -132,6 +135,8 @@ void MpvDevice::placeKnown()
         sendEnd();
         return;
     }
+    if (endWanted_)
+        silentFrom_ = place_ - kSilentEnd;
     const bool back = thenBack_;
     forgetMoves();
     stage_ = Stage::Rest;

@@ -1,13 +1,10 @@
 #include "platform/x11/pointer.h"
 
+#include "platform/x11/connection.h"
+
 #include <QCoreApplication>
 #include <QCursor>
-#include <QGuiApplication>
 #include <QMouseEvent>
-
-#include <cstdlib>
-#include <memory>
-#include <xcb/xcb.h>
 
 namespace tandrel
 {
@@ -18,21 +15,15 @@ namespace
 // A press that nobody asked for in this time is old: it must not be taken for the cause of something later.
 constexpr qint64 kLatchMs = 400;
 
-struct FreeDeleter {
-    void operator()(void* reply) const { std::free(reply); }
-};
-
 Qt::MouseButton qtButton(MouseButton button) { return button == MouseButton::Left ? Qt::LeftButton : Qt::RightButton; }
 
 unsigned buttonMask()
 {
-    const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (!x11)
+    xcb_connection_t* display = connection();
+    if (!display)
         return 0;
-    xcb_connection_t* display = x11->connection();
-    const auto cookie = xcb_query_pointer(display, xcb_setup_roots_iterator(xcb_get_setup(display)).data->root);
-    const std::unique_ptr<xcb_query_pointer_reply_t, FreeDeleter> reply(
-        xcb_query_pointer_reply(display, cookie, nullptr));
+    const auto cookie = xcb_query_pointer(display, rootWindow(display));
+    const ReplyPtr<xcb_query_pointer_reply_t> reply(xcb_query_pointer_reply(display, cookie, nullptr));
     return reply ? reply->mask : 0;
 }
 

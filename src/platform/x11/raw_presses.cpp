@@ -1,9 +1,7 @@
 #include "platform/x11/raw_presses.h"
 
-#include <QGuiApplication>
+#include "platform/x11/connection.h"
 
-#include <cstdlib>
-#include <memory>
 #include <xcb/xinput.h>
 
 namespace tandrel
@@ -16,19 +14,9 @@ namespace
 constexpr qint64 kOnItsWayMs = 1000;
 constexpr std::uint32_t kLastRealButton = 3;
 
-struct FreeDeleter {
-    void operator()(void* reply) const { std::free(reply); }
-};
-
-xcb_connection_t* connection()
-{
-    const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    return x11 ? x11->connection() : nullptr;
-}
-
 bool speaksRawEvents(xcb_connection_t* display)
 {
-    const std::unique_ptr<xcb_input_xi_query_version_reply_t, FreeDeleter> version(
+    const ReplyPtr<xcb_input_xi_query_version_reply_t> version(
         xcb_input_xi_query_version_reply(display, xcb_input_xi_query_version(display, 2, 2), nullptr));
     return version && (version->major_version > 2 || (version->major_version == 2 && version->minor_version >= 1));
 }
@@ -39,8 +27,7 @@ void selectRawPresses(xcb_connection_t* display)
         xcb_input_event_mask_t head;
         std::uint32_t mask;
     } selection{{XCB_INPUT_DEVICE_ALL_MASTER, 1}, XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS};
-    xcb_input_xi_select_events(display, xcb_setup_roots_iterator(xcb_get_setup(display)).data->root, 1,
-                               &selection.head);
+    xcb_input_xi_select_events(display, rootWindow(display), 1, &selection.head);
 }
 
 } // namespace

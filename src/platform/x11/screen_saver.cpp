@@ -1,19 +1,17 @@
 #include "platform/x11/screen_saver.h"
 
-#include <QGuiApplication>
+#include "platform/x11/connection.h"
 
 #include <xcb/screensaver.h>
-#include <xcb/xcb.h>
 
 namespace tandrel
 {
 
 void X11ScreenSaver::enable(bool on)
 {
-    const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (!x11 || held_ != on)
+    xcb_connection_t* display = connection();
+    if (!display || held_ != on)
         return;
-    xcb_connection_t* display = x11->connection();
     const auto* extension = xcb_get_extension_data(display, &xcb_screensaver_id);
     if (!extension || !extension->present)
         return;
