@@ -10,6 +10,7 @@
 #include "platform/mci/mci_service.h"
 #include "platform/mci/tracing_mci.h"
 #include "platform/mpv/mpv_engine.h"
+#include "platform/x11/hot_keys.h"
 #include "platform/x11/monitor_source.h"
 #include "platform/x11/pointer.h"
 #include "platform/x11/screen_saver.h"
@@ -61,8 +62,8 @@ struct Platform {
         : data(dataFolder(programFolder())), files(data), settings(settingsFile()), instances(runtimeFolder(data))
     {
         trace = tracingMciIfWanted(media);
-        installServices({trace ? trace.get() : &media, &pointer, &monitors, &screenSaver, &systemFacts, &settings,
-                         &files, &instances, &shell, &clock});
+        installServices({trace ? trace.get() : &media, &pointer, &monitors, &screenSaver, &hotKeys, &systemFacts,
+                         &settings, &files, &instances, &shell, &clock});
     }
 
     std::string data;
@@ -75,6 +76,7 @@ struct Platform {
     X11Pointer pointer;
     X11MonitorSource monitors;
     X11ScreenSaver screenSaver;
+    X11HotKeys hotKeys;
     LinuxDriveDoor door;
     MciService media{makeMpvEngine({.outputs = true, .pixelRatio = &pixelRatioOf, .mostDevices = 12}), &door};
     std::unique_ptr<Mci> trace;

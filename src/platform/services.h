@@ -99,8 +99,23 @@ class ScreenSaver
 {
 public:
     virtual ~ScreenSaver() = default;
-    /// False holds the screen saver off until true, or until the process ends.
+    /// False holds the screen saver off until true, or until the process ends. Never waits for anybody's answer.
     virtual void enable(bool on) = 0;
+    /// Counts as a sign of life from the user, without a key that another program could read.
+    virtual void nudge() = 0;
+};
+
+/// Key combinations of the whole desktop, whichever program has the focus.
+class HotKeys
+{
+public:
+    virtual ~HotKeys() = default;
+    /// Takes a combination, such as "Ctrl+Alt+Shift+P" (modifiers, and one letter, digit or function key), for `id`.
+    /// False where another program has it, or where there is none such; it is left alone then.
+    virtual bool take(int id, std::string_view combination) = 0;
+    virtual void releaseAll() = 0;
+    /// Runs on the user-interface thread at each press of a combination that was taken, once until its release.
+    std::function<void(int id)> pressed;
 };
 
 /// What system this is.
@@ -110,6 +125,8 @@ public:
     virtual ~SystemFacts() = default;
     /// "platform.major.minor", or a text that no table knows.
     virtual std::string version() const = 0;
+    /// The folder of the system's own programs, without a closing separator.
+    virtual std::string systemFolder() const = 0;
 };
 
 /// Settings of the user: texts by section and key. A value that was never saved is empty.
@@ -185,6 +202,7 @@ struct Services {
     Pointer* pointer = nullptr;
     MonitorSource* monitors = nullptr;
     ScreenSaver* screenSaver = nullptr;
+    HotKeys* hotKeys = nullptr;
     SystemFacts* systemFacts = nullptr;
     SettingsStore* settings = nullptr;
     Files* files = nullptr;

@@ -256,8 +256,8 @@ World::World()
     beginProgram();
     mci.journal = backend.journal = &journal;
     installBackend(&backend);
-    installServices(
-        {&mci, &pointer, &monitors, &screenSaver, &systemFacts, &settings, &files, &instances, &shell, &clock});
+    installServices({&mci, &pointer, &monitors, &screenSaver, &hotKeys, &systemFacts, &settings, &files, &instances,
+                     &shell, &clock});
     resetSharedState();
     setCommandLine({});
     forgetSpentPresses();

@@ -7,6 +7,7 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -91,13 +92,33 @@ class FakeScreenSaver : public ScreenSaver
 {
 public:
     void enable(bool on) override { switched.push_back(on); }
+    void nudge() override { ++nudges; }
     std::vector<bool> switched;
+    int nudges = 0;
+};
+
+/// Grants every combination that is not in `takenElsewhere`.
+class FakeHotKeys : public HotKeys
+{
+public:
+    bool take(int id, std::string_view combination) override
+    {
+        if (takenElsewhere.count(std::string(combination)) > 0)
+            return false;
+        taken[id] = combination;
+        return true;
+    }
+    void releaseAll() override { taken.clear(); }
+    std::map<int, std::string> taken;
+    std::set<std::string> takenElsewhere;
 };
 
 class FakeSystemFacts : public SystemFacts
 {
 public:
     std::string version() const override { return numbers; }
+    std::string systemFolder() const override { return folder; }
+    std::string folder = "/system";
     std::string numbers = "linux";
 };
 
@@ -210,6 +231,7 @@ public:
     FakePointer pointer;
     FakeMonitors monitors;
     FakeScreenSaver screenSaver;
+    FakeHotKeys hotKeys;
     FakeSystemFacts systemFacts;
     FakeSettings settings;
     FakeFiles files;

@@ -20,4 +20,12 @@ void X11ScreenSaver::enable(bool on)
     xcb_flush(display);
 }
 
+void X11ScreenSaver::nudge()
+{
+    if (xcb_connection_t* display = connection()) {
+        xcb_force_screen_saver(display, XCB_SCREEN_SAVER_RESET);
+        xcb_flush(display);
+    }
+}
+
 } // namespace tandrel

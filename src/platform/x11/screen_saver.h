@@ -11,6 +11,7 @@ class X11ScreenSaver : public ScreenSaver
 {
 public:
     void enable(bool on) override;
+    void nudge() override;
 
 private:
     bool held_ = false;

@@ -11,6 +11,7 @@ class XdgSystemFacts : public SystemFacts
 {
 public:
     std::string version() const override;
+    std::string systemFolder() const override { return "/usr/bin"; }
 };
 
 } // namespace tandrel
