@@ -47,6 +47,29 @@ bool writeAll(int fd, const std::string& content)
     return true;
 }
 
+/// An empty file to write the new content to, with the permissions of the old file if there is one.
+int openBeside(const std::string& beside, const std::string& path)
+{
+    // A crash may have left one of that name, from an earlier process of the same number.
+    ::unlink(beside.c_str());
+    const int fd = ::open(beside.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644);
+    struct stat old {
+    };
+    // Not every file system has permissions to set; that hinders no write.
+    if (fd >= 0 && ::stat(path.c_str(), &old) == 0)
+        ::fchmod(fd, old.st_mode & 0777);
+    return fd;
+}
+
+/// The new name reaches the disk, so that a crash from here on leaves the new file. Before, it leaves either.
+void syncFolderOf(const std::string& path)
+{
+    const auto folder = std::filesystem::path(path).parent_path();
+    const Descriptor opened(::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (opened.get() >= 0)
+        ::fsync(opened.get());
+}
+
 } // namespace
 
 bool replaceFile(const std::string& name, const std::string& content)
@@ -56,12 +79,14 @@ bool replaceFile(const std::string& name, const std::string& content)
     const auto real = std::filesystem::canonical(name, noSuchFile);
     const std::string path = noSuchFile ? name : real.string();
     const std::string beside = path + ".new-" + std::to_string(getpid());
-    Descriptor file(::open(beside.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644));
+    Descriptor file(openBeside(beside, path));
     if (file.get() < 0)
         return false;
     const bool written = writeAll(file.get(), content) && ::fsync(file.get()) == 0;
-    if (file.close() && written && std::rename(beside.c_str(), path.c_str()) == 0)
+    if (file.close() && written && std::rename(beside.c_str(), path.c_str()) == 0) {
+        syncFolderOf(path);
         return true;
+    }
     ::unlink(beside.c_str());
     return false;
 }

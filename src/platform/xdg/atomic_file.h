@@ -9,7 +9,8 @@
 namespace tandrel
 {
 
-/// Written beside, synced and renamed, so that a crash or a full disk leaves the old file. False if that failed.
+/// Written beside, synced and renamed, so that a crash or a full disk leaves the old file; the permissions stay. False
+/// if that failed.
 bool replaceFile(const std::string& name, const std::string& content);
 
 /// The bytes of a regular file, or nothing where it can't be read or is longer than 4 MiB: that is none of our files.

@@ -9,11 +9,19 @@
 namespace tandrel
 {
 
+namespace
+{
+
+/// No name of a file holds a NUL; the system would take what stands in front of it for the name.
+bool canBeName(const std::string& path) { return !path.empty() && path.find('\0') == std::string::npos; }
+
+} // namespace
+
 std::string XdgFiles::dir(const std::string& path) const
 {
     struct stat facts {
     };
-    if (path.empty() || ::stat(unmarkPath(path).c_str(), &facts) != 0 || S_ISDIR(facts.st_mode))
+    if (!canBeName(path) || ::stat(unmarkPath(path).c_str(), &facts) != 0 || S_ISDIR(facts.st_mode))
         return {};
     return path.substr(path.rfind('/') + 1);
 }
