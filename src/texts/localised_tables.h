@@ -1,0 +1,14 @@
+/// The rows of the text table by theme.
+#pragma once
+
+#include "texts/localised.h"
+
+namespace tandrel
+{
+
+std::span<const TextRow> consoleTexts();
+std::span<const TextRow> helpTexts();
+std::span<const TextRow> messageTexts();
+std::span<const TextRow> windowTexts();
+
+} // namespace tandrel
