@@ -5,8 +5,6 @@ namespace tandrel
 
 BoxAnswer Backend::messageBox(const Text&, BoxStyle, const Text&) { return BoxAnswer::Ok; }
 
-int Backend::choose(const Text&, const std::vector<Text>&, const Text&) { return -1; }
-
 Menu* Backend::popUp(Menu&) { return nullptr; }
 
 void Backend::later(int, std::function<void()> task) { task(); }

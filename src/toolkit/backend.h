@@ -4,6 +4,7 @@
 #pragma once
 
 #include "platform/services.h"
+#include "toolkit/picture.h"
 #include "toolkit/text.h"
 #include "toolkit/types.h"
 
@@ -29,6 +30,8 @@ public:
     virtual void changed(Aspect aspect) = 0;
     /// The control's native window, 0 where it has none.
     virtual WindowHandle handle() const = 0;
+    /// Where it is on the desktop.
+    virtual PixelRect rect() const = 0;
 };
 
 /// How a form is seen. Rectangles are pixels of the outer window.
@@ -58,6 +61,18 @@ public:
     virtual void setTransientFor(Form* owner) = 0;
     /// 0 is invisible, 255 opaque.
     virtual void setOpacity(int alpha) = 0;
+    /// What of the window is seen and takes the mouse. An empty region leaves nothing.
+    virtual void setRegion(const Region& region) = 0;
+    /// The window as it is painted now.
+    virtual Bitmap snapshot() = 0;
+    /// The user, who holds the left button, drags the window until the release.
+    virtual void startDrag() = 0;
+    /// Before all windows that are not, whichever is active.
+    virtual void setTopMost(bool on) = 0;
+    /// Without a place in the task bar.
+    virtual void setToolWindow(bool on) = 0;
+    /// The menu of the window itself (minimise, close) at a pixel of the desktop.
+    virtual void showSystemMenu(PixelPoint at) = 0;
     virtual WindowHandle handle() const = 0;
     /// Runs events until the form is hidden or gone.
     virtual void waitModal() = 0;
@@ -66,6 +81,15 @@ public:
 /// Buttons and icon of a message box, and the button pressed.
 enum class BoxStyle { Critical = 16, YesNoQuestion = 36, Exclamation = 48, Information = 64 };
 enum class BoxAnswer { Ok = 1, Cancel = 2, Yes = 6, No = 7 };
+
+/// "&" stands before the letter that presses the button.
+struct BoxTexts {
+    Text yes = "&Yes";
+    Text no = "&No";
+    Text ok = "OK";
+    Text minimise = "Minimize";
+    Text close = "Close";
+};
 
 class Backend
 {
@@ -79,13 +103,15 @@ public:
     virtual void mousePointerChanged(Integer) {}
     /// `Cancel` for a question that the end of the program has closed.
     virtual BoxAnswer messageBox(const Text& text, BoxStyle style, const Text& title);
-    /// Lets the user pick one of `choices`; its index, or -1.
-    virtual int choose(const Text& text, const std::vector<Text>& choices, const Text& title);
     /// Shows the entries of `head` once no mouse button is held, and runs events until one is chosen, which is what it
     /// returns, or the menu is closed, which is null.
     virtual Menu* popUp(Menu& head);
     /// Runs `task` so many ms later, at once where nothing is seen.
     virtual void later(int ms, std::function<void()> task);
+    /// A drawing of the skin at this size, in black where it is clear. Empty where nothing is seen.
+    virtual Bitmap picture(const Text&, int, int) { return {}; }
+    /// What the buttons of message boxes and of the windows' own menu say, in the user's language.
+    virtual void setBoxTexts(const BoxTexts&) {}
     /// Ends the event loop.
     virtual void quit() {}
     virtual void beep() {}

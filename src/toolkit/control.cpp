@@ -67,6 +67,8 @@ void Control::SetFocus()
 
 WindowHandle Control::hWnd() const { return view_ ? view_->handle() : 0; }
 
+PixelRect Control::screenRect() const { return view_ ? view_->rect() : PixelRect(); }
+
 void Control::attach(std::unique_ptr<ControlView> view) { view_ = std::move(view); }
 
 void Control::notify(Aspect aspect)

@@ -98,6 +98,8 @@ public:
     void SetFocus();
     /// The native window of the control, 0 without a view.
     WindowHandle hWnd() const;
+    /// Where it is on the desktop, in pixels; nothing without a view.
+    PixelRect screenRect() const;
 
     void attach(std::unique_ptr<ControlView> view);
     void detach() { view_.reset(); }

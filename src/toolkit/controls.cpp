@@ -23,6 +23,18 @@ Image::Image(Form& form, Text name, TwipsRect place, Text picture, Control* cont
 {
 }
 
+void showsPress(Image& image)
+{
+    image.MouseDown = [&image](const MouseEvent& event) {
+        if (event.button == mouse::kLeft)
+            image.BorderStyle = 1;
+    };
+    image.MouseUp = [&image](const MouseEvent& event) {
+        if (event.button == mouse::kLeft)
+            image.BorderStyle = 0;
+    };
+}
+
 void Image::setPicture(Text name)
 {
     picture_ = std::move(name);
@@ -49,6 +61,12 @@ void CommandButton::setValue(bool pressed)
 CheckBox::CheckBox(Form& form, Text name, TwipsRect place, Text caption)
     : Control(form, std::move(name), place), caption_(std::move(caption))
 {
+}
+
+void CheckBox::setCaption(Text caption)
+{
+    caption_ = std::move(caption);
+    notify(Aspect::Caption);
 }
 
 void CheckBox::setValue(Integer ticked)
@@ -110,6 +128,39 @@ void Slider::userMouseUp(const MouseEvent& event)
     Control::userMouseUp(event);
     if (event.button == mouse::kLeft)
         run(Click);
+}
+
+ComboBox::ComboBox(Form& form, Text name, TwipsRect place) : Control(form, std::move(name), place) {}
+
+void ComboBox::AddItem(Text entry)
+{
+    entries_.push_back(std::move(entry));
+    notify(Aspect::Caption);
+}
+
+Text ComboBox::List(Long index) const
+{
+    return index < 0 || index >= ListCount() ? Text() : entries_[static_cast<std::size_t>(index)];
+}
+
+void ComboBox::setListIndex(Long index)
+{
+    if (index < -1 || index >= ListCount())
+        throw RuntimeError(error::kInvalidCall, "Invalid procedure call or argument");
+    if (index == listIndex_)
+        return;
+    listIndex_ = index;
+    notify(Aspect::Value);
+    run(Click);
+}
+
+ProgressBar::ProgressBar(Form& form, Text name, TwipsRect place) : Control(form, std::move(name), place) {}
+
+void ProgressBar::show(Long done, Long whole)
+{
+    maximum_ = std::max<Long>(whole, 0);
+    value_ = std::max<Long>(0, std::min<Long>(done, maximum_));
+    notify(Aspect::Value);
 }
 
 void ListBox::RemoveItem(Long index)

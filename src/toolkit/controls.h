@@ -7,7 +7,7 @@ namespace tandrel
 {
 
 /// How a text is set: its role gives font and colour, which the style sheet holds.
-enum class TextRole { Plain, Quiet, Title, Time, Value, Caption };
+enum class TextRole { Plain, Quiet, Title, Time, Value, Caption, Group, Chip, Heading, Figure, Display };
 enum class Alignment { Left, Centre, Right };
 
 class Label : public Control
@@ -25,10 +25,15 @@ public:
     bool autoSize = false;
     /// Long lines are broken at its width.
     bool wordWrap = false;
+    /// "&&" in the caption is one "&", and a single one marks a letter and is not seen.
+    bool usesMnemonic = false;
 
 private:
     Text caption_;
 };
+
+/// What an image that is a button lies on.
+enum class Plate { None, Round, Play, Lead };
 
 /// A picture that can be pressed. `picture` names a drawing of the skin.
 class Image : public Control
@@ -39,6 +44,10 @@ public:
     Text picture() const { return picture_; }
     void setPicture(Text name);
     Property<Image, Text, &Image::picture, &Image::setPicture> Picture{*this};
+
+    Plate plate = Plate::None;
+    /// Tab comes here, and Space and Enter press it.
+    bool tabStop = false;
 
 private:
     Text picture_;
@@ -55,6 +64,9 @@ public:
     bool dark = false;
 };
 
+/// What an image that is a button does on a left press and release: its border is 1 in between.
+void showsPress(Image& image);
+
 /// A button. Setting `Value` to true presses it at once, be it hidden or disabled.
 class CommandButton : public Control
 {
@@ -64,6 +76,12 @@ public:
     Text caption() const { return caption_; }
     void setCaption(Text caption);
     Property<CommandButton, Text, &CommandButton::caption, &CommandButton::setCaption> Caption{*this};
+
+    /// Enter presses it wherever the focus is in the form, and Escape.
+    bool isDefault = false;
+    bool isCancel = false;
+    /// Drawn in small beside others of its kind.
+    bool compact = false;
 
     bool value() const { return false; }
     void setValue(bool pressed);
@@ -80,6 +98,8 @@ public:
     CheckBox(Form& form, Text name, TwipsRect place, Text caption = {});
 
     Text caption() const { return caption_; }
+    void setCaption(Text caption);
+    Property<CheckBox, Text, &CheckBox::caption, &CheckBox::setCaption> Caption{*this};
     Integer value() const { return value_; }
     void setValue(Integer ticked);
     /// 0 or 1.
@@ -130,6 +150,48 @@ private:
     Long minimum_ = 0;
     Long maximum_ = 100;
     Long value_ = 0;
+};
+
+/// A list of texts that drops down, one of them chosen.
+class ComboBox : public Control
+{
+public:
+    ComboBox(Form& form, Text name, TwipsRect place);
+
+    void AddItem(Text entry);
+    Long ListCount() const { return static_cast<std::int64_t>(entries_.size()); }
+    Text List(Long index) const;
+    const std::vector<Text>& entries() const { return entries_; }
+
+    Long listIndex() const { return listIndex_; }
+    /// An index outside the list raises run-time error 5; -1 chooses none. Another choice runs `Click`.
+    void setListIndex(Long index);
+    Property<ComboBox, Long, &ComboBox::listIndex, &ComboBox::setListIndex> ListIndex{*this};
+
+    /// The list is down.
+    bool isDropped() const { return dropped_; }
+    void userDropped(bool down) { dropped_ = down; }
+
+private:
+    std::vector<Text> entries_;
+    Long listIndex_ = -1;
+    bool dropped_ = false;
+};
+
+/// How much of a whole is done.
+class ProgressBar : public Control
+{
+public:
+    ProgressBar(Form& form, Text name, TwipsRect place);
+
+    Long value() const { return value_; }
+    Long maximum() const { return maximum_; }
+    /// `done` of `whole`; a whole below 1 shows an empty bar.
+    void show(Long done, Long whole);
+
+private:
+    Long value_ = 0;
+    Long maximum_ = 0;
 };
 
 /// An ordered list of texts, shown nowhere.

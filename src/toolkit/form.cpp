@@ -39,7 +39,19 @@ std::weak_ptr<Form>& coveringForm()
 
 std::vector<std::shared_ptr<Form>> openForms() { return OpenForms::list(); }
 
-Form::Form(Text name, Frame frame, TwipsRect place) : name_(std::move(name)), frame_(frame), place_(place) {}
+namespace
+{
+bool hasFrame(Frame frame) { return frame == Frame::Video || frame == Frame::Dialog; }
+} // namespace
+
+Form::Form(Text name, Frame frame, TwipsRect place)
+    : name_(std::move(name)),
+      frame_(frame),
+      place_(place),
+      style_(style::kTitlebar | style::kSizable | (hasFrame(frame) ? style::kControlBox | style::kMinButton : 0)),
+      extendedStyle_(frame == Frame::Bare || frame == Frame::Notice ? style::kToolWindow : 0)
+{
+}
 
 Form::~Form() = default;
 
@@ -221,21 +233,23 @@ void Form::setWindowState(int state)
         run([this] { onResize(); });
 }
 
-void Form::setTitleBar(bool on)
+void Form::startDrag()
 {
-    // The room for the controls has changed: the next size counts as a new one, even if it is the old.
-    if (on != titleBar_)
-        resized_ = {-1, -1, -1, -1};
-    titleBar_ = on;
     if (view_)
-        view_->frameChanged();
+        view_->startDrag();
 }
 
-void Form::setBorder(bool on)
+void Form::setRegion(const Region& region)
 {
-    border_ = on;
     if (view_)
-        view_->frameChanged();
+        view_->setRegion(region);
+}
+
+void Form::stopListening(const MouseListener& listener) { std::erase(listeners_, &listener); }
+
+void Form::MouseWheel(Long, Long, Long, Long)
+{
+    throw RuntimeError(error::kNoSuchMember, "Object doesn't support this property or method");
 }
 
 void Form::setFullScreen(bool on)
@@ -272,6 +286,28 @@ void Form::run(const std::function<void()>& handler)
     --handlersRunning_;
     if (handlersRunning_ == 0 && unloadPending_)
         unloadNow();
+}
+
+void Form::userMouseDown(const MouseEvent& event)
+{
+    const auto alive = shared_from_this();
+    run([&] {
+        if (MouseDown)
+            MouseDown(event);
+    });
+    for (MouseListener* listener : std::vector(listeners_))
+        run([&] { listener->formMouseDown(event); });
+}
+
+void Form::userMouseUp(const MouseEvent& event)
+{
+    const auto alive = shared_from_this();
+    run([&] {
+        if (MouseUp)
+            MouseUp(event);
+    });
+    for (MouseListener* listener : std::vector(listeners_))
+        run([&] { listener->formMouseUp(event); });
 }
 
 void Form::userMoved(const PixelRect& rect)

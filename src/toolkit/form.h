@@ -20,14 +20,49 @@ enum class WindowState { Normal = 0, Minimised = 1 };
 
 /// What the toolkit draws around and under the controls of a form.
 enum class Frame {
-    /// The console's body: no frame, the form paints edge to edge.
+    /// No frame: the pictures on the form are all that is seen of it.
     Skin,
     /// A video window: a caption band of 25 pixels, thin sides and bottom; controls lie inside of these.
     Video,
-    /// A dialog or notice: caption band and a rounded body.
+    /// A dialog: caption band and a rounded body.
     Dialog,
-    /// Nothing at all around the controls.
+    /// A notice: the rounded body alone.
+    Notice,
+    /// A strip of glass.
     Bare
+};
+
+/// Bits of a window's style word and of its extended style word.
+namespace style
+{
+inline constexpr int kWord = -16;
+inline constexpr int kExtendedWord = -20;
+inline constexpr int kMaxButton = 65536;
+inline constexpr int kMinButton = 131072;
+inline constexpr int kSizable = 262144;
+inline constexpr int kControlBox = 524288;
+inline constexpr int kTitlebar = 12582912;
+inline constexpr int kTopMost = 8;
+inline constexpr int kToolWindow = 128;
+inline constexpr int kWhatsThisButton = 1024;
+inline constexpr int kLayered = 524288;
+} // namespace style
+
+/// Is told what the mouse does on a form, behind the form's own handlers.
+class MouseListener
+{
+public:
+    virtual ~MouseListener() = default;
+    virtual void formMouseDown(const MouseEvent& event) = 0;
+    virtual void formMouseUp(const MouseEvent& event) = 0;
+};
+
+/// A turn of the wheel: 120 a notch, negative towards the user. The place is in screen pixels.
+struct WheelTurn {
+    Long keys;
+    Long rotation;
+    Long x;
+    Long y;
 };
 
 /// Who can become the active form. Lengths are twips of the outer window. All is called on the user-interface thread.
@@ -78,7 +113,10 @@ public:
     std::function<void(const MouseEvent&)> MouseMove;
     std::function<void(const MouseEvent&)> MouseDown;
     std::function<void(const MouseEvent&)> MouseUp;
-    std::function<void(int rotation, double x, double y)> Wheel;
+    /// Where the turns of the wheel go while the form is the active one and the pointer is on it.
+    std::function<void(const WheelTurn& turn)> WheelProcedure;
+    /// The colour, as of `rgb`, that a control is to be painted on; without one the form shows through.
+    std::function<std::optional<Long>(const Control& control)> ControlColour;
     std::function<void(const std::vector<Text>& paths)> DropFiles;
 
     /// Loads the form if that has not been done. A form that was unloaded stays dead.
@@ -101,9 +139,24 @@ public:
     PixelRect pixelRect() const;
     WindowHandle hWnd() const;
 
+    /// A turn of the wheel, for forms that do something with it; the others raise run-time error 438. Screen pixels.
+    virtual void MouseWheel(Long keys, Long rotation, Long x, Long y);
+
+    /// The style word (`style::kWord`) or the extended one. A write takes effect with the next `redrawFrame`, but for
+    /// `style::kTopMost`, which only `setTopMost` changes.
+    Long windowWord(int index) const;
+    void setWindowWord(int index, Long word);
+    void redrawFrame();
+    void setTopMost(bool on);
+    void showSystemMenu(PixelPoint at);
+    /// Hands the window to the user, who drags it until the left button is let go.
+    void startDrag();
+    void listen(MouseListener& listener) { listeners_.push_back(&listener); }
+    void stopListening(const MouseListener& listener);
+
     /// Title bar and border as the window shows them now (a change of layout, as the toolkit draws the frame).
-    bool hasTitleBar() const { return titleBar_; }
-    bool hasBorder() const { return border_; }
+    bool hasTitleBar() const { return (style_ & style::kTitlebar) == style::kTitlebar; }
+    bool hasBorder() const { return (style_ & style::kSizable) != 0; }
     void setTitleBar(bool on);
     void setBorder(bool on);
     /// Twips that the frame takes from the form's height and width.
@@ -113,6 +166,9 @@ public:
     /// The form covers its monitor, or no longer does. Forms shown meanwhile stand before it.
     void setFullScreen(bool on);
     void setOpacity(int alpha);
+    /// What of the window is seen and takes the mouse, from here on.
+    void setRegion(const Region& region);
+    Bitmap snapshot() { return view_ ? view_->snapshot() : Bitmap(); }
     /// While the form's top is at `top` or below, its window is off the screen, whatever `Visible` says: a window
     /// manager would push one that stands below the screen back onto it.
     void keepOffFrom(Long top) { offFrom_ = top; }
@@ -121,6 +177,8 @@ public:
     void run(const std::function<void()>& handler);
 
     // What the view reports.
+    void userMouseDown(const MouseEvent& event);
+    void userMouseUp(const MouseEvent& event);
     void userMoved(const PixelRect& rect);
     void userRestored();
     void userMinimised();
@@ -167,14 +225,15 @@ private:
     Life life_ = Life::Created;
     tandrel::WindowState state_ = tandrel::WindowState::Normal;
     bool visible_ = false;
-    bool titleBar_ = true;
-    bool border_ = true;
+    std::int32_t style_;
+    std::int32_t extendedStyle_;
     Integer mousePointer_ = 0;
     int handlersRunning_ = 0;
     bool unloadPending_ = false;
     std::optional<Long> offFrom_;
     std::vector<Control*> controls_;
     std::vector<Timer*> timers_;
+    std::vector<MouseListener*> listeners_;
     std::unique_ptr<FormView> view_;
 };
 

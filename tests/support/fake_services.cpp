@@ -170,6 +170,13 @@ public:
             note(journal_, name + " border " + std::to_string(control_.borderStyle()));
     }
     WindowHandle handle() const override { return handle_; }
+    PixelRect rect() const override
+    {
+        const PixelRect form = control_.form().pixelRect();
+        const int left = form.left + pixelsX(control_.left());
+        const int top = form.top + pixelsY(control_.top());
+        return {left, top, left + pixelsX(control_.width()), top + pixelsY(control_.height())};
+    }
 
 private:
     const Control& control_;
@@ -180,7 +187,7 @@ private:
 class FakeFormView : public FormView
 {
 public:
-    FakeFormView(const Form& form, std::vector<std::string>* journal) : form_(form), journal_(journal) {}
+    FakeFormView(Form& form, FakeBackend& backend) : form_(form), backend_(backend), journal_(backend.journal) {}
     std::unique_ptr<ControlView> addControl(Control& control) override
     {
         return std::make_unique<FakeControlView>(control, journal_);
@@ -211,12 +218,26 @@ public:
     }
     void setFullScreen(bool on) override { say(on ? "full screen" : "windowed"); }
     void setOpacity(int alpha) override { say("opacity " + std::to_string(alpha)); }
+    void setRegion(const Region& region) override { say("region of " + std::to_string(region.size())); }
+    Bitmap snapshot() override { return backend_.picture(form_.name(), form_.pixelRect().width(), 1); }
+    void startDrag() override { say("drag"); }
+    void setTopMost(bool on) override { say(on ? "topmost" : "not topmost"); }
+    void setToolWindow(bool on) override { say(on ? "tool window" : "no tool window"); }
+    void showSystemMenu(PixelPoint at) override
+    {
+        say("system menu " + std::to_string(at.x) + "," + std::to_string(at.y));
+    }
     WindowHandle handle() const override { return handle_; }
-    void waitModal() override { say("modal"); }
+    void waitModal() override
+    {
+        say("modal");
+        backend_.act(form_);
+    }
 
 private:
     void say(const std::string& what) { note(journal_, form_.name() + " " + what); }
-    const Form& form_;
+    Form& form_;
+    FakeBackend& backend_;
     std::vector<std::string>* journal_;
     WindowHandle handle_ = nextHandle();
 };
@@ -225,7 +246,17 @@ private:
 
 std::unique_ptr<FormView> FakeBackend::makeView(Form& form)
 {
-    return windows ? std::make_unique<FakeFormView>(form, journal) : nullptr;
+    return windows || whileModal.count(form.name()) > 0 ? std::make_unique<FakeFormView>(form, *this) : nullptr;
+}
+
+void FakeBackend::act(Form& form)
+{
+    const auto what = whileModal.find(form.name());
+    if (what == whileModal.end())
+        return;
+    const auto alive = form.shared_from_this();
+    what->second(form);
+    form.Hide();
 }
 
 BoxAnswer FakeBackend::messageBox(const Text& text, BoxStyle style, const Text& title)
@@ -245,10 +276,11 @@ Menu* FakeBackend::popUp(Menu& head)
     return nullptr;
 }
 
-int FakeBackend::choose(const Text&, const std::vector<Text>&, const Text&)
+Bitmap FakeBackend::picture(const Text& name, int width, int height)
 {
-    ++choices;
-    return chosen;
+    if (const auto known = pictures.find(name); known != pictures.end())
+        return known->second;
+    return {width, height, std::vector<std::int32_t>(static_cast<std::size_t>(width * height), 0)};
 }
 
 World::World()

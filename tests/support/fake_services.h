@@ -191,8 +191,10 @@ class FakeBackend : public Backend
 public:
     std::unique_ptr<FormView> makeView(Form& form) override;
     BoxAnswer messageBox(const Text& text, BoxStyle style, const Text& title) override;
-    int choose(const Text& text, const std::vector<Text>& choices, const Text& title) override;
     Menu* popUp(Menu& head) override;
+    Bitmap picture(const Text& name, int width, int height) override;
+    void setBoxTexts(const BoxTexts& texts) override { boxTexts = texts; }
+    void beep() override { ++beeps; }
     void quit() override { ++quits; }
     void mousePointerChanged(Integer shape) override { pointerShapes.push_back(shape); }
 
@@ -203,8 +205,13 @@ public:
     };
     std::vector<Box> boxes;
     BoxAnswer boxAnswer = BoxAnswer::Ok;
-    int choices = 0;
-    int chosen = -1;
+    BoxTexts boxTexts;
+    int beeps = 0;
+    /// What the drawings of the skin look like; one that isn't here is all black.
+    std::map<Text, Bitmap> pictures;
+    /// What the user does in a modal form, by the form's name; the form is hidden behind it.
+    std::map<Text, std::function<void(Form&)>> whileModal;
+    void act(Form& form);
     /// The menus that popped up, and the entry that the user chooses in the next one; none closes it.
     std::vector<Text> menus;
     Text menuChoice;

@@ -3,6 +3,7 @@
 #include "toolkit/activation.h"
 #include "toolkit/controls.h"
 #include "toolkit/qt/form_widget.h"
+#include "toolkit/qt/frame_painter.h"
 #include "toolkit/qt/kinds.h"
 #include "toolkit/screen.h"
 
@@ -42,8 +43,8 @@ void WidgetView::changed(Aspect aspect)
         widget_->setEnabled(control_.enabled());
         break;
     case Aspect::ToolTip:
-        widget_->setToolTip(QString::fromStdString(control_.toolTip()));
-        widget_->setAccessibleName(QString::fromStdString(control_.toolTip()));
+        widget_->setToolTip(rendered(control_.toolTip()));
+        widget_->setAccessibleName(rendered(control_.toolTip()));
         break;
     case Aspect::Order:
         widget_->raise();
@@ -71,6 +72,14 @@ void WidgetView::place()
 }
 
 WindowHandle WidgetView::handle() const { return widget_ ? static_cast<WindowHandle>(widget_->winId()) : 0; }
+
+PixelRect WidgetView::rect() const
+{
+    if (!widget_)
+        return {};
+    const QRect place(widget_->mapToGlobal(QPoint()), widget_->size());
+    return {place.left(), place.top(), place.left() + place.width(), place.top() + place.height()};
+}
 
 bool WidgetView::eventFilter(QObject*, QEvent* event)
 {

@@ -24,6 +24,7 @@ public:
     ~WidgetView() override;
     void changed(Aspect aspect) override;
     WindowHandle handle() const override;
+    PixelRect rect() const override;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -1,4 +1,5 @@
 #include "toolkit/qt/control_views.h"
+#include "toolkit/qt/drawings.h"
 #include "toolkit/qt/form_widget.h"
 #include "toolkit/qt/frame_painter.h"
 #include "toolkit/qt/way_back.h"
@@ -43,7 +44,7 @@ void QtFormView::show()
     widget_->show();
     widget_->raise();
     // Notices stand while the program is busy: they have to be on the screen before it is.
-    if (form_.frame() == Frame::Bare)
+    if (form_.frame() == Frame::Bare || form_.frame() == Frame::Notice)
         waitForScreen();
 }
 
@@ -124,7 +125,7 @@ void QtFormView::frameChanged()
     widget_->update();
 }
 
-void QtFormView::setFullScreen(bool on) { announceFullScreen(*widget_, on); }
+void QtFormView::setFullScreen(bool on) { announceState(*widget_, "_NET_WM_STATE_FULLSCREEN", on); }
 
 void QtFormView::setTransientFor(Form* owner)
 {
@@ -133,6 +134,37 @@ void QtFormView::setTransientFor(Form* owner)
 }
 
 void QtFormView::setOpacity(int alpha) { widget_->setWindowOpacity(alpha / 255.0); }
+
+void QtFormView::setRegion(const Region& region)
+{
+    if (region.empty()) {
+        // An empty mask would count as none: a pixel outside of the window leaves nothing of it.
+        widget_->setMask(QRegion(-2, -2, 1, 1));
+        return;
+    }
+    std::vector<QRect> strips;
+    strips.reserve(region.size());
+    for (const PixelRect& strip : region)
+        strips.emplace_back(strip.left, strip.top, strip.width(), strip.height());
+    QRegion mask;
+    mask.setRects(strips.data(), static_cast<int>(strips.size()));
+    widget_->setMask(mask);
+}
+
+Bitmap QtFormView::snapshot()
+{
+    return bitmapOf(widget_->grab().scaled(widget_->size(), Qt::IgnoreAspectRatio, Qt::FastTransformation).toImage());
+}
+
+void QtFormView::startDrag()
+{
+    if (!widget_->windowHandle()->startSystemMove())
+        widget_->dragByHand();
+}
+
+void QtFormView::setTopMost(bool on) { announceState(*widget_, "_NET_WM_STATE_ABOVE", on); }
+
+void QtFormView::setToolWindow(bool on) { announceState(*widget_, "_NET_WM_STATE_SKIP_TASKBAR", on); }
 
 WindowHandle QtFormView::handle() const { return static_cast<WindowHandle>(widget_->winId()); }
 

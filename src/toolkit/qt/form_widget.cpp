@@ -20,17 +20,13 @@ namespace
 
 Qt::WindowFlags flagsFor(const Form& form)
 {
-    switch (form.frame()) {
-    case Frame::Dialog:
+    if (form.frame() == Frame::Dialog)
         return Qt::Dialog | Qt::FramelessWindowHint;
-    case Frame::Bare:
-        return Qt::Tool | Qt::FramelessWindowHint;
-    case Frame::Skin:
-    case Frame::Video:
-        break;
-    }
-    return Qt::Window | Qt::FramelessWindowHint;
+    const bool tool = (form.windowWord(style::kExtendedWord) & style::kToolWindow) != 0;
+    return (tool ? Qt::Tool : Qt::Window) | Qt::FramelessWindowHint;
 }
+
+constexpr int kNotch = 120;
 
 int buttonMask(Qt::MouseButtons buttons)
 {
@@ -57,7 +53,7 @@ FormWidget::FormWidget(Form& form) : QWidget(nullptr, flagsFor(form)), form_(&fo
     setObjectName(QString::fromStdString(form.name()));
     setAttribute(Qt::WA_NativeWindow);
     setAttribute(Qt::WA_OpaquePaintEvent, form.frame() == Frame::Video);
-    setAttribute(Qt::WA_TranslucentBackground, form.frame() == Frame::Skin || form.frame() == Frame::Dialog);
+    setAttribute(Qt::WA_TranslucentBackground, form.frame() != Frame::Video && form.frame() != Frame::Bare);
     setMouseTracking(true);
     setAcceptDrops(form.DropFiles != nullptr);
 }
@@ -102,7 +98,24 @@ void FormWidget::paintEvent(QPaintEvent*)
         return;
     QPainter painter(this);
     paintFrame(painter, *form_, rect(), activeForm() == form_);
+    if (hasCloseBox(*form_))
+        paintCloseBox(painter, closeBox(rect()), closeHovered_, closePressed_);
 }
+
+bool FormWidget::isOnCloseBox(const QPointF& at) const
+{
+    return form_ && hasCloseBox(*form_) && closeBox(rect()).contains(at.toPoint());
+}
+
+void FormWidget::hoverCloseBox(bool on)
+{
+    if (on == closeHovered_)
+        return;
+    closeHovered_ = on;
+    update(closeBox(rect()));
+}
+
+void FormWidget::leaveEvent(QEvent*) { hoverCloseBox(false); }
 
 MouseEvent FormWidget::translated(QMouseEvent* event, int buttons) const
 {
@@ -118,12 +131,22 @@ void FormWidget::mousePressEvent(QMouseEvent* event)
     // The activation may have acted on the press, or ended the form.
     if (!form_ || pressIsSpent(event->button()))
         return;
+    if (event->button() == Qt::LeftButton && isOnCloseBox(event->position())) {
+        closePressed_ = true;
+        update(closeBox(rect()));
+        return;
+    }
     if (event->button() == Qt::LeftButton && event->position().y() < captionBand(*form_)) {
         bandDrag_ = event->globalPosition().toPoint() - pos();
         return;
     }
-    if (form_->MouseDown)
-        form_->run([this, what = translated(event, buttonMask(event->button()))] { form_->MouseDown(what); });
+    form_->userMouseDown(translated(event, buttonMask(event->button())));
+}
+
+void FormWidget::dragByHand()
+{
+    bandDrag_ = QCursor::pos() - pos();
+    grabMouse();
 }
 
 void FormWidget::mouseMoveEvent(QMouseEvent* event)
@@ -136,24 +159,61 @@ void FormWidget::mouseMoveEvent(QMouseEvent* event)
         form_->movePixels({to.x(), to.y(), to.x() + now.width(), to.y() + now.height()});
         return;
     }
+    hoverCloseBox(isOnCloseBox(event->position()));
     if (form_->MouseMove)
         form_->run([this, what = translated(event, buttonMask(event->buttons()))] { form_->MouseMove(what); });
 }
 
 void FormWidget::mouseReleaseEvent(QMouseEvent* event)
 {
-    bandDrag_.reset();
-    if (form_ && form_->MouseUp)
-        form_->run([this, what = translated(event, buttonMask(event->button()))] { form_->MouseUp(what); });
+    if (mouseGrabber() == this)
+        releaseMouse();
+    if (bandDrag_) {
+        bandDrag_.reset();
+        return;
+    }
+    if (!form_)
+        return;
+    if (closePressed_) {
+        closePressed_ = false;
+        update(closeBox(rect()));
+        if (isOnCloseBox(event->position()))
+            form_->userClose();
+        return;
+    }
+    form_->userMouseUp(translated(event, buttonMask(event->button())));
 }
 
 void FormWidget::wheelEvent(QWheelEvent* event)
 {
-    if (!form_ || !form_->Wheel)
-        return;
-    const QPointF at = event->globalPosition();
-    form_->run([this, at, rotation = event->angleDelta().y()] { form_->Wheel(rotation, at.x(), at.y()); });
     event->accept();
+    // The turn is for the active window, where the pointer is on it.
+    if (!form_ || !form_->WheelProcedure || activeForm() != form_)
+        return;
+    const int turn = event->angleDelta().y();
+    // Touchpads turn by less than a notch: it has to add up to one. A turn back begins anew.
+    wheelTurn_ = (wheelTurn_ > 0) == (turn > 0) ? wheelTurn_ + turn : turn;
+    if (std::abs(wheelTurn_) < kNotch)
+        return;
+    const int rotation = wheelTurn_ - wheelTurn_ % kNotch;
+    wheelTurn_ %= kNotch;
+    const QPoint at = event->globalPosition().toPoint();
+    const WheelTurn what{buttonMask(event->buttons()), rotation, at.x(), at.y()};
+    form_->run([this, what] { form_->WheelProcedure(what); });
+}
+
+void FormWidget::keyPressEvent(QKeyEvent* event)
+{
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const bool escape = event->key() == Qt::Key_Escape;
+    if (!form_ || !(enter || escape))
+        return QWidget::keyPressEvent(event);
+    for (Control* control : form_->controls()) {
+        auto* button = dynamic_cast<CommandButton*>(control);
+        if (button && button->visible() && button->enabled() && (enter ? button->isDefault : button->isCancel))
+            return button->userClick();
+    }
+    QWidget::keyPressEvent(event);
 }
 
 void FormWidget::reportPlace()
@@ -166,7 +226,12 @@ void FormWidget::reportPlace()
 
 void FormWidget::moveEvent(QMoveEvent*) { reportPlace(); }
 
-void FormWidget::resizeEvent(QResizeEvent*) { reportPlace(); }
+void FormWidget::resizeEvent(QResizeEvent*)
+{
+    if (form_ && (form_->frame() == Frame::Dialog || form_->frame() == Frame::Notice))
+        setMask(roundedRegion(rect()));
+    reportPlace();
+}
 
 void FormWidget::closeEvent(QCloseEvent* event)
 {

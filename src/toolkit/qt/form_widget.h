@@ -26,6 +26,8 @@ public:
     QPoint origin() const;
     /// Puts the windows' geometry to `rect`, without a report to the form.
     void place(const PixelRect& rect);
+    /// The window follows the pointer until the left button is let go; for where no window manager does that.
+    void dragByHand();
 
 protected:
     bool event(QEvent* event) override;
@@ -34,6 +36,8 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void leaveEvent(QEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
@@ -43,10 +47,16 @@ protected:
 private:
     void reportPlace();
     MouseEvent translated(QMouseEvent* event, int buttons) const;
+    bool isOnCloseBox(const QPointF& at) const;
+    void hoverCloseBox(bool on);
 
     Form* form_;
     bool placing_ = false;
     std::optional<QPoint> bandDrag_;
+    /// The button that closes a dialog is under the pointer, and pressed.
+    bool closeHovered_ = false;
+    bool closePressed_ = false;
+    int wheelTurn_ = 0;
 };
 
 class QtFormView : public FormView
@@ -69,6 +79,12 @@ public:
     void setFullScreen(bool on) override;
     void setTransientFor(Form* owner) override;
     void setOpacity(int alpha) override;
+    void setRegion(const Region& region) override;
+    Bitmap snapshot() override;
+    void startDrag() override;
+    void setTopMost(bool on) override;
+    void setToolWindow(bool on) override;
+    void showSystemMenu(PixelPoint at) override;
     WindowHandle handle() const override;
     void waitModal() override;
 

@@ -1,11 +1,13 @@
 #include "toolkit/qt/frame_painter.h"
 
 #include "toolkit/qt/palette.h"
+#include "toolkit/qt/style.h"
 
 #include <QFontMetrics>
 #include <QLinearGradient>
 #include <QPainter>
-#include <QPainterPath>
+
+#include <cmath>
 
 namespace tandrel
 {
@@ -13,30 +15,36 @@ namespace tandrel
 namespace
 {
 
-constexpr int kBand = 25;
 constexpr int kRadius = 8;
 constexpr std::string_view kMark = "§";
 
+/// What eyes see of a caption: one with the mark holds a path, for handlers.
+QString titleOf(const Form& form)
+{
+    return rendered(form.caption().starts_with(kMark) ? fileNameOf(fromSecondCharacter(form.caption()))
+                                                      : form.caption());
+}
+
+void paintTitle(QPainter& painter, const QString& title, const QRect& place, bool selected)
+{
+    QFont font = painter.font();
+    font.setPixelSize(scaledPixels(12));
+    painter.setFont(font);
+    painter.setPen(selected ? palette::kText : palette::kQuietText);
+    painter.drawText(place, Qt::AlignVCenter | Qt::AlignLeft,
+                     QFontMetrics(font).elidedText(title, Qt::ElideMiddle, place.width()));
+}
+
 void paintBand(QPainter& painter, const Form& form, const QRect& area, bool selected)
 {
-    const QRect band(area.left(), area.top(), area.width(), kBand);
+    const QRect band(area.left(), area.top(), area.width(), kCaptionBand);
     QLinearGradient light(band.topLeft(), band.bottomLeft());
     light.setColorAt(0, palette::kBandTop);
     light.setColorAt(1, palette::kBandBottom);
     painter.fillRect(band, light);
     if (selected)
         painter.fillRect(QRect(band.left(), band.bottom(), band.width(), 1), palette::kMoves);
-
-    QFont font = painter.font();
-    font.setPixelSize(12);
-    painter.setFont(font);
-    painter.setPen(selected ? palette::kText : palette::kQuietText);
-    const QRect place = band.adjusted(10, 0, -30, -1);
-    // A caption with the mark holds a path, for handlers; eyes want the name.
-    const Text shown =
-        form.caption().starts_with(kMark) ? fileNameOf(fromSecondCharacter(form.caption())) : form.caption();
-    const QString title = QFontMetrics(font).elidedText(rendered(shown), Qt::ElideMiddle, place.width());
-    painter.drawText(place, Qt::AlignVCenter | Qt::AlignLeft, title);
+    paintTitle(painter, titleOf(form), band.adjusted(10, 0, -30, -1), selected);
 }
 
 void paintVideo(QPainter& painter, const Form& form, const QRect& area, bool selected)
@@ -58,13 +66,13 @@ void paintBody(QPainter& painter, const QRect& area)
     painter.setRenderHint(QPainter::Antialiasing);
     QLinearGradient light(area.topLeft(), area.bottomLeft());
     light.setColorAt(0, palette::kBodyTop);
-    light.setColorAt(0.25, palette::kBase);
+    light.setColorAt(0.35, palette::kBase);
     light.setColorAt(1, palette::kBodyBottom);
-    QPainterPath body;
-    body.addRoundedRect(QRectF(area).adjusted(0.5, 0.5, -0.5, -0.5), kRadius, kRadius);
-    painter.setPen(palette::kRim);
+    QColor rim = palette::kRim;
+    rim.setAlpha(150);
+    painter.setPen(rim);
     painter.setBrush(light);
-    painter.drawPath(body);
+    painter.drawRoundedRect(QRectF(area).adjusted(0.5, 0.5, -0.5, -0.5), kRadius, kRadius);
     painter.setPen(palette::kEdgeLight);
     painter.drawLine(area.left() + kRadius, area.top() + 1, area.right() - kRadius, area.top() + 1);
 }
@@ -80,21 +88,66 @@ void paintGlass(QPainter& painter, const QRect& area)
 
 } // namespace
 
+QRegion roundedRegion(const QRect& area)
+{
+    QRegion region(area.adjusted(0, kRadius, 0, -kRadius));
+    for (int row = 0; row < kRadius; ++row) {
+        const double up = kRadius - row - 0.5;
+        const int inset = static_cast<int>(kRadius - std::sqrt(kRadius * kRadius - up * up));
+        region += QRect(area.left() + inset, area.top() + row, area.width() - 2 * inset, 1);
+        region += QRect(area.left() + inset, area.bottom() - row, area.width() - 2 * inset, 1);
+    }
+    return region;
+}
+
 QMargins frameMargins(const Form& form)
 {
     switch (form.frame()) {
     case Frame::Video:
-        return form.hasTitleBar() ? QMargins(3, kBand, 3, 1) : QMargins();
+        return form.hasTitleBar() ? QMargins(3, kCaptionBand, 3, 1) : QMargins();
     case Frame::Dialog:
-        return QMargins(0, kBand, 0, 0);
+        return QMargins(0, kCaptionBand, 0, 0);
     case Frame::Skin:
     case Frame::Bare:
+    case Frame::Notice:
         break;
     }
     return {};
 }
 
 int captionBand(const Form& form) { return frameMargins(form).top(); }
+
+bool hasCloseBox(const Form& form)
+{
+    return form.frame() == Frame::Dialog && (form.windowWord(style::kWord) & style::kControlBox) != 0;
+}
+
+QRect closeBox(const QRect& area) { return {area.right() - 28, area.top() + 4, 20, 18}; }
+
+void paintCloseBox(QPainter& painter, const QRect& box, bool hovered, bool pressed)
+{
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (hovered || pressed) {
+        QColor ground = palette::kLeaves;
+        ground.setAlpha(pressed ? 130 : 70);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(ground);
+        painter.drawRoundedRect(box, 5, 5);
+    }
+    painter.setPen(QPen(hovered ? palette::kText : palette::kQuietText, 1.6, Qt::SolidLine, Qt::RoundCap));
+    const QPointF middle = QRectF(box).center();
+    painter.drawLine(middle - QPointF(3.5, 3.5), middle + QPointF(3.5, 3.5));
+    painter.drawLine(middle + QPointF(-3.5, 3.5), middle + QPointF(3.5, -3.5));
+}
+
+void paintDialog(QPainter& painter, const QString& title, const QRect& area)
+{
+    paintBody(painter, area);
+    QColor line = palette::kRim;
+    line.setAlpha(70);
+    painter.fillRect(QRect(area.left() + 1, area.top() + kCaptionBand - 1, area.width() - 2, 1), line);
+    paintTitle(painter, title, QRect(area.left() + 12, area.top() + 1, area.width() - 46, kCaptionBand - 2), true);
+}
 
 void paintFrame(QPainter& painter, const Form& form, const QRect& area, bool selected)
 {
@@ -103,14 +156,16 @@ void paintFrame(QPainter& painter, const Form& form, const QRect& area, bool sel
         paintVideo(painter, form, area, selected);
         break;
     case Frame::Dialog:
-        paintBody(painter, area);
-        paintBand(painter, form, area.adjusted(1, 1, -1, 0), true);
+        paintDialog(painter, titleOf(form), area);
         break;
-    case Frame::Skin:
+    case Frame::Notice:
         paintBody(painter, area);
         break;
     case Frame::Bare:
         paintGlass(painter, area);
+        break;
+    case Frame::Skin:
+        // The pictures on the form are all that is seen of it.
         break;
     }
 }
@@ -122,6 +177,18 @@ QString rendered(const Text& bytes)
         shown.replace(QChar(lineEnd), QLatin1Char(' '));
     shown.replace(QChar(0xF022), QLatin1Char('"'));
     shown.replace(QChar(0xF07C), QLatin1Char('|'));
+    return shown;
+}
+
+QString withoutMnemonic(const Text& bytes)
+{
+    QString shown;
+    const QString all = rendered(bytes);
+    for (qsizetype at = 0; at < all.size(); ++at) {
+        if (all[at] == QLatin1Char('&') && ++at == all.size())
+            break;
+        shown += all[at];
+    }
     return shown;
 }
 

@@ -5,6 +5,7 @@
 
 #include <QMargins>
 #include <QRect>
+#include <QRegion>
 
 class QPainter;
 
@@ -17,11 +18,26 @@ QMargins frameMargins(const Form& form);
 /// Height of the caption band in pixels, 0 where the form shows none.
 int captionBand(const Form& form);
 
+/// The button at the right end of a dialog's band.
+bool hasCloseBox(const Form& form);
+QRect closeBox(const QRect& area);
+void paintCloseBox(QPainter& painter, const QRect& box, bool hovered, bool pressed);
+
+/// All pixels that the rounded corners of a body touch: where nothing blends windows, the rest would be black.
+QRegion roundedRegion(const QRect& area);
+
+/// A dialog's rounded body with its band and title, for windows that are no forms too.
+void paintDialog(QPainter& painter, const QString& title, const QRect& area);
+inline constexpr int kCaptionBand = 25;
+
 /// `area` is the whole window; `selected` marks the active form.
 void paintFrame(QPainter& painter, const Form& form, const QRect& area, bool selected);
 
 /// The best rendering of a byte string: invalid bytes become replacement characters, line ends blanks, and mapped marks
 /// the characters that they stand for.
 QString rendered(const Text& bytes);
+
+/// The same without the marks of letters: "&&" is one "&", a single one is not seen.
+QString withoutMnemonic(const Text& bytes);
 
 } // namespace tandrel

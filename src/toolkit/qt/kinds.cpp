@@ -6,10 +6,13 @@
 #include "toolkit/screen.h"
 
 #include <QCheckBox>
+#include <QComboBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
+#include <QProgressBar>
 #include <QPushButton>
-#include <QSvgRenderer>
+#include <QStyleOption>
 
 namespace tandrel
 {
@@ -17,7 +20,67 @@ namespace tandrel
 namespace
 {
 
-constexpr std::array<const char*, 6> kRoleNames{"plain", "quiet", "title", "time", "value", "caption"};
+/// The name of each role in the style sheet, and what the sheet can't say: capitals, and figures of one width.
+struct Role {
+    const char* name;
+    bool capitals;
+    bool figures;
+};
+constexpr std::array<Role, 11> kRoles{{{"plain", false, false},
+                                       {"quiet", false, false},
+                                       {"title", false, false},
+                                       {"time", false, true},
+                                       {"value", false, true},
+                                       {"caption", true, false},
+                                       {"group", true, false},
+                                       {"chip", false, true},
+                                       {"heading", false, false},
+                                       {"figure", false, true},
+                                       {"display", false, false}}};
+
+const Role& roleOf(const Label& label) { return kRoles[static_cast<std::size_t>(label.role)]; }
+
+/// A text whose figures all take the same room, so that a running time does not dance.
+class FigureLabel : public QLabel
+{
+public:
+    using QLabel::QLabel;
+
+protected:
+    void paintEvent(QPaintEvent* event) override
+    {
+        QPainter painter(this);
+        QStyleOption option;
+        option.initFrom(this);
+        style()->drawPrimitive(QStyle::PE_Widget, &option, &painter, this);
+        painter.setFont(font());
+        painter.setPen(palette().color(foregroundRole()));
+        const QFontMetricsF metrics(font());
+        double x = startOf(metrics);
+        const double base = (height() + metrics.ascent() - metrics.descent()) / 2;
+        for (const QChar mark : text()) {
+            const double room = widthOf(metrics, mark);
+            painter.drawText(QPointF(x + (room - metrics.horizontalAdvance(mark)) / 2, base), mark);
+            x += room;
+        }
+        event->accept();
+    }
+
+private:
+    static double widthOf(const QFontMetricsF& metrics, QChar mark)
+    {
+        return metrics.horizontalAdvance(mark.isDigit() ? QLatin1Char('0') : mark);
+    }
+    double startOf(const QFontMetricsF& metrics) const
+    {
+        double whole = 0;
+        for (const QChar mark : text())
+            whole += widthOf(metrics, mark);
+        if (alignment() & Qt::AlignHCenter)
+            return (width() - whole) / 2;
+        return alignment() & Qt::AlignRight ? width() - whole : 0;
+    }
+};
 
 class LabelView : public WidgetView
 {
@@ -27,7 +90,12 @@ public:
     {
         text_->setTextFormat(Qt::PlainText);
         text_->setWordWrap(label.wordWrap);
-        text_->setAlignment(Qt::AlignVCenter | horizontal());
+        text_->setAlignment((label.wordWrap ? Qt::AlignTop : Qt::AlignVCenter) | horizontal());
+        if (roleOf(label).capitals) {
+            QFont font = text_->font();
+            font.setCapitalization(QFont::AllUppercase);
+            text_->setFont(font);
+        }
         if (!label.MouseDown && !label.MouseMove && !label.Click)
             text_->setAttribute(Qt::WA_TransparentForMouseEvents);
         LabelView::show(Aspect::Caption);
@@ -38,7 +106,8 @@ protected:
     {
         if (aspect != Aspect::Caption)
             return WidgetView::show(aspect);
-        text_->setText(rendered(label_.caption()));
+        const QString shown = label_.usesMnemonic ? withoutMnemonic(label_.caption()) : rendered(label_.caption());
+        text_->setText(shown);
         if (label_.autoSize)
             label_.setWidth(text_->sizeHint().width() * screen().TwipsPerPixelX());
     }
@@ -53,60 +122,6 @@ private:
 
     Label& label_;
     QLabel* text_;
-};
-
-/// Paints a drawing of the skin, lifted while the pointer is over it and sunk while it is pressed.
-class ImageWidget : public QWidget
-{
-public:
-    ImageWidget(const Image& image, QWidget* parent) : QWidget(parent), image_(image)
-    {
-        setAttribute(Qt::WA_Hover);
-        reload();
-    }
-    void reload() { drawing_.load(QStringLiteral(":/skin/%1.svg").arg(QString::fromStdString(image_.picture()))); }
-
-protected:
-    void paintEvent(QPaintEvent*) override
-    {
-        QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        if (!isEnabled())
-            painter.setOpacity(0.35);
-        else if (!underMouse())
-            painter.setOpacity(0.82);
-        QRectF area(rect());
-        if (image_.borderStyle() == 1) {
-            painter.translate(0, 1);
-            painter.setPen(palette::kMoves);
-            painter.drawRoundedRect(area.adjusted(0.5, 0.5, -0.5, -1.5), 3, 3);
-        }
-        drawing_.render(&painter, area);
-    }
-
-private:
-    const Image& image_;
-    QSvgRenderer drawing_;
-};
-
-class ImageView : public WidgetView
-{
-public:
-    ImageView(Image& image, FormWidget& window, ImageWidget* widget)
-        : WidgetView(image, window, widget), picture_(widget)
-    {
-    }
-
-protected:
-    void show(Aspect aspect) override
-    {
-        if (aspect == Aspect::Picture)
-            picture_->reload();
-        WidgetView::show(aspect);
-    }
-
-private:
-    ImageWidget* picture_;
 };
 
 class BoxWidget : public QWidget
@@ -134,43 +149,134 @@ private:
     bool dark_;
 };
 
-class ButtonView : public WidgetView
+/// Buttons and boxes are pressed by Enter as well as by Space.
+class PressedByEnter : public WidgetView
+{
+public:
+    using WidgetView::WidgetView;
+
+protected:
+    bool widgetNeedsMouse() const override { return true; }
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::KeyPress) {
+            const int key = static_cast<QKeyEvent*>(event)->key();
+            if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+                control_.userClick();
+                return true;
+            }
+        }
+        return WidgetView::eventFilter(watched, event);
+    }
+};
+
+class ButtonView : public PressedByEnter
 {
 public:
     ButtonView(CommandButton& button, FormWidget& window, QPushButton* widget)
-        : WidgetView(button, window, widget), button_(button), widget_(widget)
+        : PressedByEnter(button, window, widget), button_(button), widget_(widget)
     {
         ButtonView::show(Aspect::Caption);
         connect(widget, &QPushButton::clicked, this, [this] { button_.userClick(); });
     }
 
 protected:
-    void show(Aspect) override { widget_->setText(QString::fromStdString(button_.caption())); }
-    bool widgetNeedsMouse() const override { return true; }
+    void show(Aspect) override { widget_->setText(rendered(button_.caption())); }
 
 private:
     CommandButton& button_;
     QPushButton* widget_;
 };
 
-class CheckBoxView : public WidgetView
+class CheckBoxView : public PressedByEnter
 {
 public:
     CheckBoxView(CheckBox& box, FormWidget& window, QCheckBox* widget)
-        : WidgetView(box, window, widget), box_(box), widget_(widget)
+        : PressedByEnter(box, window, widget), box_(box), widget_(widget)
     {
-        widget->setText(QString::fromStdString(box.caption()));
         CheckBoxView::show(Aspect::Value);
         connect(widget, &QCheckBox::clicked, this, [this] { box_.userClick(); });
     }
 
 protected:
-    void show(Aspect) override { widget_->setChecked(box_.value() != 0); }
-    bool widgetNeedsMouse() const override { return true; }
+    void show(Aspect) override
+    {
+        widget_->setText(rendered(box_.caption()));
+        widget_->setChecked(box_.value() != 0);
+    }
 
 private:
     CheckBox& box_;
     QCheckBox* widget_;
+};
+
+/// Tells its control when the list is down.
+class ComboWidget : public QComboBox
+{
+public:
+    ComboWidget(ComboBox& box, QWidget* parent) : QComboBox(parent), box_(box) {}
+    void showPopup() override
+    {
+        box_.userDropped(true);
+        QComboBox::showPopup();
+    }
+    void hidePopup() override
+    {
+        box_.userDropped(false);
+        QComboBox::hidePopup();
+    }
+
+private:
+    ComboBox& box_;
+};
+
+class ComboView : public WidgetView
+{
+public:
+    ComboView(ComboBox& box, FormWidget& window, ComboWidget* widget)
+        : WidgetView(box, window, widget), box_(box), widget_(widget)
+    {
+        ComboView::show(Aspect::Caption);
+        connect(widget, &QComboBox::activated, this, [this](int index) { box_.ListIndex = index; });
+    }
+
+protected:
+    void show(Aspect aspect) override
+    {
+        if (aspect == Aspect::Caption) {
+            widget_->clear();
+            for (const Text& entry : box_.entries())
+                widget_->addItem(rendered(entry));
+        }
+        widget_->setCurrentIndex(box_.listIndex());
+    }
+    bool widgetNeedsMouse() const override { return true; }
+
+private:
+    ComboBox& box_;
+    ComboWidget* widget_;
+};
+
+class ProgressView : public WidgetView
+{
+public:
+    ProgressView(ProgressBar& bar, FormWidget& window, QProgressBar* widget)
+        : WidgetView(bar, window, widget), bar_(bar), widget_(widget)
+    {
+        widget->setTextVisible(false);
+        ProgressView::show(Aspect::Value);
+    }
+
+protected:
+    void show(Aspect) override
+    {
+        widget_->setRange(0, std::max<int>(1, bar_.maximum()));
+        widget_->setValue(bar_.value());
+    }
+
+private:
+    ProgressBar& bar_;
+    QProgressBar* widget_;
 };
 
 } // namespace
@@ -181,33 +287,25 @@ bool clickFollowsRelease(const Control& control)
            dynamic_cast<const PictureBox*>(&control);
 }
 
+namespace
+{
+
 std::unique_ptr<ControlView> makeLabelView(Label& label, FormWidget& window, QWidget* parent)
 {
-    auto* widget = new QLabel(parent);
+    auto* widget = roleOf(label).figures ? new FigureLabel(parent) : new QLabel(parent);
     // The style looks at the role when the widget is first made visible, so it is set before anything else.
-    widget->setProperty("role", QString::fromLatin1(kRoleNames[static_cast<std::size_t>(label.role)]));
+    widget->setProperty("role", QString::fromLatin1(roleOf(label).name));
     return std::make_unique<LabelView>(label, window, widget);
-}
-
-std::unique_ptr<ControlView> makeImageView(Image& image, FormWidget& window, QWidget* parent)
-{
-    return std::make_unique<ImageView>(image, window, new ImageWidget(image, parent));
-}
-
-std::unique_ptr<ControlView> makePictureBoxView(PictureBox& box, FormWidget& window, QWidget* parent)
-{
-    return std::make_unique<WidgetView>(box, window, new BoxWidget(box, parent));
 }
 
 std::unique_ptr<ControlView> makeButtonView(CommandButton& button, FormWidget& window, QWidget* parent)
 {
-    return std::make_unique<ButtonView>(button, window, new QPushButton(parent));
+    auto* widget = new QPushButton(parent);
+    widget->setProperty("compact", button.compact);
+    return std::make_unique<ButtonView>(button, window, widget);
 }
 
-std::unique_ptr<ControlView> makeCheckBoxView(CheckBox& box, FormWidget& window, QWidget* parent)
-{
-    return std::make_unique<CheckBoxView>(box, window, new QCheckBox(parent));
-}
+} // namespace
 
 std::unique_ptr<ControlView> makeControlView(Control& control, FormWidget& window)
 {
@@ -219,11 +317,15 @@ std::unique_ptr<ControlView> makeControlView(Control& control, FormWidget& windo
     if (auto* image = dynamic_cast<Image*>(&control))
         return makeImageView(*image, window, parent);
     if (auto* box = dynamic_cast<PictureBox*>(&control))
-        return makePictureBoxView(*box, window, parent);
+        return std::make_unique<WidgetView>(*box, window, new BoxWidget(*box, parent));
     if (auto* button = dynamic_cast<CommandButton*>(&control))
         return makeButtonView(*button, window, parent);
     if (auto* box = dynamic_cast<CheckBox*>(&control))
-        return makeCheckBoxView(*box, window, parent);
+        return std::make_unique<CheckBoxView>(*box, window, new QCheckBox(parent));
+    if (auto* box = dynamic_cast<ComboBox*>(&control))
+        return std::make_unique<ComboView>(*box, window, new ComboWidget(*box, parent));
+    if (auto* bar = dynamic_cast<ProgressBar*>(&control))
+        return std::make_unique<ProgressView>(*bar, window, new QProgressBar(parent));
     return makeSliderView(dynamic_cast<Slider&>(control), window, parent);
 }
 

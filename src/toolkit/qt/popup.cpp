@@ -2,6 +2,7 @@
 
 #include "toolkit/menu.h"
 #include "toolkit/press.h"
+#include "toolkit/qt/form_widget.h"
 #include "toolkit/qt/frame_painter.h"
 #include "toolkit/qt/qt_backend.h"
 
@@ -67,6 +68,24 @@ void fill(QMenu& menu, const Menu& head, std::map<QAction*, Menu*>& meaning)
 }
 
 } // namespace
+
+void QtFormView::showSystemMenu(PixelPoint at)
+{
+    const auto* qt = dynamic_cast<const QtBackend*>(&backend());
+    const BoxTexts texts = qt ? qt->boxTexts() : BoxTexts();
+    const auto alive = form_.shared_from_this();
+    QMenu menu;
+    menu.setObjectName(QStringLiteral("systemMenu"));
+    menu.setAttribute(Qt::WA_TranslucentBackground);
+    QAction* smaller = menu.addAction(rendered(texts.minimise));
+    smaller->setEnabled((form_.windowWord(style::kWord) & style::kMinButton) != 0);
+    const QAction* end = menu.addAction(rendered(texts.close));
+    const QAction* chosen = menu.exec({at.x, at.y});
+    if (chosen == smaller && alive->isLoaded())
+        alive->WindowState = 1;
+    else if (chosen == end && alive->isLoaded())
+        alive->userClose();
+}
 
 Menu* QtBackend::popUp(Menu& head)
 {

@@ -2,15 +2,15 @@
 
 #include "toolkit/activation.h"
 #include "toolkit/press.h"
+#include "toolkit/qt/drawings.h"
 #include "toolkit/qt/form_widget.h"
 #include "toolkit/qt/frame_painter.h"
+#include "toolkit/qt/message_box.h"
 #include "toolkit/qt/style.h"
 #include "toolkit/screen.h"
 #include "toolkit/timer.h"
 
 #include <QApplication>
-#include <QInputDialog>
-#include <QMessageBox>
 #include <QMouseEvent>
 #include <QScreen>
 #include <QTimer>
@@ -40,21 +40,6 @@ Qt::CursorShape cursorShape(Integer shape)
     default:
         return Qt::ArrowCursor;
     }
-}
-
-QMessageBox::Icon boxIcon(BoxStyle style)
-{
-    switch (style) {
-    case BoxStyle::Critical:
-        return QMessageBox::Critical;
-    case BoxStyle::YesNoQuestion:
-        return QMessageBox::Question;
-    case BoxStyle::Exclamation:
-        return QMessageBox::Warning;
-    case BoxStyle::Information:
-        break;
-    }
-    return QMessageBox::Information;
 }
 
 /// What a box says that the end of the program has closed.
@@ -132,11 +117,7 @@ BoxAnswer QtBackend::messageBox(const Text& text, BoxStyle style, const Text& ti
 {
     if (boxesEnded_)
         return withoutAnswer(style);
-    QMessageBox box(boxIcon(style), rendered(title), rendered(text));
-    box.setObjectName(QStringLiteral("messageBox"));
-    box.setTextFormat(Qt::PlainText);
-    if (style == BoxStyle::YesNoQuestion)
-        box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    MessageBox box(rendered(text), style, rendered(title), boxTexts_);
     const int button = box.exec();
     if (boxesEnded_)
         return withoutAnswer(style);
@@ -145,16 +126,9 @@ BoxAnswer QtBackend::messageBox(const Text& text, BoxStyle style, const Text& ti
     return BoxAnswer::Ok;
 }
 
-int QtBackend::choose(const Text& text, const std::vector<Text>& choices, const Text& title)
+Bitmap QtBackend::picture(const Text& name, int width, int height)
 {
-    if (boxesEnded_)
-        return -1;
-    QStringList items;
-    for (const Text& choice : choices)
-        items += QString::fromStdString(choice);
-    bool chosen = false;
-    const QString item = QInputDialog::getItem(nullptr, rendered(title), rendered(text), items, 0, false, &chosen);
-    return chosen ? static_cast<int>(items.indexOf(item)) : -1;
+    return bitmapOf(drawing(QString::fromStdString(name), {width, height}, 1).toImage());
 }
 
 void QtBackend::later(int ms, std::function<void()> task) { QTimer::singleShot(ms, this, std::move(task)); }

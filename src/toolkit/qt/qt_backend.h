@@ -25,8 +25,10 @@ public:
     void timerGone(Timer& timer) override;
     void mousePointerChanged(Integer shape) override;
     BoxAnswer messageBox(const Text& text, BoxStyle style, const Text& title) override;
-    int choose(const Text& text, const std::vector<Text>& choices, const Text& title) override;
     Menu* popUp(Menu& head) override;
+    Bitmap picture(const Text& name, int width, int height) override;
+    void setBoxTexts(const BoxTexts& texts) override { boxTexts_ = texts; }
+    const BoxTexts& boxTexts() const { return boxTexts_; }
     void later(int ms, std::function<void()> task) override;
     void quit() override;
     void beep() override;
@@ -41,6 +43,7 @@ protected:
 
 private:
     std::map<Timer*, std::unique_ptr<QTimer>> timers_;
+    BoxTexts boxTexts_;
     bool pointerSet_ = false;
     bool boxesEnded_ = false;
 };

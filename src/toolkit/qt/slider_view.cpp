@@ -1,5 +1,6 @@
 #include "toolkit/activation.h"
 #include "toolkit/form.h"
+#include "toolkit/qt/focus_ring.h"
 #include "toolkit/qt/kinds.h"
 #include "toolkit/qt/palette.h"
 #include "toolkit/screen.h"
@@ -18,6 +19,8 @@ namespace
 {
 
 constexpr double kThumb = 9;
+constexpr double kGroove = 6;
+constexpr double kDisabled = 0.35;
 
 /// A groove with a fill and a round thumb. A vertical one grows downwards, as its `Value` does.
 class SliderWidget : public QWidget
@@ -36,8 +39,13 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override { ring_.focusIn(*event); }
+    void focusOutEvent(QFocusEvent*) override { ring_.focusOut(); }
 
 private:
+    void paintGround(QPainter& painter) const;
+    void paintGroove(QPainter& painter) const;
+    void paintThumb(QPainter& painter) const;
     double travel() const { return (slider_.vertical() ? height() : width()) - 2 * kThumb; }
     double along(const QPointF& at) const { return slider_.vertical() ? at.y() : at.x(); }
     double thumbCentre() const;
@@ -48,6 +56,7 @@ private:
 
     Slider& slider_;
     std::optional<double> grip_;
+    FocusRing ring_{*this};
 };
 
 double SliderWidget::thumbCentre() const
@@ -67,34 +76,58 @@ Long SliderWidget::valueAt(double place) const
 void SliderWidget::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
+    paintGround(painter);
     painter.setRenderHint(QPainter::Antialiasing);
+    if (!isEnabled())
+        painter.setOpacity(kDisabled);
+    paintGroove(painter);
+    paintThumb(painter);
+}
+
+void SliderWidget::paintGround(QPainter& painter) const
+{
+    const auto& colourOf = slider_.form().ControlColour;
+    if (const auto colour = colourOf ? colourOf(slider_) : std::nullopt)
+        painter.fillRect(rect(), QColor(*colour & 255, *colour >> 8 & 255, *colour >> 16 & 255));
+}
+
+void SliderWidget::paintGroove(QPainter& painter) const
+{
     const bool vertical = slider_.vertical();
     const double middle = (vertical ? width() : height()) / 2.0;
     const double length = vertical ? height() : width();
-    const double thumb = thumbCentre();
+    const double half = kGroove / 2;
     const auto bar = [&](double from, double to) {
-        return vertical ? QRectF(middle - 3, from, 6, to - from) : QRectF(from, middle - 3, to - from, 6);
+        return vertical ? QRectF(middle - half, from, kGroove, to - from)
+                        : QRectF(from, middle - half, to - from, kGroove);
     };
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(palette::kGlassTop);
-    painter.drawRoundedRect(bar(2, length - 2), 3, 3);
+    painter.setPen(QPen(palette::kGlassTop, 1));
+    painter.setBrush(palette::kWell);
+    painter.drawRoundedRect(bar(2, length - 2), half, half);
     QLinearGradient fill(0, 0, vertical ? width() : 0, vertical ? 0 : height());
     fill.setColorAt(0.3, palette::kMoves);
     fill.setColorAt(0.7, palette::kMovesDeep);
+    painter.setPen(Qt::NoPen);
     painter.setBrush(fill);
-    painter.drawRoundedRect(vertical ? bar(thumb, length - 2) : bar(2, thumb), 3, 3);
-    if (hasFocus()) {
-        painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(palette::kMoves, 2));
-    } else {
-        painter.setPen(QPen(palette::kMovesDeep, 1.5));
-    }
-    painter.setBrush(underMouse() ? Qt::white : palette::kText);
-    const QPointF centre = vertical ? QPointF(middle, thumb) : QPointF(thumb, middle);
-    painter.drawEllipse(centre, kThumb - 2, kThumb - 2);
+    painter.drawRoundedRect(vertical ? bar(thumbCentre(), length - 2) : bar(2, thumbCentre()), half, half);
+}
+
+void SliderWidget::paintThumb(QPainter& painter) const
+{
+    const double middle = (slider_.vertical() ? width() : height()) / 2.0;
+    const QPointF centre = slider_.vertical() ? QPointF(middle, thumbCentre()) : QPointF(thumbCentre(), middle);
+    const double radius = kThumb - (grip_ || underMouse() ? 1 : 2);
+    painter.setPen(QPen(palette::kMovesDeep, 1.5));
+    painter.setBrush(grip_ ? palette::kText.darker(108) : underMouse() ? QColor(Qt::white) : palette::kText);
+    painter.drawEllipse(centre, radius, radius);
     painter.setPen(Qt::NoPen);
     painter.setBrush(palette::kMovesDeep);
     painter.drawEllipse(centre, 2.5, 2.5);
+    if (!ring_.isShown())
+        return;
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(palette::kMoves, 2));
+    painter.drawEllipse(centre, kThumb, kThumb);
 }
 
 Long SliderWidget::moved(double by) const
@@ -147,6 +180,7 @@ void SliderWidget::mouseReleaseEvent(QMouseEvent* from)
 
 void SliderWidget::keyPressEvent(QKeyEvent* key)
 {
+    ring_.keyUsed();
     const double small = slider_.SmallChange;
     const double large = slider_.LargeChange;
     switch (key->key()) {

@@ -1,11 +1,15 @@
 #include "toolkit/qt/style.h"
 
 #include "toolkit/qt/palette.h"
+#include "toolkit/screen.h"
 
 #include <QApplication>
 #include <QFontDatabase>
 #include <QPalette>
+#include <QRegularExpression>
 #include <QStyleFactory>
+
+#include <cmath>
 
 namespace tandrel
 {
@@ -13,31 +17,64 @@ namespace tandrel
 namespace
 {
 
+// Lengths are written as {pixels}, colours as %name.
 constexpr const char* kSheet = R"(
 QWidget { color: %text; }
 QLabel { background: transparent; }
-QLabel[role="quiet"] { color: %quiet; }
-QLabel[role="title"] { color: %moves; font-size: 13px; font-weight: 600; }
-QLabel[role="time"] { color: %text; font-size: 34px; font-weight: 300; }
-QLabel[role="value"] { color: %text; font-size: 15px; }
-QLabel[role="caption"] { color: %quiet; font-size: 9px; letter-spacing: 1px; }
-QDialog, QMessageBox { background: %body; border: 1px solid %rim; }
-QPushButton { background: %button; border: 1px solid %rim; border-radius: 8px; padding: 5px 16px; min-width: 48px; }
+QLabel[role="quiet"] { color: %quiet; font-size: {11}; }
+QLabel[role="title"] { color: %moves; font-size: {13}; font-weight: 600; }
+QLabel[role="heading"] { color: %moves; font-size: {12}; font-weight: 600; }
+QLabel[role="time"] { color: %text; font-size: {34}; font-weight: 300; }
+QLabel[role="value"] { color: %text; font-size: {15}; }
+QLabel[role="figure"] { color: %text; font-size: {17}; font-weight: 300; }
+QLabel[role="display"] { color: %text; font-size: {42}; font-weight: 300; }
+QLabel[role="caption"] { color: %quiet; font-size: {9}; letter-spacing: 1px; }
+QLabel[role="group"] { color: %group; font-size: {9}; font-weight: 600; letter-spacing: 1px; }
+QLabel[role="chip"] { color: %text; font-size: {11}; background: %button; border-radius: {8}; }
+QDialog, QMessageBox { background: %body; }
+QDialog QLabel { font-size: {13}; }
+QPushButton { background: %button; border: 1px solid %rim; border-radius: {8}; padding: {5} {16}; min-width: {56};
+              font-size: {12}; }
 QPushButton:hover { background: %hover; border-color: %moves; }
-QPushButton:pressed { background: %pressed; padding-top: 6px; padding-bottom: 4px; }
+QPushButton:pressed { background: %pressed; padding-top: {6}; padding-bottom: {4}; }
 QPushButton:focus { border: 2px solid %moves; }
-QPushButton:disabled, QCheckBox:disabled { color: %quiet; }
-QCheckBox { background: transparent; spacing: 6px; }
-QCheckBox::indicator { width: 13px; height: 13px; border: 1px solid %rim; border-radius: 3px; background: %glass; }
+QPushButton:disabled, QCheckBox:disabled, QComboBox:disabled { color: %faint; }
+QPushButton[compact="true"] { padding: 0; min-width: 0; border-radius: {7}; font-size: {13}; }
+QPushButton[compact="true"]:pressed { padding: 1px 0 0 0; }
+QCheckBox { background: transparent; spacing: {6}; font-size: {11}; color: %quiet; }
+QCheckBox:hover { color: %text; }
+QCheckBox::indicator { width: {12}; height: {12}; border: 1px solid %rim; border-radius: {3}; background: %glass; }
+QCheckBox::indicator:hover { border-color: %moves; }
 QCheckBox::indicator:checked { background: %moves; }
-QCheckBox:focus { outline: none; }
-QComboBox { background: %glass; border: 1px solid %rim; border-radius: 8px; padding: 4px 8px; }
-QComboBox QAbstractItemView { background: %glass; selection-background-color: %deep; border: 1px solid %rim; }
-QToolTip { background: %glass; color: %text; border: 1px solid %rim; padding: 4px 6px; }
-QMenu { background: %body; border: 1px solid %rim; border-radius: 8px; padding: 6px; }
-QMenu::item { padding: 5px 22px; border-radius: 4px; }
+QCheckBox:focus { outline: none; color: %text; }
+QCheckBox::indicator:focus { border: 2px solid %moves; width: {10}; height: {10}; }
+QComboBox { background: %glass; border: 1px solid %rim; border-radius: {8}; padding: {4} {10}; font-size: {13}; }
+QComboBox:hover { border-color: %moves; }
+QComboBox:focus { border: 2px solid %moves; }
+QComboBox::drop-down { border: none; width: {26}; }
+QComboBox::down-arrow { image: url(:/skin/arrow_down.svg); width: {12}; height: {12}; }
+QComboBox QAbstractItemView { background: %glass; selection-background-color: %deep; border: 1px solid %rim;
+                              outline: none; padding: {4}; }
+QProgressBar { background: %glass; border: 1px solid %rim; border-radius: {4}; }
+QProgressBar::chunk { background: %moves; border-radius: {3}; }
+QToolTip { background: %glass; color: %text; border: 1px solid %rim; padding: {4} {6}; font-size: {12}; }
+QMenu { background: %body; border: 1px solid %rim; border-radius: {8}; padding: {6}; font-size: {12}; }
+QMenu::item { padding: {6} {24} {6} {24}; border-radius: {5}; }
 QMenu::item:selected { background: %deep; }
+QMenu::item:disabled { color: %faint; }
+QMenu::separator { height: 1px; background: %rim; margin: {4} {10}; }
+QMenu::indicator { width: {12}; height: {12}; left: {7}; }
+QMenu::indicator:checked { image: url(:/skin/check.svg); }
 )";
+
+/// All lengths in braces, in pixels of this screen.
+void scaleLengths(QString& text)
+{
+    static const QRegularExpression length(QStringLiteral("\\{(\\d+)\\}"));
+    for (auto found = length.match(text); found.hasMatch(); found = length.match(text))
+        text.replace(found.capturedStart(), found.capturedLength(),
+                     QString::number(scaledPixels(found.captured(1).toInt())) + QLatin1String("px"));
+}
 
 QString sheet()
 {
@@ -46,6 +83,8 @@ QString sheet()
         {"%text", palette::kText},
         {"%quiet", palette::kQuietText},
         {"%moves", palette::kMoves},
+        {"%group", palette::kGroup},
+        {"%faint", palette::kRim.darker(150)},
         {"%deep", palette::kMovesDeep},
         {"%rim", palette::kRim.darker(160)},
         {"%body", palette::kBase},
@@ -56,17 +95,24 @@ QString sheet()
     };
     for (const auto& [mark, colour] : colours)
         text.replace(QLatin1String(mark), colour.name());
+    scaleLengths(text);
     return text;
 }
 
 } // namespace
+
+int scaledPixels(double pixels)
+{
+    constexpr double kUsualTwips = 15;
+    return static_cast<int>(std::lround(pixels * kUsualTwips / std::max<int>(1, screen().TwipsPerPixelY())));
+}
 
 void applyStyle(QApplication& application)
 {
     application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QFont font(QFontDatabase::families().contains(QLatin1String("Inter")) ? QStringLiteral("Inter")
                                                                           : application.font().family());
-    font.setPixelSize(12);
+    font.setPixelSize(scaledPixels(12));
     application.setFont(font);
     QPalette colours;
     colours.setColor(QPalette::Window, palette::kBase);

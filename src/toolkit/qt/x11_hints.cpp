@@ -51,7 +51,7 @@ bool windowManagerPresent()
     return reply && xcb_get_property_value_length(reply.get()) > 0;
 }
 
-void announceFullScreen(QWidget& window, bool on)
+void announceState(QWidget& window, const char* state, bool on)
 {
     if (!windowManagerPresent())
         return;
@@ -62,7 +62,7 @@ void announceFullScreen(QWidget& window, bool on)
     message.window = static_cast<xcb_window_t>(window.winId());
     message.type = atom(display, "_NET_WM_STATE");
     message.data.data32[0] = on ? 1 : 0;
-    message.data.data32[1] = atom(display, "_NET_WM_STATE_FULLSCREEN");
+    message.data.data32[1] = atom(display, state);
     message.data.data32[3] = 1;
     xcb_send_event(display, 0, rootWindow(display),
                    XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,

@@ -9,7 +9,8 @@ namespace tandrel
 /// True if a window manager runs on this display. Asked once a call, without caching: one may start later.
 bool windowManagerPresent();
 
-/// Tells the window manager that the window covers its monitor, or no longer does. Nothing where none runs.
-void announceFullScreen(QWidget& window, bool on);
+/// Asks the window manager to give the window one of its states, such as "_NET_WM_STATE_FULLSCREEN", or to take it
+/// away. Nothing where none runs.
+void announceState(QWidget& window, const char* state, bool on);
 
 } // namespace tandrel

@@ -1,0 +1,43 @@
+#include "toolkit/qt/drawings.h"
+
+#include <QPainter>
+#include <QPixmapCache>
+#include <QSvgRenderer>
+
+namespace tandrel
+{
+
+QPixmap drawing(const QString& name, const QSize& size, double pixelRatio)
+{
+    const QString key = QStringLiteral("%1 %2x%3@%4").arg(name).arg(size.width()).arg(size.height()).arg(pixelRatio);
+    QPixmap picture;
+    if (QPixmapCache::find(key, &picture))
+        return picture;
+    picture = QPixmap(size * pixelRatio);
+    picture.setDevicePixelRatio(pixelRatio);
+    picture.fill(Qt::transparent);
+    QSvgRenderer renderer(QStringLiteral(":/skin/%1.svg").arg(name));
+    if (renderer.isValid()) {
+        QPainter painter(&picture);
+        renderer.render(&painter, QRectF(QPointF(), size));
+    }
+    QPixmapCache::insert(key, picture);
+    return picture;
+}
+
+Bitmap bitmapOf(const QImage& image)
+{
+    QImage flat(image.size(), QImage::Format_RGB32);
+    flat.fill(Qt::black);
+    QPainter(&flat).drawImage(QPoint(), image);
+    Bitmap bitmap{flat.width(), flat.height(), {}};
+    bitmap.pixels.reserve(static_cast<std::size_t>(flat.width()) * static_cast<std::size_t>(flat.height()));
+    for (int y = 0; y < flat.height(); ++y) {
+        const auto* row = reinterpret_cast<const QRgb*>(flat.constScanLine(y));
+        for (int x = 0; x < flat.width(); ++x)
+            bitmap.pixels.push_back(rgb(qRed(row[x]), qGreen(row[x]), qBlue(row[x])));
+    }
+    return bitmap;
+}
+
+} // namespace tandrel

@@ -1,0 +1,84 @@
+#include "toolkit/qt/message_box.h"
+
+#include "toolkit/qt/drawings.h"
+#include "toolkit/qt/frame_painter.h"
+#include "toolkit/qt/style.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPushButton>
+
+namespace tandrel
+{
+
+namespace
+{
+
+constexpr int kIcon = 40;
+constexpr int kMargin = 12;
+
+const char* iconOf(BoxStyle style)
+{
+    switch (style) {
+    case BoxStyle::Critical:
+        return "box_stop";
+    case BoxStyle::YesNoQuestion:
+        return "box_question";
+    case BoxStyle::Exclamation:
+        return "box_warning";
+    case BoxStyle::Information:
+        break;
+    }
+    return "box_information";
+}
+
+} // namespace
+
+MessageBox::MessageBox(const QString& text, BoxStyle style, const QString& title, const BoxTexts& texts)
+{
+    setObjectName(QStringLiteral("messageBox"));
+    setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint);
+    setAttribute(Qt::WA_TranslucentBackground);
+    setWindowTitle(title);
+    setTextFormat(Qt::PlainText);
+    setText(text);
+    const int icon = scaledPixels(kIcon);
+    setIconPixmap(drawing(QString::fromLatin1(iconOf(style)), {icon, icon}, devicePixelRatioF()));
+    setContentsMargins(kMargin, kCaptionBand + kMargin, kMargin, kMargin);
+    if (style == BoxStyle::YesNoQuestion) {
+        setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+        button(QMessageBox::Yes)->setText(rendered(texts.yes));
+        button(QMessageBox::No)->setText(rendered(texts.no));
+    } else {
+        setStandardButtons(QMessageBox::Ok);
+        button(QMessageBox::Ok)->setText(rendered(texts.ok));
+    }
+}
+
+void MessageBox::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    paintDialog(painter, windowTitle(), rect());
+}
+
+void MessageBox::resizeEvent(QResizeEvent* event)
+{
+    QMessageBox::resizeEvent(event);
+    setMask(roundedRegion(rect()));
+}
+
+void MessageBox::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton && event->position().y() < kCaptionBand)
+        drag_ = event->globalPosition().toPoint() - pos();
+}
+
+void MessageBox::mouseMoveEvent(QMouseEvent* event)
+{
+    if (drag_)
+        move(event->globalPosition().toPoint() - *drag_);
+}
+
+void MessageBox::mouseReleaseEvent(QMouseEvent*) { drag_.reset(); }
+
+} // namespace tandrel
