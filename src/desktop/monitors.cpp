@@ -155,6 +155,42 @@ void clsMonitors::centreWhereItStands(Form& form) const
     form.Move(place);
 }
 
+namespace
+{
+
+/// How far `from` to `to` lies outside of the range, 0 where they touch.
+double distance(double from, double to, double low, double high)
+{
+    return from >= high ? from - high + 1 : to <= low ? low - to + 1 : 0;
+}
+
+/// So much of it is inside the range as fits; its beginning where it does not.
+Long pulledInside(Long at, Long size, Long low, Long range)
+{
+    return std::max<Long>(low, std::min<Long>(at, low + range - size));
+}
+
+} // namespace
+
+void clsMonitors::bringWithinReach(Form& form) const
+{
+    const TwipsRect place = form.place();
+    std::optional<MonitorTwips> nearest;
+    double shortest = 0;
+    for (const clsMonitor& monitor : monitors_) {
+        const MonitorTwips area = inTwips(monitor);
+        const double away = distance(place.left, place.left + place.width, area.left, area.left + area.width) +
+                            distance(place.top, place.top + place.height, area.top, area.top + area.height);
+        if (nearest && away >= shortest)
+            continue;
+        nearest = area;
+        shortest = away;
+    }
+    if (nearest && shortest > 0)
+        form.Move({pulledInside(place.left, place.width, nearest->left, nearest->width),
+                   pulledInside(place.top, place.height, nearest->top, nearest->height), place.width, place.height});
+}
+
 clsMonitors& monitors()
 {
     static clsMonitors collection;

@@ -51,6 +51,9 @@ public:
     /// Centres a form on the work area of the monitor that `other` (or the form itself) is on, else on the screen.
     void CenterFormOnMonitor(Form& form, const Form* other = nullptr) const;
 
+    /// A form that touches no monitor is moved to the nearest one; any other stays.
+    void bringWithinReach(Form& form) const;
+
     /// The first monitor that holds the form's left and top (left and top inclusive, right and bottom exclusive).
     std::optional<MonitorTwips> holding(const Form& form) const;
     /// Centres the form on that monitor; with none it stays.

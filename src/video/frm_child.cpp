@@ -2,6 +2,7 @@
 
 #include "console/frm_media.h"
 #include "console/holders.h"
+#include "desktop/wheel.h"
 #include "media/mod_media.h"
 #include "toolkit/screen.h"
 #include "video/slots.h"
@@ -39,17 +40,9 @@ frmChild::frmChild() : Form("frmChild", Frame::Video, {0, 0, 4810, 4505})
 void frmChild::wireControls()
 {
     picVideo.Resize = [this] { picVideo_Resize(); };
-    imgExit.MouseDown = [this](const MouseEvent& event) {
-        if (event.button == mouse::kLeft)
-            imgExit.BorderStyle = 1;
-    };
-    imgExit.MouseUp = [this](const MouseEvent& event) {
-        if (event.button == mouse::kLeft)
-            imgExit.BorderStyle = 0;
-    };
+    showsPress(imgExit);
     imgExit.Click = [this] { unload(*this); };
     Timer1.Tick = [this] { Timer1_Timer(); };
-    Wheel = [this](int rotation, double x, double y) { MouseWheel(0, rotation, x, y); };
 
     const auto wireStrip = [this](PictureBox& box, int strip) {
         box.MouseDown = [this, strip](const MouseEvent&) { holdStrip(strip); };
@@ -77,6 +70,7 @@ void frmChild::wireControls()
 void frmChild::onLoad()
 {
     Style.Client = this;
+    WheelHookInstall(hWnd());
     Volume = frmMedia().VolumeSlider.Value;
     Paused = 0;
 }
@@ -181,6 +175,7 @@ void frmChild::onUnload()
         console.lblTitleBar.Caption = kNoMedia;
         console.lblDuration.Caption = "0:00:00";
     }
+    WheelHookRemove(hWnd());
     console.lblDuration.Caption = "0:00:00";
     console.lblTitleBar.Caption = "";
     console.SetFocus();

@@ -54,7 +54,7 @@ public:
     Timer Timer1{*this, "Timer1", 2000, false};
 
     /// A turn of the wheel: the volume in full screen, else the size of the window. Only the sign of `rotation` counts.
-    void MouseWheel(Long keys, Long rotation, Long x, Long y);
+    void MouseWheel(Long keys, Long rotation, Long x, Long y) override;
 
     /// `MediaWidth` and `MediaHeigth` from the device; both stay where its answer can't be read.
     void ReadMediaSize();

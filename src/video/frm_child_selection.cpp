@@ -15,6 +15,8 @@ namespace tandrel
 
 void frmChild::onActivate()
 {
+    if (!FullScreenOn)
+        ScreenSaverSwitch(true);
     showStrips(!Full);
     selectThis();
     if (buttonIsDown(MouseButton::Right)) {

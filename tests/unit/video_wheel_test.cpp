@@ -2,6 +2,7 @@
 
 #include "player_bench.h"
 
+#include "desktop/wheel.h"
 #include "fullscreen/frm_panel.h"
 #include "toolkit/activation.h"
 
@@ -222,10 +223,22 @@ TEST_F(VideoWheel, NoTurnLeavesTheSize)
 
 TEST_F(VideoWheel, TheWindowSystemsWheelComesHere)
 {
-    window().Move({0, 0, 5000, 4000});
-    ASSERT_TRUE(window().Wheel);
-    window().Wheel(120, 10, 10);
-    EXPECT_EQ(window().width(), 5500);
+    world.backend.windows = true;
+    frmChild& shown = open(1);
+    shown.Move({0, 0, 5000, 4000});
+    ASSERT_TRUE(hasWheelHook(shown.hWnd()));
+    shown.WheelProcedure({0, 120, 10, 10});
+    EXPECT_EQ(shown.width(), 5500);
+    shown.WheelProcedure({0, 120, 5000, 10});
+    EXPECT_EQ(shown.width(), 5500) << "the pointer is somewhere else";
+}
+
+TEST_F(VideoWheel, TheHookGoesWithTheWindow)
+{
+    world.backend.windows = true;
+    const auto shown = std::dynamic_pointer_cast<frmChild>(open(1).shared_from_this());
+    unload(*shown);
+    EXPECT_FALSE(shown->WheelProcedure);
 }
 
 } // namespace tandrel::test
