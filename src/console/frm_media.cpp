@@ -1,8 +1,6 @@
 #include "console/frm_media.h"
 
-#include "console/command_line.h"
 #include "console/holders.h"
-#include "console/slidemenu.h"
 #include "media/mod_media.h"
 #include "media/shared_state.h"
 #include "toolkit/screen.h"
@@ -17,73 +15,45 @@ namespace
 constexpr std::array<const char*, command::kCount> kCaptions{"Play", "Pause", "Stop", "Open",
                                                              "Help", nullptr, "_",    "X"};
 
+/// One button for each caption; none where there is no caption.
+template <std::size_t Count>
+std::vector<std::unique_ptr<CommandButton>>
+buttonRow(Form& form, const Text& name, const std::array<const char*, Count>& captions, TwipsRect first, Long pitch)
+{
+    std::vector<std::unique_ptr<CommandButton>> row(Count);
+    for (std::size_t index = 0; index < Count; ++index) {
+        const TwipsRect place{first.left + pitch * static_cast<int>(index), first.top, first.width, first.height};
+        if (captions[index])
+            row[index] = std::make_unique<CommandButton>(form, name + std::to_string(index), place, captions[index]);
+    }
+    return row;
+}
+
 } // namespace
 
-frmMedia::frmMedia()
-    : Form("frmMedia", Frame::Skin, {screen().FirstLeft(), screen().FirstTop(), 13500, 3180}), cmdMedia(command::kCount)
+frmMedia::frmMedia() : Form("frmMedia", Frame::Skin, {screen().FirstLeft(), screen().FirstTop(), 13500, 3180})
 {
-    lblTitleBar.role = TextRole::Title;
-    lblCurTime.role = TextRole::Time;
-    lblDuration.role = TextRole::Value;
-    for (Label* label : {&Label3, &Label4, &Label6, &Label7})
-        label->role = TextRole::Caption;
-    for (Label* label : {&lblSpeed, &lblSize}) {
-        label->role = TextRole::Quiet;
-        label->alignment = Alignment::Centre;
-    }
-    for (int index = 0; index < command::kCount; ++index) {
-        if (!kCaptions[static_cast<std::size_t>(index)])
-            continue;
-        auto& button = cmdMedia[static_cast<std::size_t>(index)];
-        button = std::make_unique<CommandButton>(*this, "cmdMedia" + std::to_string(index), TwipsRect{0, 0, 300, 300},
-                                                 kCaptions[static_cast<std::size_t>(index)]);
-        button->Visible = false;
-    }
-    VolumeSlider.Value = 50;
-    InvertSlider.Value = 50;
-    VolumeSlider.Visible = false;
-    lblClick.Visible = false;
-    lblDblClick.Visible = false;
-    for (Slider* slider : {&VolumeSlider, &InvertSlider})
-        slider->ToolTip = "Volume";
-    imgResize.ToolTip = "PlayAll Mode or PlayList Mode";
-    imgExit.ToolTip = "Exit";
-    imgDwn.ToolTip = "Minimize Control Panel";
+    dressControls();
     wireControls();
 }
 
-frmMedia::~frmMedia() { installConsoleFace(nullptr); }
-
-void frmMedia::wireControls()
+std::vector<std::unique_ptr<CommandButton>> frmMedia::makeCommandRow()
 {
-    for (int index = 0; index < command::kCount; ++index)
-        if (auto& button = cmdMedia[static_cast<std::size_t>(index)])
-            button->Click = [this, index] { cmdMedia_Click(index); };
-    const auto pressable = [](Image& image) {
-        image.MouseDown = [&image](const MouseEvent& event) {
-            if (event.button == mouse::kLeft)
-                image.BorderStyle = 1;
-        };
-        image.MouseUp = [&image](const MouseEvent& event) {
-            if (event.button == mouse::kLeft)
-                image.BorderStyle = 0;
-        };
-    };
-    for (Image* image : {&imgExit, &imgDwn, &imgResize})
-        pressable(*image);
-    const auto onClick = [this](Image& image, std::function<void()> action) {
-        image.Click = [this, action = std::move(action)] {
-            if (!ClosingDown)
-                action();
-        };
-    };
-    onClick(imgResize, [] { PopupMenu(slidemenu().popup); });
-    onClick(imgExit, [this] { cmdMedia[command::kExit]->Value = true; });
-    onClick(imgDwn, [this] { WindowState = 1; });
-    Timer2.Tick = [this] { Timer2_Timer(); };
-    MouseMove = [this](const MouseEvent&) { playAfterFullScreen(); };
-    Sposta.MouseMove = [this](const MouseEvent&) { playAfterFullScreen(); };
+    return buttonRow(*this, "cmdMedia", kCaptions, {0, 0, 300, 300}, 0);
 }
+
+std::vector<std::unique_ptr<CommandButton>> frmMedia::makeSizeRow()
+{
+    // The larger stands at the right of the size, the smaller at its left.
+    auto row = buttonRow<size::kCount>(*this, "cmdSize", {"+", "-"}, {10530, 2790, 315, 270}, -1215);
+    for (auto& button : row) {
+        button->compact = true;
+        button->ToolTip = Label1.caption() + " " + button->caption();
+    }
+    return row;
+}
+
+frmMedia::~frmMedia() { installConsoleFace(nullptr); }
 
 void frmMedia::playAfterFullScreen()
 {

@@ -3,32 +3,22 @@
 #include "console/command_line.h"
 #include "console/frm_media.h"
 #include "console/holders.h"
+#include "desktop/layered.h"
 #include "desktop/monitors.h"
 #include "media/shared_state.h"
 #include "persist/settings.h"
+#include "texts/frm_lang.h"
 #include "toolkit/screen.h"
-
-#include <array>
 
 namespace tandrel
 {
 
-namespace
-{
-
-constexpr std::array<const char*, 6> kCodes{"EN", "ES", "FR", "IT", "DE", "PT"};
-const std::vector<Text> kLanguages{"English", "Español", "Français", "Italiano", "Deutsch", "Português"};
-
-constexpr int kFadeStep = 5;
-constexpr int kOpaque = 255;
-
-} // namespace
-
-frmStart::frmStart() : Form("frmStart", Frame::Bare, {screen().FirstLeft(), screen().FirstTop(), 6000, 1800})
+frmStart::frmStart() : Form("frmStart", Frame::Skin, {screen().FirstLeft(), screen().FirstTop(), 9000, 3300})
 {
     Caption = "Tandrel Player";
-    lblTitle.alignment = Alignment::Centre;
-    lblTitle.role = TextRole::Value;
+    setWindowWord(style::kExtendedWord, style::kToolWindow);
+    Label1.role = Label2.role = TextRole::Display;
+    lblPRO.role = TextRole::Group;
 }
 
 void frmStart::start()
@@ -50,27 +40,15 @@ void frmStart::onLoad()
         frmMedia().Show();
         return;
     }
-    fadeIn();
+    fadeIn(*this);
 }
 
 void frmStart::askLanguage()
 {
     screen().MousePointer = pointer::kDefault;
-    const int chosen = backend().choose("Select Language:", kLanguages, "Tandrel Player");
-    if (chosen >= 0)
-        Language = kCodes[static_cast<std::size_t>(chosen)];
+    frmLang().Show(ShowMode::Modal);
     screen().MousePointer = pointer::kDefault;
     saveSetting(settings::kLanguage, Language);
-}
-
-void frmStart::fadeIn()
-{
-    setOpacity(0);
-    Visible = true;
-    for (int alpha = 1; alpha <= kOpaque; alpha += kFadeStep) {
-        setOpacity(alpha);
-        Refresh();
-    }
 }
 
 void frmStart::onActivate() { frmMedia().Show(); }

@@ -4,8 +4,13 @@
 #include "console/frm_start.h"
 #include "console/slidemenu.h"
 #include "fullscreen/frm_panel.h"
+#include "texts/frm_help.h"
+#include "texts/frm_lang.h"
+#include "texts/frm_splash.h"
 #include "texts/frm_tool_tip.h"
+#include "texts/frm_update.h"
 #include "texts/frm_wait.h"
+#include "texts/menu.h"
 #include "toolkit/holder.h"
 
 namespace tandrel
@@ -29,7 +34,13 @@ TANDREL_HOLDER(frmMedia)
 TANDREL_HOLDER(frmPanel)
 TANDREL_HOLDER(frmWait)
 TANDREL_HOLDER(frmToolTip)
+TANDREL_HOLDER(frmLang)
+TANDREL_HOLDER(frmSplash)
+TANDREL_HOLDER(frmHelp)
+TANDREL_HOLDER(frmUpdate)
 TANDREL_HOLDER(slidemenu)
+TANDREL_HOLDER(menu)
+TANDREL_HOLDER(share)
 #undef TANDREL_HOLDER
 
 void forgetForms()
@@ -39,7 +50,13 @@ void forgetForms()
     Holder<class frmPanel>::forget();
     Holder<class frmWait>::forget();
     Holder<class frmToolTip>::forget();
+    Holder<class frmLang>::forget();
+    Holder<class frmSplash>::forget();
+    Holder<class frmHelp>::forget();
+    Holder<class frmUpdate>::forget();
     Holder<class slidemenu>::forget();
+    Holder<class menu>::forget();
+    Holder<class share>::forget();
 }
 
 } // namespace tandrel

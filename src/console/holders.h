@@ -4,20 +4,6 @@
 namespace tandrel
 {
 
-class frmStart;
-class frmMedia;
-class frmPanel;
-class frmWait;
-class frmToolTip;
-class slidemenu;
-
-class frmStart& frmStart();
-class frmMedia& frmMedia();
-class frmPanel& frmPanel();
-class frmWait& frmWait();
-class frmToolTip& frmToolTip();
-class slidemenu& slidemenu();
-
 /// Asking for a form does not load it: `Loaded<class frmWait>()`.
 template <class F>
 bool Loaded();
@@ -26,30 +12,27 @@ bool Loaded();
 template <class F>
 void Unload();
 
-template <>
-bool Loaded<class frmStart>();
-template <>
-bool Loaded<class frmMedia>();
-template <>
-bool Loaded<class frmPanel>();
-template <>
-bool Loaded<class frmWait>();
-template <>
-bool Loaded<class frmToolTip>();
-template <>
-bool Loaded<class slidemenu>();
-template <>
-void Unload<class frmStart>();
-template <>
-void Unload<class frmMedia>();
-template <>
-void Unload<class frmPanel>();
-template <>
-void Unload<class frmWait>();
-template <>
-void Unload<class frmToolTip>();
-template <>
-void Unload<class slidemenu>();
+#define TANDREL_FORM(form)                                                                                             \
+    class form;                                                                                                        \
+    class form& form();                                                                                                \
+    template <>                                                                                                        \
+    bool Loaded<class form>();                                                                                         \
+    template <>                                                                                                        \
+    void Unload<class form>();
+
+TANDREL_FORM(frmStart)
+TANDREL_FORM(frmMedia)
+TANDREL_FORM(frmPanel)
+TANDREL_FORM(frmWait)
+TANDREL_FORM(frmToolTip)
+TANDREL_FORM(frmLang)
+TANDREL_FORM(frmSplash)
+TANDREL_FORM(frmHelp)
+TANDREL_FORM(frmUpdate)
+TANDREL_FORM(slidemenu)
+TANDREL_FORM(menu)
+TANDREL_FORM(share)
+#undef TANDREL_FORM
 
 /// Lets go of all instances, so that a test can begin afresh.
 void forgetForms();

@@ -10,10 +10,17 @@
 namespace tandrel
 {
 
+namespace
+{
+// About 76 seconds of ticks, well below what any screen saver or power saving waits for.
+constexpr int kTicksAwake = 100;
+} // namespace
+
 void frmMedia::Timer2_Timer()
 {
     if (ClosingDown)
         return;
+    keepAwake();
     if (ClickState == 1.0) {
         if (!FullMedia.empty() && FullScreenOn && !PanelUp && !FullMenuOpen)
             leaveFullScreen();
@@ -22,6 +29,16 @@ void frmMedia::Timer2_Timer()
     }
     ClickState = 0;
     tellClicks();
+}
+
+void frmMedia::keepAwake()
+{
+    StayAwakeTicks += 1;
+    if (StayAwakeTicks <= kTicksAwake)
+        return;
+    if (FullScreenOn)
+        services().screenSaver->nudge();
+    StayAwakeTicks = 0;
 }
 
 void frmMedia::tellClicks()

@@ -3,10 +3,12 @@
 #include "console/frm_media.h"
 #include "console/holders.h"
 #include "desktop/screen_saver.h"
+#include "desktop/slider_background.h"
 #include "media/mod_media.h"
 #include "media/shared_state.h"
 #include "persist/data_files.h"
 #include "persist/settings.h"
+#include "texts/frm_help.h"
 #include "texts/frm_wait.h"
 #include "toolkit/program.h"
 #include "toolkit/screen.h"
@@ -18,8 +20,12 @@ namespace tandrel
 
 void frmMedia::cmdMedia_Click(int index)
 {
-    if (index == command::kExit)
+    if (index == command::kExit) {
         exitProgram();
+    } else if (index == command::kHelp) {
+        screen().MousePointer = pointer::kDefault;
+        frmHelp().Show();
+    }
 }
 
 void frmMedia::exitProgram()
@@ -97,17 +103,22 @@ void frmMedia::unloadOtherMedia()
 
 void frmMedia::unloadNotices()
 {
-    // The message form and the menu of full screen end here.
+    Unload<class frmUpdate>();
+    // The menu of full screen ends here.
 }
 
 void frmMedia::unloadOtherMenus()
 {
-    // The menus for opening, of a DVD and of the program end here.
+    // The menus for opening and of a DVD end here.
+    Unload<class menu>();
 }
 
 void frmMedia::releaseHooks()
 {
-    // The window procedures and the hook of the wheel are given back here.
+    SliderBrushDelete();
+    SliderHookRemove(*this);
+    services().hotKeys->releaseAll();
+    services().hotKeys->pressed = nullptr;
 }
 
 void frmMedia::restoreOtherMedia()
@@ -123,9 +134,9 @@ void frmMedia::onResize()
 
 void frmMedia::restoreVideos()
 {
-    trap([] {
+    trap([this] {
         frmWait().Show();
-        frmMedia().restoreOtherMedia();
+        restoreOtherMedia();
         forEachLive([](frmChild& window) {
             if (!window.hasFailed())
                 MediaResume(window.MediaFile, window.Paused, Integer(window.Volume));

@@ -27,6 +27,7 @@ void slidemenu::mnuSlideCenter_Click()
     saveSetting(settings::kSlide, "0");
     frmMedia().Resize(false);
     frmMedia().SlideMode = "0";
+    frmMedia().showMode();
 }
 
 void slidemenu::mnuSlideLeft_Click()
@@ -38,6 +39,7 @@ void slidemenu::mnuSlideLeft_Click()
     frmMedia().SlideShow();
     frmMedia().SlideMode = "1";
     frmMedia().WindowDragged = false;
+    frmMedia().showMode();
 }
 
 } // namespace tandrel

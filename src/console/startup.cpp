@@ -10,7 +10,8 @@
 #include "media/shared_state.h"
 #include "persist/data_files.h"
 #include "persist/settings.h"
-#include "texts/messages.h"
+#include "texts/frm_splash.h"
+#include "texts/localised.h"
 #include "toolkit/program.h"
 #include "toolkit/screen.h"
 #include "toolkit/trap.h"
@@ -74,10 +75,7 @@ void frmMedia::leaveStartForm()
     Unload<class frmStart>();
 }
 
-void frmMedia::showSplash()
-{
-    // The splash comes here, at a start without a file that is not the first.
-}
+void frmMedia::showSplash() { frmSplash().Show(ShowMode::Modal); }
 
 void frmMedia::registerFileClasses(bool)
 {
@@ -85,24 +83,9 @@ void frmMedia::registerFileClasses(bool)
     // player becomes the default for them.
 }
 
-void frmMedia::dressConsole()
-{
-    // The outline of the console and the colour of its slider are set here.
-}
-
-void frmMedia::nameInLanguage()
-{
-    // The texts of the console and of its menus take the user's language here; as made they are English.
-}
-
 void frmMedia::makeFileDialog()
 {
     // The dialog that chooses media is made here.
-}
-
-void frmMedia::takeHotKeys()
-{
-    // The hot keys reach the console from here on.
 }
 
 void frmMedia::clearFields()
@@ -112,6 +95,7 @@ void frmMedia::clearFields()
     TrackHold = TitleOff = SaverOff = VolumeTipOn = WindowDragged = false;
     SecondRun = FirstRun = ClosingDown = UpdateCancelled = false;
     iTrans = 255;
+    StayAwakeTicks = 0;
     MaxVideos = kMostVideos;
 }
 
@@ -148,7 +132,7 @@ void frmMedia::noteFirstRun()
 
 bool frmMedia::askPrimaryQuestion(const Text& monthIfRefused)
 {
-    const BoxAnswer answer = backend().messageBox(message::kMakePrimary, BoxStyle::YesNoQuestion, AppTitle);
+    const BoxAnswer answer = backend().messageBox(localised("message.makePrimary"), BoxStyle::YesNoQuestion, AppTitle);
     // An end of the program in the middle of the question is no answer.
     if (answer == BoxAnswer::Cancel)
         return false;
@@ -196,13 +180,17 @@ void frmMedia::placeConsole()
     } else {
         Left = stored < 0 ? FullLeft : Long(stored + FullLeft);
     }
+    monitors().bringWithinReach(*this);
 }
 
 void frmMedia::showTitle()
 {
     Caption = AppTitle;
     Label3.Caption = upper(AppTitle);
-    Sposta.move({0, 0, width(), height()});
+    Sposta.Height = height();
+    Sposta.Width = width();
+    ApplicaMaschera();
+    Sposta.Top = 0;
 }
 
 void frmMedia::openCommandLine()

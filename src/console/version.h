@@ -9,6 +9,9 @@ namespace tandrel
 /// "Tandrel Player PRO " and the version, minor number and revision in two digits each.
 Text programTitle();
 
+/// The version alone, such as "1.00.00".
+Text versionText();
+
 /// The digits of the same version as one number.
 Long programNumber();
 

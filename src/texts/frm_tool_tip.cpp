@@ -2,22 +2,48 @@
 
 #include "console/frm_media.h"
 #include "console/holders.h"
+#include "desktop/monitors.h"
+#include "desktop/region.h"
 #include "persist/settings.h"
+#include "texts/localised.h"
+#include "toolkit/screen.h"
 
 namespace tandrel
 {
 
-frmToolTip::frmToolTip() : Form("frmToolTip", Frame::Bare, {0, 0, 5430, 1680})
+frmToolTip::frmToolTip() : Form("frmToolTip", Frame::Skin, {0, 0, 5730, 1980})
 {
-    imgExit.Click = [this] { imgExit_Click(); };
+    Caption = "Tandrel Player";
+    setWindowWord(style::kExtendedWord, style::kToolWindow);
+    Maschera.Visible = false;
+    imgExit.Visible = false;
+    imgExit1.tabStop = true;
     lblTool.role = TextRole::Quiet;
     lblToolTip.wordWrap = true;
+    for (Image* image : {&imgExit, &imgExit1})
+        image->Click = [this] { imgExit_Click(); };
+    imgExit1.MouseMove = [this](const MouseEvent&) { imgExit.Visible = true; };
+    const auto hideHover = [this](const MouseEvent&) {
+        if (imgExit.Visible)
+            imgExit.Visible = false;
+    };
+    MouseMove = hideHover;
+    imgBody.MouseMove = hideHover;
 }
 
 void frmToolTip::onLoad()
 {
-    lblToolTip.Caption = "Double-Click on Video to play it.\n"
-                         "You can change the Video allignment by [Reposition Video] function.";
+    ApplicaMaschera();
+    lblToolTip.Caption = localised("frmToolTip.line1") + "\n" + localised("frmToolTip.line2");
+    imgExit1.ToolTip = localised("system.close");
+    imgExit.ToolTip = imgExit1.ToolTip;
+    chkToolTip.ToolTip = lblTool.Caption;
+}
+
+void frmToolTip::ApplicaMaschera()
+{
+    setRegion(
+        CreaRegione(backend().picture(Maschera.Picture, pixelsX(Maschera.width()), pixelsY(Maschera.height())), 0));
 }
 
 void frmToolTip::imgExit_Click()

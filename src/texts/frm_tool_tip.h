@@ -11,10 +11,17 @@ class frmToolTip : public Form
 public:
     frmToolTip();
 
-    Label lblToolTip{*this, "lblToolTip", {240, 240, 4800, 900}};
-    CheckBox chkToolTip{*this, "chkToolTip", {240, 1260, 240, 240}};
-    Label lblTool{*this, "lblTool", {540, 1260, 3600, 240}, "Don't show again this message"};
-    Image imgExit{*this, "imgExit", {5070, 90, 270, 270}, "close"};
+    Image Maschera{*this, "Maschera", {0, 0, 5730, 1980}, "tip"};
+    Image imgBody{*this, "imgBody", {0, 0, 5730, 1980}, "tip"};
+    Label lblToolTip{*this, "lblToolTip", {780, 210, 4260, 1290}};
+    CheckBox chkToolTip{*this, "chkToolTip", {780, 1590, 240, 270}};
+    Label lblTool{*this, "lblTool", {1080, 1590, 3600, 270}, "Don't show again this message"};
+    /// The plain button, and over it the one that is seen while the pointer is there.
+    Image imgExit1{*this, "imgExit1", {5070, 105, 270, 270}, "close_quiet"};
+    Image imgExit{*this, "imgExit", {5070, 105, 270, 270}, "close"};
+
+    /// Cuts the window to the outline of its body.
+    void ApplicaMaschera();
 
 protected:
     void onLoad() override;

@@ -6,12 +6,24 @@
 namespace tandrel
 {
 
-frmWait::frmWait() : Form("frmWait", Frame::Bare, {screen().FirstLeft(), screen().FirstTop(), 4500, 900})
+frmWait::frmWait() : Form("frmWait", Frame::Notice, {screen().FirstLeft(), screen().FirstTop(), 4500, 960})
 {
-    lblClose.alignment = Alignment::Centre;
     lblClose.role = TextRole::Title;
+    lblCount.role = TextRole::Chip;
+    lblCount.alignment = Alignment::Centre;
+    lblCount.Visible = false;
+    barDone.Visible = false;
 }
 
 void frmWait::onLoad() { monitors().centreWhereItStands(*this); }
+
+void frmWait::showProgress(Long done, Long whole)
+{
+    barDone.show(done, whole);
+    lblCount.Caption = text(barDone.value()) + " / " + text(barDone.maximum());
+    lblCount.Visible = whole > 0;
+    barDone.Visible = whole > 0;
+    Refresh();
+}
 
 } // namespace tandrel

@@ -11,7 +11,12 @@ class frmWait : public Form
 public:
     frmWait();
 
-    Label lblClose{*this, "lblClose", {0, 210, 4500, 480}, "Please Wait ..."};
+    Label lblClose{*this, "lblClose", {300, 180, 2700, 330}, "Please Wait ..."};
+    Label lblCount{*this, "lblCount", {3000, 180, 1200, 330}};
+    ProgressBar barDone{*this, "barDone", {300, 600, 3900, 120}};
+
+    /// So many videos are done, of so many. Painted at once.
+    void showProgress(Long done, Long whole);
 
 protected:
     void onLoad() override;

@@ -8,8 +8,11 @@
 namespace tandrel::test
 {
 
+using ::testing::AllOf;
+using ::testing::Each;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::Not;
 
 namespace
 {
@@ -44,13 +47,42 @@ protected:
 
 } // namespace
 
+TEST_F(ConsoleMonitor, InFullScreenEvery101stTickIsASignOfLife)
+{
+    fullScreen();
+    for (int tick = 0; tick < 100; ++tick)
+        console().Timer2.tick();
+    EXPECT_EQ(world.screenSaver.nudges, 0);
+    console().Timer2.tick();
+    EXPECT_EQ(world.screenSaver.nudges, 1);
+    for (int tick = 0; tick < 101; ++tick)
+        console().Timer2.tick();
+    EXPECT_EQ(world.screenSaver.nudges, 2);
+}
+
+TEST_F(ConsoleMonitor, WithoutFullScreenTheTicksAreCountedAndNothingSaid)
+{
+    start("0");
+    open(0);
+    console().Timer2.Enabled = true;
+    for (int tick = 0; tick < 150; ++tick)
+        console().Timer2.tick();
+    FullScreenOn = true;
+    // 101 of them began a new count, so that 52 are missing.
+    for (int tick = 0; tick < 51; ++tick)
+        console().Timer2.tick();
+    EXPECT_EQ(world.screenSaver.nudges, 0);
+    console().Timer2.tick();
+    EXPECT_EQ(world.screenSaver.nudges, 1);
+}
+
 TEST_F(ConsoleMonitor, ADoubleClickOnAFullPictureLeadsBack)
 {
     frmChild& window = fullScreen();
     doubleClick();
     EXPECT_FALSE(FullScreenOn);
     EXPECT_FALSE(window.Full);
-    EXPECT_THAT(world.screenSaver.switched, ElementsAre(true));
+    EXPECT_THAT(world.screenSaver.switched, AllOf(Not(IsEmpty()), Each(true)));
     EXPECT_EQ(rectOf(window), (Rect{1500, 1650, 4500, 3000}));
     EXPECT_EQ(window.picVideo.BorderStyle(), 1);
     EXPECT_TRUE(window.picClose.visible());

@@ -181,7 +181,7 @@ TEST_F(ConsoleShutdown, ACloseFromOutsideEndsTheOtherFormsFirstInTheirOrder)
     console().userClose();
     EXPECT_FALSE(Loaded<class slidemenu>());
     const auto hidden = chosen(world.journal, [](const std::string& line) { return line.ends_with(" hide"); });
-    EXPECT_THAT(hidden, ElementsAre("frmWait hide", "frmPanel hide", "frmToolTip hide", "slidemenu hide",
+    EXPECT_THAT(hidden, ElementsAre("frmWait hide", "frmPanel hide", "frmToolTip hide", "slidemenu hide", "menu hide",
                                     "frmChild hide", "frmChild hide", "frmMedia hide"));
 }
 

@@ -6,6 +6,7 @@
 #include "console/frm_start.h"
 #include "console/version.h"
 #include "desktop/monitors.h"
+#include "texts/frm_lang.h"
 #include "toolkit/activation.h"
 #include "toolkit/program.h"
 
@@ -210,11 +211,22 @@ TEST_F(ConsoleStartup, OneTwipMoreIsClamped)
 
 TEST_F(ConsoleStartup, TheLowerEdgeIsMeasuredWithoutTheMonitorsTopAndTheRightEdgeWithItsLeft)
 {
-    onMonitors({{0, 0, 1280, 1000}, {0, 1000, 1280, 2000}, {1280, 1000, 2560, 2000}}, {1280, 1000, 2560, 2000});
+    onMonitors({{0, 0, 1280, 1000}, {0, 1000, 1280, 2000}, {1280, 0, 2560, 1000}, {1280, 1000, 2560, 2000}},
+               {1280, 1000, 2560, 2000});
     withPlace("20000", "20000");
     load();
     ASSERT_EQ(console().FullTop, 15000);
     EXPECT_EQ(console().top(), 15000 - 3180) << "FullHeight less the console";
+    EXPECT_EQ(console().left(), 19200 + 19200 - 13500);
+}
+
+TEST_F(ConsoleStartup, APlaceThatNobodyCouldReachIsMovedToTheNearestMonitor)
+{
+    // The same places, but with no monitor above the console's own.
+    onMonitors({{0, 0, 1280, 1000}, {0, 1000, 1280, 2000}, {1280, 1000, 2560, 2000}}, {1280, 1000, 2560, 2000});
+    withPlace("20000", "20000");
+    load();
+    EXPECT_EQ(console().top(), 15000);
     EXPECT_EQ(console().left(), 19200 + 19200 - 13500);
 }
 
@@ -365,11 +377,12 @@ TEST_F(ConsoleStartup, WithoutAFileTheFirstFormFadesInAndBringsUpTheConsole)
     world.backend.windows = true;
     frmStart().start();
     const auto opacities = startingWith(world.journal, "frmStart opacity ");
-    ASSERT_EQ(opacities.size(), 52U);
+    ASSERT_EQ(opacities.size(), 53U);
     EXPECT_EQ(opacities.front(), "frmStart opacity 0");
     EXPECT_EQ(opacities[1], "frmStart opacity 1");
     EXPECT_EQ(opacities[2], "frmStart opacity 6");
-    EXPECT_EQ(opacities.back(), "frmStart opacity 251");
+    EXPECT_EQ(opacities[51], "frmStart opacity 251");
+    EXPECT_EQ(opacities.back(), "frmStart opacity 255");
     EXPECT_TRUE(console().visible());
     EXPECT_FALSE(Loaded<class frmStart>());
     EXPECT_EQ(activeForm(), &console());
@@ -387,9 +400,16 @@ TEST_F(ConsoleStartup, WithAFileTheFirstFormIsNeverSeen)
 TEST_F(ConsoleStartup, AMissingLanguageIsAskedForAndSaved)
 {
     world.settings.values.erase("sys/langos");
-    world.backend.chosen = 4;
+    int asked = 0;
+    world.backend.whileModal["frmLang"] = [&](Form& dialog) {
+        ++asked;
+        auto& languages = dynamic_cast<class frmLang&>(dialog);
+        EXPECT_EQ(languages.cboLang.listIndex(), 0);
+        languages.cboLang.ListIndex = 4;
+        languages.cmdOK.userClick();
+    };
     frmStart().start();
-    EXPECT_EQ(world.backend.choices, 1);
+    EXPECT_EQ(asked, 1);
     EXPECT_EQ(Language, "DE");
     EXPECT_EQ(world.settings.values["sys/langos"], "DE");
 }
@@ -397,8 +417,8 @@ TEST_F(ConsoleStartup, AMissingLanguageIsAskedForAndSaved)
 TEST_F(ConsoleStartup, AStoredLanguageAsksNothing)
 {
     world.settings.values["sys/langos"] = "XX";
+    world.backend.whileModal["frmLang"] = [](Form&) { ADD_FAILURE() << "the language was asked for"; };
     frmStart().start();
-    EXPECT_EQ(world.backend.choices, 0);
     EXPECT_EQ(Language, "XX");
 }
 

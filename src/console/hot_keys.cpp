@@ -1,0 +1,126 @@
+#include "console/hot_keys.h"
+
+#include "console/holders.h"
+#include "desktop/screen_saver.h"
+#include "media/mod_media.h"
+#include "media/shared_state.h"
+
+#include <bitset>
+
+namespace tandrel
+{
+
+namespace
+{
+
+constexpr std::array<HotKeyRow, hot_key::kCount> kTable{{
+    {hot_key::kSizeUp, "Ctrl+Alt+Shift+B", "frmHelp.keySizeUp"},
+    {hot_key::kSizeDown, "Ctrl+Alt+Shift+S", "frmHelp.keySizeDown"},
+    // The play behind the change ends full screen at once, so that what is left of it is that the video goes on.
+    {hot_key::kFullScreen, "Ctrl+Alt+Shift+C", "frmHelp.keyContinue"},
+    {hot_key::kPlayPause, "Ctrl+Alt+Shift+P", "frmHelp.keyPlayPause"},
+    {hot_key::kStop, "Ctrl+Alt+Shift+X", "frmHelp.keyStop"},
+    {hot_key::kVolumeDown, "Ctrl+Alt+Shift+D", "frmHelp.keyQuieter"},
+    {hot_key::kVolumeUp, "Ctrl+Alt+Shift+U", "frmHelp.keyLouder"},
+}};
+
+std::bitset<hot_key::kCount> ours;
+
+constexpr int kSizeStep = 25;
+constexpr int kLargest = 300;
+constexpr int kSmallest = 50;
+constexpr int kNativeSize = 100;
+constexpr int kVolumeStep = 10;
+constexpr int kLoudest = 100;
+
+} // namespace
+
+const std::array<HotKeyRow, hot_key::kCount>& hotKeyTable() { return kTable; }
+
+bool isHotKeyOurs(int id) { return id >= 0 && id < hot_key::kCount && ours[static_cast<std::size_t>(id)]; }
+
+void frmMedia::takeHotKeys()
+{
+    HotKeys& keys = *services().hotKeys;
+    keys.pressed = [this](int id) {
+        run([this, id] { hotKey(id); });
+    };
+    for (const HotKeyRow& row : kTable)
+        ours[static_cast<std::size_t>(row.id)] = keys.take(row.id, row.combination);
+}
+
+void frmMedia::hotKey(int id)
+{
+    if (!MediaStarted)
+        return;
+    switch (id) {
+    case hot_key::kSizeUp:
+        return hotKeySize(kSizeStep);
+    case hot_key::kSizeDown:
+        return hotKeySize(-kSizeStep);
+    case hot_key::kFullScreen:
+        return hotKeyFullScreen();
+    case hot_key::kPlayPause:
+        return hotKeyPlayPause();
+    case hot_key::kStop:
+        return hotKeyStop();
+    case hot_key::kVolumeDown:
+        return hotKeyVolume(-kVolumeStep);
+    case hot_key::kVolumeUp:
+        return hotKeyVolume(kVolumeStep);
+    default:
+        return;
+    }
+}
+
+void frmMedia::hotKeySize(int step)
+{
+    if (FullScreenOn)
+        return;
+    if (step > 0 ? SizePercent < kLargest : SizePercent > kSmallest)
+        SizePercent += step;
+    FixedPoint percent = FixedPoint::whole(SizePercent == kNativeSize ? 0 : static_cast<int>(SizePercent));
+    MediaPutWindow(percent);
+    lblSize.Caption = text(SizePercent) + " %";
+}
+
+void frmMedia::hotKeyFullScreen()
+{
+    ScreenSaverSwitch(FullScreenOn);
+    FullScreenOn = !FullScreenOn;
+    MediaPlay();
+}
+
+void frmMedia::hotKeyPlayPause()
+{
+    if (Playing)
+        MediaPause();
+    else
+        MediaPlay();
+    Playing = !Playing;
+}
+
+void frmMedia::hotKeyStop()
+{
+    Timer1.Enabled = false;
+    lblCurTime.Caption = "0:00:00";
+    SeekSlider.Value = 0;
+    MediaSeek(0, 1);
+    MediaPause();
+    cmdMedia[command::kPause]->Enabled = false;
+    cmdMedia[command::kPlay]->Enabled = true;
+    Playing = false;
+}
+
+void frmMedia::hotKeyVolume(int step)
+{
+    if (step < 0 ? VolumeLevel <= 0 : VolumeLevel >= kLoudest)
+        return;
+    VolumeLevel = std::max(0, std::min(kLoudest, static_cast<int>(VolumeLevel) + step));
+    MediaSetVolume(VolumeLevel);
+    VolumeSlider.Value = VolumeLevel;
+    // The other view of the same level.
+    InvertSlider.Value = kLoudest - VolumeLevel;
+}
+
+} // namespace tandrel

@@ -1,0 +1,38 @@
+/// The help: what the console's buttons, the mouse and the keys do.
+#pragma once
+
+#include "toolkit/form.h"
+
+namespace tandrel
+{
+
+class frmHelp : public Form
+{
+public:
+    frmHelp();
+    ~frmHelp() override;
+
+    /// One description a row, `Label1` to `Label17` without a `Label15`, by their numbers.
+    Label& description(int number);
+    /// The pictures in front of it.
+    std::vector<const Image*> pictures(int number) const;
+
+    CommandButton cmdOK{*this, "cmdOK", {7440, 9240, 1440, 480}, "&Close"};
+
+protected:
+    void onLoad() override;
+
+private:
+    struct Row;
+    void addRows();
+    void addKeys(Long top);
+    void sayKeys();
+
+    std::vector<std::unique_ptr<Row>> rows_;
+    std::vector<std::unique_ptr<Image>> lines_;
+    std::unique_ptr<Label> keysTitle_;
+    std::vector<std::unique_ptr<Label>> keyTexts_;
+    std::vector<std::unique_ptr<Label>> keyNames_;
+};
+
+} // namespace tandrel
