@@ -125,6 +125,18 @@ TEST_F(PersistDataFiles, AnAnswerIsReadUpToACommaWithoutBlanksAndQuotes)
     EXPECT_EQ(primary::read(), "");
 }
 
+TEST_F(PersistDataFiles, AnAnswerOrAMarkThatCantBeReadIsEmptyAndStays)
+{
+    file("ext.dat") = {"2"};
+    file("pres.dat") = {" 7 "};
+    world.files.readable = false;
+    EXPECT_EQ(primary::read(), "");
+    presence::removeIfOwn(7);
+    EXPECT_TRUE(presence::exists());
+    EXPECT_THAT(file("ext.dat"), ElementsAre("2"));
+    EXPECT_THAT(world.files.written, IsEmpty());
+}
+
 TEST_F(PersistDataFiles, AFolderThatCantBeWrittenChangesNothing)
 {
     world.files.writable = false;
