@@ -1,13 +1,13 @@
 #include "platform/xdg/instances.h"
 
+#include "platform/xdg/turn.h"
+
 #include <algorithm>
-#include <chrono>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
 #include <sys/file.h>
 #include <sys/stat.h>
-#include <thread>
 #include <unistd.h>
 
 namespace tandrel
@@ -21,15 +21,6 @@ namespace
 constexpr int kAttempts = 100;
 /// The length of ".lock".
 constexpr int kEnding = 5;
-
-/// Turns are short; only a process that was stopped in its own keeps others waiting, and they go on after a while.
-void waitForTurn(int turn)
-{
-    constexpr int kLongestWaitMs = 2000;
-    constexpr int kNapMs = 2;
-    for (int waited = 0; waited < kLongestWaitMs && ::flock(turn, LOCK_EX | LOCK_NB) != 0; waited += kNapMs)
-        std::this_thread::sleep_for(std::chrono::milliseconds(kNapMs));
-}
 
 /// The open file is the one that the path names.
 bool isStill(int file, const std::string& path)
@@ -84,14 +75,9 @@ void LockInstances::leave()
 
 void LockInstances::exclusively(const std::function<void()>& task)
 {
-    // Closing the file ends the lock, and so does the end of a process that crashes in between. Without the file the
-    // task runs all the same: then no process can take a lock here.
-    const int turn = ::open((folder_ + "/turn").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
-    if (turn >= 0)
-        waitForTurn(turn);
+    // Without the file the task runs all the same: then no process can take a lock here.
+    const Turn turn(::open((folder_ + "/turn").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
     task();
-    if (turn >= 0)
-        ::close(turn);
 }
 
 bool LockInstances::isLive(const std::string& name) const

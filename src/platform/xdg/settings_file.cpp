@@ -1,7 +1,10 @@
 #include "platform/xdg/settings_file.h"
 
 #include "platform/xdg/atomic_file.h"
+#include "platform/xdg/turn.h"
 
+#include <fcntl.h>
+#include <filesystem>
 #include <unistd.h>
 #include <vector>
 
@@ -40,6 +43,12 @@ Place find(const std::vector<std::string>& lines, std::string_view section, std:
     return {insert, false, seen};
 }
 
+int openFolderOf(const std::string& path)
+{
+    const auto folder = std::filesystem::path(path).parent_path();
+    return ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+}
+
 /// A value is one line.
 std::string oneLine(std::string_view value) { return std::string(value.substr(0, value.find_first_of("\r\n"))); }
 
@@ -54,6 +63,9 @@ std::string SettingsFile::get(std::string_view section, std::string_view key) co
 
 void SettingsFile::save(std::string_view section, std::string_view key, std::string_view value)
 {
+    // A value that another process saves between the reading and the writing would be lost. The file itself can't be
+    // the lock, as each save replaces it.
+    const Turn turn(openFolderOf(path_));
     const auto content = readFile(path_);
     // What can't be read is not ours to replace.
     if (!content && ::access(path_.c_str(), F_OK) == 0)
