@@ -77,6 +77,8 @@ void frmMedia::takeHandover()
 void frmMedia::openHandedOver(const std::vector<Text>& paths)
 {
     const bool several = paths.size() > 1;
+    const Long whole = static_cast<std::int64_t>(paths.size());
+    int done = 0;
     if (several)
         frmWait().Show();
     // A file that can't be played leads nothing.
@@ -86,8 +88,10 @@ void frmMedia::openHandedOver(const std::vector<Text>& paths)
         List2.AddItem(fileNameOf(path));
         if (!several && isHdPath(path) ? openHdFile(path) : openPaused(path))
             lead = CurrentAlias;
-        if (several)
+        if (several) {
+            frmWait().showProgress(++done, whole);
             frmWait().Refresh();
+        }
     }
     CurrentAlias = lead;
 }
@@ -99,7 +103,8 @@ std::vector<Text> frmMedia::newPaths(const std::vector<Text>& lines) const
     for (const Text& line : lines) {
         const Text path = withoutQuotes(line);
         const auto same = [&](const Text& entry) { return sameMedium(entry, path); };
-        if (path.empty() || Long(known.size()) >= MaxVideos || std::any_of(known.begin(), known.end(), same))
+        if (characterCount(path) <= 1 || Long(known.size()) >= MaxVideos ||
+            std::any_of(known.begin(), known.end(), same))
             continue;
         known.push_back(fileNameOf(path));
         paths.push_back(path);

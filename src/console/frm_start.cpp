@@ -5,6 +5,7 @@
 #include "console/holders.h"
 #include "desktop/layered.h"
 #include "desktop/monitors.h"
+#include "desktop/region.h"
 #include "media/shared_state.h"
 #include "persist/settings.h"
 #include "texts/frm_lang.h"
@@ -40,6 +41,7 @@ void frmStart::onLoad()
         frmMedia().Show();
         return;
     }
+    applyMask(*this, imgBody);
     fadeIn(*this);
 }
 

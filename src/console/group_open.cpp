@@ -59,7 +59,9 @@ void frmMedia::openGroup()
 void frmMedia::openChosen()
 {
     Text lead;
+    int done = 0;
     for (const Text& path : List1.entries()) {
+        ++done;
         if (path.empty())
             continue;
         if (openPaused(path)) {
@@ -67,6 +69,7 @@ void frmMedia::openChosen()
             if (SlideMode == "1")
                 mciSend("setaudio " + CurrentAlias + " Volume to 0");
         }
+        frmWait().showProgress(done, List1.ListCount());
         frmWait().Refresh();
         frmWait().SetFocus();
     }

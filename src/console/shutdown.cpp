@@ -137,10 +137,12 @@ void frmMedia::restoreVideos()
     trap([this] {
         frmWait().Show();
         restoreOtherMedia();
-        forEachLive([](frmChild& window) {
+        const Long whole = liveCount();
+        forEachLive([&, done = 0](frmChild& window) mutable {
             if (!window.hasFailed())
                 MediaResume(window.MediaFile, window.Paused, Integer(window.Volume));
             window.Show();
+            frmWait().showProgress(++done, whole);
             frmWait().Refresh();
             frmWait().SetFocus();
         });

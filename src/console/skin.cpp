@@ -11,8 +11,6 @@
 #include "texts/links.h"
 #include "texts/localised.h"
 #include "texts/menu.h"
-#include "toolkit/screen.h"
-#include "toolkit/trap.h"
 
 namespace tandrel
 {
@@ -188,13 +186,7 @@ void frmMedia::dressConsole()
     SliderHookInstall(*this, SeekSlider);
 }
 
-void frmMedia::ApplicaMaschera()
-{
-    ignoringErrors([this] {
-        const Bitmap mask = backend().picture(Maschera.Picture, pixelsX(Maschera.width()), pixelsY(Maschera.height()));
-        setRegion(CreaRegione(mask, 0));
-    });
-}
+void frmMedia::ApplicaMaschera() { applyMask(*this, Maschera); }
 
 void frmMedia::ImpostaTrasparenza(Integer& Alpha) { SetLayered(*this, 0, Alpha, layered::kAlpha); }
 

@@ -1,5 +1,8 @@
 #include "desktop/region.h"
 
+#include "toolkit/screen.h"
+#include "toolkit/trap.h"
+
 #include <algorithm>
 
 namespace tandrel
@@ -22,6 +25,14 @@ Region CreaRegione(const Bitmap& picture, Long colour)
         }
     }
     return region;
+}
+
+void applyMask(Form& form, const Image& mask)
+{
+    ignoringErrors([&] {
+        form.setRegion(
+            CreaRegione(backend().picture(mask.picture(), pixelsX(mask.width()), pixelsY(mask.height())), 0));
+    });
 }
 
 } // namespace tandrel

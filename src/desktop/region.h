@@ -1,7 +1,7 @@
 /// The outline of a window that is not a rectangle.
 #pragma once
 
-#include "toolkit/picture.h"
+#include "toolkit/form.h"
 
 namespace tandrel
 {
@@ -10,5 +10,8 @@ namespace tandrel
 /// the left. With a `colour` below 1 the transparent colour is that of the pixel (0, 0). A picture of one colour, or
 /// without pixels, gives an empty region.
 Region CreaRegione(const Bitmap& picture, Long colour);
+
+/// Cuts the form's window to the outline of its picture `mask`, as large as it stands on the form. Errors are ignored.
+void applyMask(Form& form, const Image& mask);
 
 } // namespace tandrel

@@ -47,13 +47,13 @@ constexpr std::array<HelpRow, 16> kRows{{
 // Twips.
 constexpr int kWidth = 9300;
 constexpr int kFirstRow = 195;
-constexpr int kRowHeight = 405;
-constexpr int kGroupGap = 165;
-constexpr int kPicture = 345;
+constexpr int kRowHeight = 375;
+constexpr int kGroupGap = 150;
+constexpr int kPicture = 330;
 constexpr int kPictureLeft = 330;
 constexpr int kTextLeft = 1200;
 constexpr int kTextHeight = 270;
-constexpr int kKeyHeight = 315;
+constexpr int kKeyHeight = 285;
 constexpr int kKeyNameLeft = 4800;
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "console/version.h"
 #include "desktop/layered.h"
 #include "desktop/monitors.h"
+#include "desktop/region.h"
 #include "platform/services.h"
 #include "toolkit/screen.h"
 
@@ -31,6 +32,7 @@ frmSplash::frmSplash() : Form("frmSplash", Frame::Skin, {screen().FirstLeft(), s
 
 void frmSplash::onLoad()
 {
+    applyMask(*this, imgBody);
     monitors().centreWhereItStands(*this);
     lblVersion.Caption = "vers. " + versionText();
     lblCopy.Caption = "© " + text(services().clock->yearAndMonth() / 100) + " Tandrel Player";

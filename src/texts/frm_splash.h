@@ -15,7 +15,7 @@ public:
     Image imgBody{*this, "imgBody", {0, 0, 9000, 3300}, "splash"};
     Label Label1{*this, "Label1", {540, 420, 4500, 780}, "Tandrel"};
     Label Label2{*this, "Label2", {540, 1140, 2400, 780}, "Player"};
-    Label lblPRO{*this, "lblPRO", {2820, 1230, 900, 300}, "PRO"};
+    Label lblPRO{*this, "lblPRO", {2625, 1410, 900, 300}, "PRO"};
     Label lblVersion{*this, "lblVersion", {540, 2520, 2400, 300}, "vers."};
     Label lblVers{*this, "lblVers", {0, 2010, 9000, 300}};
     Label lblCopy{*this, "lblCopy", {3960, 2520, 4500, 300}};

@@ -6,12 +6,11 @@
 #include "desktop/region.h"
 #include "persist/settings.h"
 #include "texts/localised.h"
-#include "toolkit/screen.h"
 
 namespace tandrel
 {
 
-frmToolTip::frmToolTip() : Form("frmToolTip", Frame::Skin, {0, 0, 5730, 1980})
+frmToolTip::frmToolTip() : Form("frmToolTip", Frame::Skin, {0, 0, 5730, 1770})
 {
     Caption = "Tandrel Player";
     setWindowWord(style::kExtendedWord, style::kToolWindow);
@@ -40,11 +39,7 @@ void frmToolTip::onLoad()
     chkToolTip.ToolTip = lblTool.Caption;
 }
 
-void frmToolTip::ApplicaMaschera()
-{
-    setRegion(
-        CreaRegione(backend().picture(Maschera.Picture, pixelsX(Maschera.width()), pixelsY(Maschera.height())), 0));
-}
+void frmToolTip::ApplicaMaschera() { applyMask(*this, Maschera); }
 
 void frmToolTip::imgExit_Click()
 {

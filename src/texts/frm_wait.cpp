@@ -23,7 +23,6 @@ void frmWait::showProgress(Long done, Long whole)
     lblCount.Caption = text(barDone.value()) + " / " + text(barDone.maximum());
     lblCount.Visible = whole > 0;
     barDone.Visible = whole > 0;
-    Refresh();
 }
 
 } // namespace tandrel

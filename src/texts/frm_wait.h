@@ -15,7 +15,7 @@ public:
     Label lblCount{*this, "lblCount", {3000, 180, 1200, 330}};
     ProgressBar barDone{*this, "barDone", {300, 600, 3900, 120}};
 
-    /// So many videos are done, of so many. Painted at once.
+    /// So many videos are done, of so many. Seen with the next `Refresh`.
     void showProgress(Long done, Long whole);
 
 protected:

@@ -25,17 +25,19 @@ QPixmap drawing(const QString& name, const QSize& size, double pixelRatio)
     return picture;
 }
 
-Bitmap bitmapOf(const QImage& image)
+Bitmap bitmapOf(const QImage& image, bool halves)
 {
-    QImage flat(image.size(), QImage::Format_RGB32);
-    flat.fill(Qt::black);
-    QPainter(&flat).drawImage(QPoint(), image);
+    constexpr int kHalf = 128;
+    const QImage flat = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
     Bitmap bitmap{flat.width(), flat.height(), {}};
     bitmap.pixels.reserve(static_cast<std::size_t>(flat.width()) * static_cast<std::size_t>(flat.height()));
     for (int y = 0; y < flat.height(); ++y) {
         const auto* row = reinterpret_cast<const QRgb*>(flat.constScanLine(y));
-        for (int x = 0; x < flat.width(); ++x)
-            bitmap.pixels.push_back(rgb(qRed(row[x]), qGreen(row[x]), qBlue(row[x])));
+        for (int x = 0; x < flat.width(); ++x) {
+            const QRgb pixel = row[x];
+            const bool seen = halves || qAlpha(pixel) >= kHalf;
+            bitmap.pixels.push_back(seen ? rgb(qRed(pixel), qGreen(pixel), qBlue(pixel)) : 0);
+        }
     }
     return bitmap;
 }

@@ -93,7 +93,7 @@ QRegion roundedRegion(const QRect& area)
     QRegion region(area.adjusted(0, kRadius, 0, -kRadius));
     for (int row = 0; row < kRadius; ++row) {
         const double up = kRadius - row - 0.5;
-        const int inset = static_cast<int>(kRadius - std::sqrt(kRadius * kRadius - up * up));
+        const int inset = static_cast<int>(std::lround(kRadius - std::sqrt(kRadius * kRadius - up * up)));
         region += QRect(area.left() + inset, area.top() + row, area.width() - 2 * inset, 1);
         region += QRect(area.left() + inset, area.bottom() - row, area.width() - 2 * inset, 1);
     }

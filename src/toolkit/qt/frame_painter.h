@@ -23,7 +23,7 @@ bool hasCloseBox(const Form& form);
 QRect closeBox(const QRect& area);
 void paintCloseBox(QPainter& painter, const QRect& box, bool hovered, bool pressed);
 
-/// All pixels that the rounded corners of a body touch: where nothing blends windows, the rest would be black.
+/// The pixels of a body with rounded corners: where nothing blends windows, the rest would be black.
 QRegion roundedRegion(const QRect& area);
 
 /// A dialog's rounded body with its band and title, for windows that are no forms too.

@@ -53,6 +53,8 @@ MessageBox::MessageBox(const QString& text, BoxStyle style, const QString& title
         setStandardButtons(QMessageBox::Ok);
         button(QMessageBox::Ok)->setText(rendered(texts.ok));
     }
+    for (QAbstractButton* one : buttons())
+        one->setIcon({});
 }
 
 void MessageBox::paintEvent(QPaintEvent*)

@@ -42,6 +42,25 @@ void waitForRelease()
     loop.exec();
 }
 
+/// A menu with rounded corners on every screen.
+class RoundedMenu : public QMenu
+{
+public:
+    explicit RoundedMenu(const QString& name, QWidget* parent = nullptr) : QMenu(parent)
+    {
+        setObjectName(name);
+        setAttribute(Qt::WA_TranslucentBackground);
+        setWindowFlag(Qt::FramelessWindowHint);
+    }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override
+    {
+        QMenu::resizeEvent(event);
+        setMask(roundedRegion(rect()));
+    }
+};
+
 void fill(QMenu& menu, const Menu& head, std::map<QAction*, Menu*>& meaning)
 {
     for (Menu* entry : head.entries()) {
@@ -58,8 +77,9 @@ void fill(QMenu& menu, const Menu& head, std::map<QAction*, Menu*>& meaning)
             action->setChecked(entry->checked());
             meaning[action] = entry;
         } else {
-            QMenu* below = menu.addMenu(rendered(entry->caption()));
-            action = below->menuAction();
+            auto* below = new RoundedMenu(QString::fromStdString(entry->name()), &menu);
+            below->setTitle(rendered(entry->caption()));
+            action = menu.addMenu(below);
             fill(*below, *entry, meaning);
         }
         action->setObjectName(QString::fromStdString(entry->name()));
@@ -74,9 +94,7 @@ void QtFormView::showSystemMenu(PixelPoint at)
     const auto* qt = dynamic_cast<const QtBackend*>(&backend());
     const BoxTexts texts = qt ? qt->boxTexts() : BoxTexts();
     const auto alive = form_.shared_from_this();
-    QMenu menu;
-    menu.setObjectName(QStringLiteral("systemMenu"));
-    menu.setAttribute(Qt::WA_TranslucentBackground);
+    RoundedMenu menu(QStringLiteral("systemMenu"));
     QAction* smaller = menu.addAction(rendered(texts.minimise));
     smaller->setEnabled((form_.windowWord(style::kWord) & style::kMinButton) != 0);
     const QAction* end = menu.addAction(rendered(texts.close));
@@ -95,9 +113,7 @@ Menu* QtBackend::popUp(Menu& head)
     if (boxesEnded_)
         return nullptr;
     std::map<QAction*, Menu*> meaning;
-    QMenu menu;
-    menu.setObjectName(QString::fromStdString(head.name()));
-    menu.setAttribute(Qt::WA_TranslucentBackground);
+    RoundedMenu menu(QString::fromStdString(head.name()));
     fill(menu, head, meaning);
     Menu* chosen = nullptr;
     connect(&menu, &QMenu::triggered, &menu, [&](QAction* action) { chosen = meaning.at(action); });

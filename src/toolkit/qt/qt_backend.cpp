@@ -7,6 +7,7 @@
 #include "toolkit/qt/frame_painter.h"
 #include "toolkit/qt/message_box.h"
 #include "toolkit/qt/style.h"
+#include "toolkit/qt/x11_hints.h"
 #include "toolkit/screen.h"
 #include "toolkit/timer.h"
 
@@ -128,7 +129,8 @@ BoxAnswer QtBackend::messageBox(const Text& text, BoxStyle style, const Text& ti
 
 Bitmap QtBackend::picture(const Text& name, int width, int height)
 {
-    return bitmapOf(drawing(QString::fromStdString(name), {width, height}, 1).toImage());
+    // Where nothing blends windows, the faint pixels of a smooth edge would be seen as dark ones.
+    return bitmapOf(drawing(QString::fromStdString(name), {width, height}, 1).toImage(), screenBlendsWindows());
 }
 
 void QtBackend::later(int ms, std::function<void()> task) { QTimer::singleShot(ms, this, std::move(task)); }

@@ -101,7 +101,9 @@ void SliderWidget::paintGroove(QPainter& painter) const
         return vertical ? QRectF(middle - half, from, kGroove, to - from)
                         : QRectF(from, middle - half, to - from, kGroove);
     };
-    painter.setPen(QPen(palette::kGlassTop, 1));
+    QColor rim = palette::kRim;
+    rim.setAlpha(70);
+    painter.setPen(QPen(rim, 1));
     painter.setBrush(palette::kWell);
     painter.drawRoundedRect(bar(2, length - 2), half, half);
     QLinearGradient fill(0, 0, vertical ? width() : 0, vertical ? 0 : height());

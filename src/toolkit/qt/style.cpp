@@ -31,7 +31,7 @@ QLabel[role="display"] { color: %text; font-size: {42}; font-weight: 300; }
 QLabel[role="caption"] { color: %quiet; font-size: {9}; letter-spacing: 1px; }
 QLabel[role="group"] { color: %group; font-size: {9}; font-weight: 600; letter-spacing: 1px; }
 QLabel[role="chip"] { color: %text; font-size: {11}; background: %button; border-radius: {8}; }
-QDialog, QMessageBox { background: %body; }
+QDialog, QMessageBox { background: %body; dialogbuttonbox-buttons-have-icons: 0; }
 QDialog QLabel { font-size: {13}; }
 QPushButton { background: %button; border: 1px solid %rim; border-radius: {8}; padding: {5} {16}; min-width: {56};
               font-size: {12}; }

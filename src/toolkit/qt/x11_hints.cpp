@@ -51,6 +51,16 @@ bool windowManagerPresent()
     return reply && xcb_get_property_value_length(reply.get()) > 0;
 }
 
+bool screenBlendsWindows()
+{
+    xcb_connection_t* display = connection();
+    if (!display)
+        return true;
+    const auto cookie = xcb_get_selection_owner(display, atom(display, "_NET_WM_CM_S0"));
+    const ReplyPtr<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(display, cookie, nullptr));
+    return reply && reply->owner != XCB_WINDOW_NONE;
+}
+
 void announceState(QWidget& window, const char* state, bool on)
 {
     if (!windowManagerPresent())
