@@ -87,8 +87,8 @@ class Windows(PlayerTest):
 
     def test_the_exit_button_ends_the_program_and_keeps_the_place(self):
         player, _ = self.two()
-        _, x, y, width, _ = player.console()
-        self.click(x + width - 44, y + 26)
+        _, x, y, _, _ = player.console()
+        self.click(x + 864, y + 45)
         wait_for(lambda: not player.alive(), 20, "the end of the program")
         self.assertEqual(player.process.returncode, 0)
         self.assertEqual(player.commands()[-1], "Close all")

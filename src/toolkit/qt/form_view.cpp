@@ -2,6 +2,7 @@
 #include "toolkit/qt/drawings.h"
 #include "toolkit/qt/form_widget.h"
 #include "toolkit/qt/frame_painter.h"
+#include "toolkit/qt/qt_backend.h"
 #include "toolkit/qt/way_back.h"
 #include "toolkit/qt/x11_hints.h"
 
@@ -170,6 +171,10 @@ WindowHandle QtFormView::handle() const { return static_cast<WindowHandle>(widge
 
 void QtFormView::waitModal()
 {
+    if (const auto* qt = dynamic_cast<const QtBackend*>(&backend()); qt && qt->boxesEnded()) {
+        form_.Hide();
+        return;
+    }
     QEventLoop loop;
     modal_ = &loop;
     const auto alive = form_.shared_from_this();

@@ -145,6 +145,10 @@ void QtBackend::endBoxes()
         menu->close();
     if (auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
         box->reject();
+    for (const auto& form : openForms())
+        if (const QWidget* window = form->isLoaded() ? QWidget::find(form->hWnd()) : nullptr;
+            window && window->isModal() && window->isVisible())
+            form->Hide();
 }
 
 void QtBackend::beep() { QApplication::beep(); }

@@ -33,9 +33,10 @@ public:
     void quit() override;
     void beep() override;
 
-    /// Closes the box or menu that is up, and answers those to come at once, as a close of theirs would: the program is
-    /// about to end.
+    /// Closes the box, menu and modal forms that are up, and answers those to come at once, as a close of theirs would:
+    /// the program is about to end.
     void endBoxes();
+    bool boxesEnded() const { return boxesEnded_; }
 
 protected:
     /// Watches the mouse buttons in all windows of the program.
