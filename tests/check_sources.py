@@ -13,6 +13,7 @@ MAY_INCLUDE = {
     "platform/mci": {"platform"},
     "platform/mci_tool": {"platform", "platform/mci", "platform/mpv"},
     "platform/mpv": {"platform", "platform/mci"},
+    "platform/dbus": {"platform"},
     "platform/x11": {"platform"},
     "platform/xdg": {"platform"},
     "toolkit": {"platform"},
@@ -24,11 +25,13 @@ MAY_INCLUDE = {
     "video": BASE | FORMS | {"desktop", "media"},
     "fullscreen": BASE | FORMS | {"desktop", "media"},
     "texts": BASE | FORMS | {"desktop", "media", "persist"},
-    "app": BASE | {"console", "media", "toolkit/qt", "platform/mci", "platform/mpv", "platform/x11", "platform/xdg", "app"},
+    "app": BASE | {"console", "media", "toolkit/qt", "platform/mci", "platform/mpv", "platform/dbus", "platform/x11",
+            "platform/xdg", "app"},
 }
 # Folders whose sources may name a library, by the beginning of the header's name.
 LIBRARIES = {
-    r"^Q[A-Za-z/]+$": {"toolkit/qt", "platform/x11", "platform/xdg", "app"},
+    r"^Q[A-Za-z/]+$": {"toolkit/qt", "platform/dbus", "platform/x11", "platform/xdg", "app"},
+    r"^dbus/": {"platform/dbus"},
     r"^mpv/": {"platform/mpv"},
     r"^vlc/": {"platform/vlc"},
 }

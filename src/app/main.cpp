@@ -6,6 +6,8 @@
 #include "console/frm_start.h"
 #include "console/holders.h"
 #include "media/shared_state.h"
+#include "platform/dbus/desktop_screen_saver.h"
+#include "platform/dbus/session_idle_bus.h"
 #include "platform/mci/drive_door.h"
 #include "platform/mci/mci_service.h"
 #include "platform/mci/tracing_mci.h"
@@ -75,7 +77,8 @@ struct Platform {
     XdgSystemFacts systemFacts;
     X11Pointer pointer;
     X11MonitorSource monitors;
-    X11ScreenSaver screenSaver;
+    X11ScreenSaver xScreenSaver;
+    DesktopScreenSaver screenSaver{makeSessionIdleBus("Tandrel Player", "A video fills the screen"), xScreenSaver};
     X11HotKeys hotKeys;
     LinuxDriveDoor door;
     MciService media{makeMpvEngine({.outputs = true, .pixelRatio = &pixelRatioOf, .mostDevices = 12}), &door};
