@@ -123,6 +123,9 @@ int main(int argc, char** argv)
         qputenv("QT_QPA_PLATFORM", "xcb");
     // The other dispatcher does not tell when it is about to wait, which the media service needs to know.
     qputenv("QT_NO_GLIB", "1");
+    // The toolkit looks for a screen reader on the bus before the first window, and has all the time in the world.
+    if (sessionBusIsSilent())
+        forgetSessionBus();
     const std::vector<Text> arguments = argumentsOf(argc, argv);
     int qtArguments = 1;
     QApplication application(qtArguments, argv);

@@ -3,6 +3,7 @@
 
 import os
 import signal
+import socket
 import unittest
 
 from player import PlayerTest, clips, prepare_home, wait_briefly, wait_for
@@ -121,6 +122,18 @@ class Starts(PlayerTest):
         again = self.start(*names, home=home)
         again.wait_ready(3)
         self.assert_place(again, names[0], (0, 0, 960, 540))
+
+    def test_a_session_bus_that_never_answers(self):
+        name, = clips(1, self.folder)
+        path = os.path.join(self.folder, "bus")
+        with socket.socket(socket.AF_UNIX) as bus:
+            bus.bind(path)
+            bus.listen()
+            player = self.start(name, DBUS_SESSION_BUS_ADDRESS="unix:path=" + path)
+            player.wait_ready(videos=1)
+            bus.settimeout(5)
+            bus.accept()[0].close()
+            self.assertEqual(player.end(), 0)
 
     def test_a_data_folder_that_cannot_be_written(self):
         blocked = os.path.join(self.folder, "a file")

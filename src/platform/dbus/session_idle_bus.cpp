@@ -14,6 +14,7 @@ namespace
 {
 
 constexpr std::chrono::milliseconds kLongestAnswer{2000};
+constexpr const char* kAddressVariable = "DBUS_SESSION_BUS_ADDRESS";
 constexpr const char* kService = "org.freedesktop.ScreenSaver";
 // Most desktops know the long path, some older ones the short path only.
 constexpr std::array kPaths{"/org/freedesktop/ScreenSaver", "/ScreenSaver"};
@@ -54,7 +55,7 @@ private:
 
 std::string sessionBusAddress()
 {
-    const char* named = std::getenv("DBUS_SESSION_BUS_ADDRESS");
+    const char* named = std::getenv(kAddressVariable);
     // The socket of the user's own bus, in the runtime folder.
     return named && *named ? named : "unix:runtime=yes";
 }
@@ -105,10 +106,9 @@ ConnectionPtr connectTo(const std::string& address)
 {
     Problem problem;
     ConnectionPtr bus(dbus_connection_open_private(address.c_str(), problem.get()));
-    if (!bus)
-        return nullptr;
-    dbus_connection_set_exit_on_disconnect(bus.get(), false);
-    return sayHello(bus.get()) ? std::move(bus) : nullptr;
+    if (bus)
+        dbus_connection_set_exit_on_disconnect(bus.get(), false);
+    return bus;
 }
 
 MessagePtr screenSaverCall(const char* path, const char* method)
@@ -133,6 +133,8 @@ public:
     std::optional<std::uint32_t> inhibit() override
     {
         bus_ = connectTo(address_);
+        if (bus_ && !sayHello(bus_.get()))
+            bus_.reset();
         for (const char* path : kPaths) {
             path_ = path;
             Problem problem;
@@ -198,6 +200,18 @@ private:
 std::unique_ptr<IdleBus> makeSessionIdleBus(std::string application, std::string reason)
 {
     return std::make_unique<SessionIdleBus>(sessionBusAddress(), std::move(application), std::move(reason));
+}
+
+bool sessionBusIsSilent()
+{
+    const ConnectionPtr bus = connectTo(sessionBusAddress());
+    return bus && !sayHello(bus.get());
+}
+
+void forgetSessionBus()
+{
+    // No library knows this way to a bus.
+    setenv(kAddressVariable, "disabled:", 1);
 }
 
 } // namespace tandrel

@@ -14,4 +14,11 @@ namespace tandrel
 /// program for a bus that does not answer.
 std::unique_ptr<IdleBus> makeSessionIdleBus(std::string application, std::string reason);
 
+/// The session bus takes callers and tells them nothing, so that whoever waits for it without an end hangs. Known after
+/// two seconds; of a bus that answers, and of none, at once.
+bool sessionBusIsSilent();
+
+/// From here on this process has no session bus.
+void forgetSessionBus();
+
 } // namespace tandrel
