@@ -81,8 +81,8 @@ MessagePtr ask(DBusConnection* bus, DBusMessage* question, Problem& problem)
         return nullptr;
     const auto end = Clock::now() + kLongestAnswer;
     MessagePtr answer;
-    while (!answer && dbus_connection_get_is_connected(bus) && Clock::now() < end) {
-        const auto rest = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now());
+    for (auto now = Clock::now(); !answer && now < end && dbus_connection_get_is_connected(bus); now = Clock::now()) {
+        const auto rest = std::chrono::ceil<std::chrono::milliseconds>(end - now);
         dbus_connection_read_write(bus, static_cast<int>(rest.count()));
         answer = takeAnswer(bus, call);
     }
