@@ -34,7 +34,8 @@ def links(kinds, count, folder):
     names = []
     for index in range(count):
         name = os.path.join(folder, f"clip {index:02}.mp4")
-        os.symlink(kinds[index % len(kinds)], name)
+        if not os.path.islink(name):
+            os.symlink(kinds[index % len(kinds)], name)
         names.append(name)
     return names
 
