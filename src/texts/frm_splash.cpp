@@ -8,6 +8,8 @@
 #include "platform/services.h"
 #include "toolkit/screen.h"
 
+#include <utility>
+
 namespace tandrel
 {
 
@@ -37,7 +39,14 @@ void frmSplash::onLoad()
     lblVersion.Caption = "vers. " + versionText();
     lblCopy.Caption = "© " + text(services().clock->yearAndMonth() / 100) + " Tandrel Player";
     ticks_ = 0;
-    fadeIn(*this);
+    FadeWindow(*this, 0);
+}
+
+void frmSplash::onActivate()
+{
+    // Not in the load: a modal form has to be one before it is seen.
+    if (!std::exchange(faded_, true))
+        fadeIn(*this);
 }
 
 void frmSplash::Timer1_Timer()

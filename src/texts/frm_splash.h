@@ -23,6 +23,7 @@ public:
 
 protected:
     void onLoad() override;
+    void onActivate() override;
 
 private:
     void Timer1_Timer();
@@ -30,6 +31,7 @@ private:
     void leave();
 
     Integer ticks_ = 0;
+    bool faded_ = false;
 };
 
 } // namespace tandrel

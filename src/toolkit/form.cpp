@@ -76,15 +76,14 @@ void Form::load()
 
 void Form::Show(ShowMode mode)
 {
-    // The load may make itself visible already.
-    if (!visible_)
-        modal_ = mode == ShowMode::Modal;
     load();
     if (life_ != Life::Loaded || unloadPending_ || programEnded())
         return;
     if (!visible_) {
         visible_ = true;
         resizeIfChanged();
+        if (view_)
+            view_->setModal(mode == ShowMode::Modal);
         showView();
     } else if (state_ == tandrel::WindowState::Minimised) {
         WindowState = 0;
@@ -182,7 +181,6 @@ void Form::showView()
     if (!view_ || standsOff())
         return;
     keepBeforeCover();
-    view_->setModal(modal_);
     view_->show();
 }
 

@@ -225,7 +225,6 @@ private:
     Life life_ = Life::Created;
     tandrel::WindowState state_ = tandrel::WindowState::Normal;
     bool visible_ = false;
-    bool modal_ = false;
     std::int32_t style_;
     std::int32_t extendedStyle_;
     Integer mousePointer_ = 0;
