@@ -90,7 +90,7 @@ int run(QApplication& application)
     QtBackend qt;
     installBackend(&qt);
     Platform platform;
-    const SignalWatch report({SIGUSR1}, [&] { writeStatusReport(platform.media); });
+    const SignalWatch report({SIGUSR1}, [&] { writeStatusReport(platform.media, qt.paints()); });
     // An end from outside is a close of the console: its place is kept and the mark of the owner goes.
     const SignalWatch end({SIGTERM, SIGINT, SIGHUP}, [&qt] {
         qt.endBoxes();

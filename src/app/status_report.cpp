@@ -29,7 +29,7 @@ std::string inOneField(const std::string& name)
     return field;
 }
 
-void writeTable(MciService& media, const std::string& path)
+void writeTable(MciService& media, long paints, const std::string& path)
 {
     const std::string beside = path + ".new";
     std::ofstream file(beside, std::ios::trunc);
@@ -38,16 +38,17 @@ void writeTable(MciService& media, const std::string& path)
              << inMs(row.facts.length.value_or(0)) << '\t' << inMs(row.reading.seconds) << '\t' << row.counts.shown
              << '\t' << row.counts.dropped << '\n';
     }
+    file << "# paints\t" << paints << '\n';
     file.close();
     std::rename(beside.c_str(), path.c_str());
 }
 
 } // namespace
 
-void writeStatusReport(MciService& media)
+void writeStatusReport(MciService& media, long paints)
 {
     if (const char* path = std::getenv("TANDREL_REPORT"))
-        writeTable(media, path);
+        writeTable(media, paints, path);
 }
 
 } // namespace tandrel

@@ -68,6 +68,8 @@ QtBackend::~QtBackend() = default;
 
 bool QtBackend::eventFilter(QObject*, QEvent* event)
 {
+    if (event->type() == QEvent::Paint)
+        ++paints_;
     if (event->type() != QEvent::MouseButtonPress && event->type() != QEvent::MouseButtonRelease)
         return false;
     const auto button = static_cast<QMouseEvent*>(event)->button();

@@ -38,6 +38,9 @@ public:
     void endBoxes();
     bool boxesEnded() const { return boxesEnded_; }
 
+    /// How many paintings of windows and controls there were so far: a window at rest costs none.
+    long paints() const { return paints_; }
+
 protected:
     /// Watches the mouse buttons in all windows of the program.
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -47,6 +50,7 @@ private:
     BoxTexts boxTexts_;
     bool pointerSet_ = false;
     bool boxesEnded_ = false;
+    long paints_ = 0;
 };
 
 } // namespace tandrel
