@@ -182,6 +182,9 @@ public:
     /// The display says which of the two modes holds.
     void showMode();
 
+    /// The title says, in English or in the user's language and in whatever letters, that no media are selected.
+    bool titleSaysNoMedia() const;
+
     /// Opens all of `List1` as a group in the present mode.
     void openGroup();
 

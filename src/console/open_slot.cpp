@@ -5,7 +5,7 @@
 #include "console/holders.h"
 #include "media/mod_media.h"
 #include "media/shared_state.h"
-#include "texts/messages.h"
+#include "texts/localised.h"
 #include "toolkit/screen.h"
 #include "video/slots.h"
 
@@ -78,7 +78,7 @@ void frmMedia::openPathOfCommandLine()
     window.Refresh();
     window.Show();
     if (!opened)
-        backend().messageBox(message::kCannotPlay, BoxStyle::Critical, AppTitle);
+        backend().messageBox(localised("message.cannotPlay"), BoxStyle::Critical, AppTitle);
 }
 
 void frmMedia::openHdPathOfCommandLine(const Text& path)
@@ -91,7 +91,7 @@ void frmMedia::openHdPathOfCommandLine(const Text& path)
         return;
     placeSingle(*VideoWindows.back(), 0);
     VideoWindows.back()->Show();
-    backend().messageBox(message::kCannotPlay, BoxStyle::Critical, AppTitle);
+    backend().messageBox(localised("message.cannotPlay"), BoxStyle::Critical, AppTitle);
 }
 
 void frmMedia::startSingle(frmChild& window)

@@ -190,6 +190,13 @@ void frmMedia::ApplicaMaschera() { applyMask(*this, Maschera); }
 
 void frmMedia::ImpostaTrasparenza(Integer& Alpha) { SetLayered(*this, 0, Alpha, layered::kAlpha); }
 
+bool frmMedia::titleSaysNoMedia() const
+{
+    const Text title = upper(lblTitleBar.caption());
+    return title.find(upper(kNoMedia)) != Text::npos ||
+           title.find(upper(localised("frmMedia.lblTitleBar"))) != Text::npos;
+}
+
 void frmMedia::showMode() { lblMode.Caption = SlideMode == "0" ? "PlayAll Mode" : "PlayList Mode"; }
 
 } // namespace tandrel

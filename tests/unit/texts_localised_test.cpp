@@ -2,7 +2,6 @@
 
 #include "media/shared_state.h"
 #include "texts/localised.h"
-#include "texts/messages.h"
 
 #include <gmock/gmock.h>
 
@@ -245,8 +244,8 @@ TEST_F(TextsLocalised, Messages)
 
 TEST_F(TextsLocalised, TheEnglishMessagesAreThoseOfTheProgram)
 {
-    EXPECT_EQ(localisedIn("message.cannotPlay", "EN"), message::kCannotPlay);
-    EXPECT_EQ(localisedIn("message.makePrimary", "EN"), message::kMakePrimary);
+    EXPECT_EQ(localisedIn("message.cannotPlay", "EN"), "Media File can't be played!");
+    EXPECT_EQ(localisedIn("message.makePrimary", "EN"), "Make Tandrel Player as primary player?");
     EXPECT_EQ(localisedIn("frmMedia.lblTitleBar", "EN"), kNoMedia);
 }
 

@@ -45,7 +45,7 @@ void QtFormView::show()
     widget_->show();
     widget_->raise();
     // Notices stand while the program is busy: they have to be on the screen before it is.
-    if (form_.frame() == Frame::Bare || form_.frame() == Frame::Notice)
+    if ((form_.windowWord(style::kExtendedWord) & style::kToolWindow) != 0)
         waitForScreen();
 }
 

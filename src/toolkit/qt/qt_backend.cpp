@@ -25,6 +25,8 @@ namespace tandrel
 namespace
 {
 
+constexpr int kIconSize = 128;
+
 Long twipsPerPixel(double dotsPerInch) { return 1440.0 / dotsPerInch; }
 
 Qt::CursorShape cursorShape(Integer shape)
@@ -56,6 +58,7 @@ QtBackend::QtBackend()
                         {place.left(), place.top(), place.left() + place.width(), place.top() + place.height()});
     loadDrawings();
     applyStyle(*qApp);
+    QGuiApplication::setWindowIcon(QIcon(drawing(QStringLiteral("app"), {kIconSize, kIconSize}, 1)));
     qApp->setQuitOnLastWindowClosed(false);
     qApp->installEventFilter(this);
     connect(qApp, &QGuiApplication::applicationStateChanged, this, [](Qt::ApplicationState state) {
