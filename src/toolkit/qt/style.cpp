@@ -4,7 +4,7 @@
 #include "toolkit/screen.h"
 
 #include <QApplication>
-#include <QFontDatabase>
+#include <QFont>
 #include <QPalette>
 #include <QRegularExpression>
 #include <QStyleFactory>
@@ -110,8 +110,10 @@ int scaledPixels(double pixels)
 void applyStyle(QApplication& application)
 {
     application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    QFont font(QFontDatabase::families().contains(QLatin1String("Inter")) ? QStringLiteral("Inter")
-                                                                          : application.font().family());
+    QFont font;
+    font.setFamilies({QStringLiteral("Inter"), QStringLiteral("DejaVu Sans"), application.font().family()});
+    // The name of the desktop's own style would win over the weights of the sheet.
+    font.setStyleName({});
     font.setPixelSize(scaledPixels(12));
     application.setFont(font);
     QPalette colours;
