@@ -91,6 +91,7 @@ void frmMedia::openHandedOver(const std::vector<Text>& paths)
         if (several) {
             frmWait().showProgress(++done, whole);
             frmWait().Refresh();
+            frmWait().SetFocus();
         }
     }
     CurrentAlias = lead;

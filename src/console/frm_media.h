@@ -219,6 +219,8 @@ private:
 
     // hot_keys.cpp
     void takeHotKeys();
+    /// Those that came while the console was busy.
+    void runWaitingKeys();
     void hotKeySize(int step);
     void hotKeyFullScreen();
     void hotKeyPlayPause();
@@ -300,6 +302,10 @@ private:
     // monitor.cpp
     void Timer2_Timer();
     void leaveFullScreen();
+    /// The window of a video goes back to its place and frame of before full screen.
+    void restoreFromFull(frmChild& window);
+    /// Where a command has ended full screen by its flag alone, the window follows.
+    void followEndOfFullScreen();
     /// What the hidden labels of the double-click test say.
     void tellClicks();
     void keepAwake();
@@ -318,6 +324,8 @@ private:
     void releaseHooks();
     void restoreOtherMedia();
 
+    /// Ids of hot keys that wait for the end of a long command.
+    std::vector<int> waitingKeys_;
     /// Ticks of `Timer2` since the last sign of life to the system.
     Long StayAwakeTicks;
     Text storedTop_;

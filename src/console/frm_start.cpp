@@ -3,6 +3,7 @@
 #include "console/command_line.h"
 #include "console/frm_media.h"
 #include "console/holders.h"
+#include "console/version.h"
 #include "desktop/layered.h"
 #include "desktop/monitors.h"
 #include "desktop/region.h"
@@ -16,7 +17,7 @@ namespace tandrel
 
 frmStart::frmStart() : Form("frmStart", Frame::Skin, {screen().FirstLeft(), screen().FirstTop(), 9000, 3300})
 {
-    Caption = "Tandrel Player";
+    Caption = kProgramName;
     setWindowWord(style::kExtendedWord, style::kToolWindow);
     Label1.role = Label2.role = TextRole::Display;
     lblPRO.role = TextRole::Group;

@@ -4,8 +4,7 @@
 #include "desktop/screen_saver.h"
 #include "media/mod_media.h"
 #include "media/shared_state.h"
-
-#include <bitset>
+#include "toolkit/screen.h"
 
 namespace tandrel
 {
@@ -24,8 +23,6 @@ constexpr std::array<HotKeyRow, hot_key::kCount> kTable{{
     {hot_key::kVolumeUp, "Ctrl+Alt+Shift+U", "frmHelp.keyLouder"},
 }};
 
-std::bitset<hot_key::kCount> ours;
-
 constexpr int kSizeStep = 25;
 constexpr int kLargest = 300;
 constexpr int kSmallest = 50;
@@ -37,16 +34,28 @@ constexpr int kLoudest = 100;
 
 const std::array<HotKeyRow, hot_key::kCount>& hotKeyTable() { return kTable; }
 
-bool isHotKeyOurs(int id) { return id >= 0 && id < hot_key::kCount && ours[static_cast<std::size_t>(id)]; }
+bool isHotKeyOurs(int id) { return services().hotKeys->holds(id); }
 
 void frmMedia::takeHotKeys()
 {
     HotKeys& keys = *services().hotKeys;
     keys.pressed = [this](int id) {
-        run([this, id] { hotKey(id); });
+        waitingKeys_.push_back(id);
+        runWaitingKeys();
     };
     for (const HotKeyRow& row : kTable)
-        ours[static_cast<std::size_t>(row.id)] = keys.take(row.id, row.combination);
+        keys.take(row.id, row.combination);
+}
+
+void frmMedia::runWaitingKeys()
+{
+    // A key may come while a long command shows its notice: it waits for a tick behind that, like a key in a queue.
+    while (!waitingKeys_.empty() && screen().MousePointer() != pointer::kHourglass && !ClosingDown) {
+        const int id = waitingKeys_.front();
+        waitingKeys_.erase(waitingKeys_.begin());
+        run([this, id] { hotKey(id); });
+        followEndOfFullScreen();
+    }
 }
 
 void frmMedia::hotKey(int id)

@@ -15,7 +15,7 @@ struct HotKeyRow {
     const char* text;
 };
 
-/// All of them, by id. No desktop or X server in common use does anything of its own at these.
+/// All of them, by id.
 const std::array<HotKeyRow, hot_key::kCount>& hotKeyTable();
 
 /// False where another program has the combination.

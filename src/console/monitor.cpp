@@ -54,16 +54,7 @@ void frmMedia::leaveFullScreen()
     if (frmChild* window = slotPlaying(FullMedia)) {
         FullScreenOn = false;
         ScreenSaverSwitch(true);
-        window->Full = false;
-        window->setFullScreen(false);
-        window->Style.Titlebar = true;
-        window->Style.Border = true;
-        window->Move({SavedLeft, SavedTop, SavedWidth, SavedHeight});
-        window->picVideo.BorderStyle = 1;
-        window->Refresh();
-        window->Show();
-        SetFocus();
-        window->SetFocus();
+        restoreFromFull(*window);
         lblTitleBar.Caption = titleFor(fileNameOf(window->path()));
         FullMedia.clear();
     }
@@ -71,6 +62,34 @@ void frmMedia::leaveFullScreen()
     mciSend("Play " + FullMedia + " ");
     FullMedia.clear();
     Visible = true;
+}
+
+void frmMedia::restoreFromFull(frmChild& window)
+{
+    window.Full = false;
+    window.setFullScreen(false);
+    window.Style.Titlebar = true;
+    window.Style.Border = true;
+    window.Move({SavedLeft, SavedTop, SavedWidth, SavedHeight});
+    window.picVideo.BorderStyle = 1;
+    window.Refresh();
+    window.Show();
+    SetFocus();
+    window.SetFocus();
+}
+
+void frmMedia::followEndOfFullScreen()
+{
+    if (FullScreenOn)
+        return;
+    for (const auto& slot : SlotTable(VideoWindows)) {
+        if (!slot || !slot->Full)
+            continue;
+        PanelUp = false;
+        restoreFromFull(*slot);
+        Unload<class frmPanel>();
+        Timer4.Enabled = true;
+    }
 }
 
 } // namespace tandrel

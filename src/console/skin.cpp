@@ -139,6 +139,7 @@ void frmMedia::wireControls()
     wireTools();
     wireWindow();
     Timer2.Tick = [this] { Timer2_Timer(); };
+    Timer3.Tick = [this] { runWaitingKeys(); };
 }
 
 void frmMedia::wireTransport()
@@ -176,6 +177,7 @@ void frmMedia::wireWindow()
             PopupMenu(menu().mnupopup);
         }
     };
+    MenuKey = [] { PopupMenu(menu().mnupopup); };
     MouseMove = [this](const MouseEvent&) { playAfterFullScreen(); };
     Sposta.MouseMove = [this](const MouseEvent&) { playAfterFullScreen(); };
 }

@@ -44,11 +44,13 @@ void frmMedia::onLoad()
     if (!passSecondStart())
         return;
     const bool asDefault = askPrimaryPlayer();
-    if (programEnded())
+    if (programEnded() || isEnding())
         return;
     if (commandLine().empty()) {
         if (!FirstRun)
             showSplash();
+        if (isEnding())
+            return;
         registerFileClasses(asDefault);
     }
     dressConsole();

@@ -6,6 +6,8 @@
 namespace tandrel
 {
 
+inline constexpr const char* kProgramName = "Tandrel Player";
+
 /// "Tandrel Player PRO " and the version, minor number and revision in two digits each.
 Text programTitle();
 

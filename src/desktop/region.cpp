@@ -30,8 +30,11 @@ Region CreaRegione(const Bitmap& picture, Long colour)
 void applyMask(Form& form, const Image& mask)
 {
     ignoringErrors([&] {
-        form.setRegion(
-            CreaRegione(backend().picture(mask.picture(), pixelsX(mask.width()), pixelsY(mask.height())), 0));
+        // As fine as the screen is.
+        const double scale = form.pixelRatio();
+        const Long width = pixelsX(mask.width()) * scale;
+        const Long height = pixelsY(mask.height()) * scale;
+        form.setRegion(CreaRegione(backend().picture(mask.picture(), width, height), 0), scale);
     });
 }
 

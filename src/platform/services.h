@@ -114,6 +114,8 @@ public:
     /// False where another program has it, or where there is none such; it is left alone then.
     virtual bool take(int id, std::string_view combination) = 0;
     virtual void releaseAll() = 0;
+    /// The combination of `id` is ours at this moment: a new layout of the keyboard may have given its place to others.
+    virtual bool holds(int id) const = 0;
     /// Runs on the user-interface thread at each press of a combination that was taken, once until its release.
     std::function<void(int id)> pressed;
 };

@@ -12,9 +12,6 @@
 namespace tandrel
 {
 
-namespace
-{
-
 /// A row of the help: the number of its label, the pictures in front, and whether a line parts it from the one before.
 struct HelpRow {
     int number;
@@ -23,14 +20,34 @@ struct HelpRow {
     bool newGroup;
 };
 
+/// How far apart things stand, in twips.
+struct HelpPitch {
+    int first;
+    int row;
+    int group;
+    int picture;
+    int key;
+};
+
+namespace
+{
+
+// Twips.
+constexpr int kWidth = 9300;
+constexpr int kLeft = 330;
+constexpr int kTextLeft = 1200;
+constexpr int kTextHeight = 270;
+constexpr int kKeyNameLeft = 4800;
+constexpr int kBand = 375;
+
 constexpr auto kRound = Plate::Round;
 constexpr auto kBare = Plate::None;
 constexpr std::array<HelpRow, 16> kRows{{
     {1, {"open", nullptr}, {kRound, kBare}, false},
     {2, {"play", nullptr}, {Plate::Play, kBare}, false},
     {3, {"pause", nullptr}, {Plate::Lead, kBare}, false},
-    {7, {"forward", nullptr}, {kRound, kBare}, false},
-    {8, {"rewind", nullptr}, {kRound, kBare}, false},
+    {7, {"forward", nullptr}, {Plate::Lead, kBare}, false},
+    {8, {"rewind", nullptr}, {Plate::Lead, kBare}, false},
     {5, {"hide", nullptr}, {kRound, kBare}, false},
     {6, {"exit", nullptr}, {kRound, kBare}, false},
     {4, {"help", nullptr}, {kRound, kBare}, false},
@@ -44,97 +61,99 @@ constexpr std::array<HelpRow, 16> kRows{{
     {17, {"layout", nullptr}, {kRound, kBare}, false},
 }};
 
-// Twips.
-constexpr int kWidth = 9300;
-constexpr int kFirstRow = 195;
-constexpr int kRowHeight = 375;
-constexpr int kGroupGap = 150;
-constexpr int kPicture = 330;
-constexpr int kPictureLeft = 330;
-constexpr int kTextLeft = 1200;
-constexpr int kTextHeight = 270;
-constexpr int kKeyHeight = 285;
-constexpr int kKeyNameLeft = 4800;
+constexpr HelpPitch kAmple{195, 375, 150, 330, 285};
+constexpr HelpPitch kTight{75, 285, 90, 270, 240};
+// On a lower screen the rows close up.
+constexpr int kAmpleScreen = 11100;
 
 } // namespace
 
 struct frmHelp::Row {
+    Row(frmHelp& form, const HelpRow& what, Long top, const HelpPitch& pitch);
+
     int number;
     std::vector<std::unique_ptr<Image>> pictures;
-    std::unique_ptr<Label> label;
+    Label label;
 };
 
 frmHelp::frmHelp() : Form("frmHelp", Frame::Dialog, {0, 0, kWidth, 10350})
 {
-    addRows();
+    const Long room = frmMedia().FullHeight;
+    addRows(room > 0 && room < kAmpleScreen ? kTight : kAmple);
     cmdOK.isDefault = cmdOK.isCancel = true;
     cmdOK.Click = [this] { unload(*this); };
 }
 
 frmHelp::~frmHelp() = default;
 
-void frmHelp::addRows()
+void frmHelp::addRows(const HelpPitch& pitch)
 {
-    Long top = kFirstRow;
+    Long top = pitch.first;
     for (const HelpRow& what : kRows) {
-        const Text number = std::to_string(what.number);
-        if (what.newGroup) {
-            lines_.push_back(std::make_unique<Image>(
-                *this, "line" + number, TwipsRect{kPictureLeft, top + 60, kWidth - 2 * kPictureLeft, 15}, "line"));
-            top += kGroupGap;
-        }
-        auto row = std::make_unique<Row>();
-        row->number = what.number;
-        for (std::size_t at = 0; at < what.pictures.size() && what.pictures[at]; ++at) {
-            const Long left = kPictureLeft + static_cast<int>(at) * (kPicture + 45);
-            row->pictures.push_back(std::make_unique<Image>(*this, "img" + number + "_" + std::to_string(at),
-                                                            TwipsRect{left, top, kPicture, kPicture},
-                                                            what.pictures[at]));
-            row->pictures.back()->plate = what.plates[at];
-        }
-        row->label = std::make_unique<Label>(
-            *this, "Label" + number,
-            TwipsRect{kTextLeft, top + (kPicture - kTextHeight) / 2, kWidth - kTextLeft - kPictureLeft, kTextHeight});
-        row->label->usesMnemonic = true;
-        rows_.push_back(std::move(row));
-        top += kRowHeight;
+        if (what.newGroup)
+            top = addLine(std::to_string(what.number), top, pitch);
+        rows_.push_back(std::make_unique<Row>(*this, what, top, pitch));
+        top += pitch.row;
     }
-    addKeys(top);
+    top = addLine("Keys", top, pitch);
+    addKeys(top, pitch);
 }
 
-void frmHelp::addKeys(Long top)
+frmHelp::Row::Row(frmHelp& form, const HelpRow& what, Long top, const HelpPitch& pitch)
+    : number(what.number),
+      label(form, "Label" + std::to_string(what.number),
+            {kTextLeft, top + (pitch.picture - kTextHeight) / 2, kWidth - kTextLeft - kLeft, kTextHeight})
 {
-    lines_.push_back(std::make_unique<Image>(*this, "lineKeys",
-                                             TwipsRect{kPictureLeft, top + 60, kWidth - 2 * kPictureLeft, 15}, "line"));
-    top += kGroupGap;
-    lines_.push_back(
-        std::make_unique<Image>(*this, "imgKeys", TwipsRect{kPictureLeft, top, kPicture, kPicture}, "keys"));
-    keysTitle_ = std::make_unique<Label>(*this, "lblKeys",
-                                         TwipsRect{kTextLeft, top + 30, kWidth - kTextLeft - 300, kTextHeight});
+    label.usesMnemonic = true;
+    for (std::size_t at = 0; at < what.pictures.size() && what.pictures[at]; ++at) {
+        const Long left = kLeft + static_cast<int>(at) * (pitch.picture + 45);
+        pictures.push_back(std::make_unique<Image>(form, "img" + std::to_string(number) + "_" + std::to_string(at),
+                                                   TwipsRect{left, top, pitch.picture, pitch.picture},
+                                                   what.pictures[at]));
+        pictures.back()->plate = what.plates[at];
+    }
+}
+
+Long frmHelp::addLine(const Text& name, Long top, const HelpPitch& pitch)
+{
+    drawings_.push_back(std::make_unique<Image>(
+        *this, "line" + name, TwipsRect{kLeft, top + pitch.group / 3, kWidth - 2 * kLeft, 15}, "line"));
+    return top + pitch.group;
+}
+
+void frmHelp::addKeys(Long top, const HelpPitch& pitch)
+{
+    drawings_.push_back(
+        std::make_unique<Image>(*this, "imgKeys", TwipsRect{kLeft, top, pitch.picture, pitch.picture}, "keys"));
+    const TwipsRect title{kTextLeft, top + (pitch.picture - kTextHeight) / 2, kWidth - kTextLeft - kLeft, kTextHeight};
+    keysTitle_ = std::make_unique<Label>(*this, "lblKeys", title);
     keysTitle_->role = TextRole::Heading;
-    top += kRowHeight;
+    top += pitch.row;
     for (const HotKeyRow& key : hotKeyTable()) {
         const Text number = std::to_string(key.id);
         keyTexts_.push_back(std::make_unique<Label>(*this, "lblKey" + number,
                                                     TwipsRect{kTextLeft, top, kKeyNameLeft - kTextLeft, kTextHeight}));
         keyNames_.push_back(std::make_unique<Label>(
-            *this, "lblKeyName" + number, TwipsRect{kKeyNameLeft, top, kWidth - kKeyNameLeft - 300, kTextHeight}));
+            *this, "lblKeyName" + number, TwipsRect{kKeyNameLeft, top, kWidth - kKeyNameLeft - kLeft, kTextHeight}));
         keyNames_.back()->role = TextRole::Quiet;
-        top += kKeyHeight;
+        top += pitch.key;
     }
-    cmdOK.Top = top + 180;
-    cmdOK.Left = kWidth - cmdOK.Width() - kPictureLeft;
-    Height = cmdOK.Top() + cmdOK.Height() + 255 + 25 * 15;
+    cmdOK.Top = top + pitch.group;
+    cmdOK.Left = kWidth - cmdOK.Width() - kLeft;
+    Height = cmdOK.Top() + cmdOK.Height() + pitch.group + kBand;
 }
 
 void frmHelp::onLoad()
 {
     Caption = localised("frmHelp.caption") + AppTitle;
     for (const auto& row : rows_)
-        row->label->Caption = localised("frmHelp." + row->label->name());
+        row->label.Caption = localised("frmHelp." + row->label.name());
     cmdOK.Caption = localised("frmHelp.cmdOK");
     sayKeys();
     monitors().CenterFormOnMonitor(*this, &frmMedia());
+    // A screen that is lower still shows its title and its beginning.
+    if (Top() < frmMedia().FullTop)
+        Top = frmMedia().FullTop;
 }
 
 void frmHelp::sayKeys()
@@ -152,7 +171,7 @@ Label& frmHelp::description(int number)
 {
     for (const auto& row : rows_)
         if (row->number == number)
-            return *row->label;
+            return row->label;
     throw RuntimeError(error::kOutOfRange, "Subscript out of range");
 }
 

@@ -6,6 +6,9 @@
 namespace tandrel
 {
 
+struct HelpRow;
+struct HelpPitch;
+
 class frmHelp : public Form
 {
 public:
@@ -24,12 +27,14 @@ protected:
 
 private:
     struct Row;
-    void addRows();
-    void addKeys(Long top);
+    void addRows(const HelpPitch& pitch);
+    /// The place below the line.
+    Long addLine(const Text& name, Long top, const HelpPitch& pitch);
+    void addKeys(Long top, const HelpPitch& pitch);
     void sayKeys();
 
     std::vector<std::unique_ptr<Row>> rows_;
-    std::vector<std::unique_ptr<Image>> lines_;
+    std::vector<std::unique_ptr<Image>> drawings_;
     std::unique_ptr<Label> keysTitle_;
     std::vector<std::unique_ptr<Label>> keyTexts_;
     std::vector<std::unique_ptr<Label>> keyNames_;

@@ -1,5 +1,6 @@
 #include "texts/frm_lang.h"
 
+#include "console/version.h"
 #include "desktop/monitors.h"
 #include "media/shared_state.h"
 #include "toolkit/screen.h"
@@ -27,7 +28,7 @@ constexpr std::array<OfferedLanguage, 6> kLanguages{{{"English", "EN"},
 
 frmLang::frmLang() : Form("frmLang", Frame::Dialog, {screen().FirstLeft(), screen().FirstTop(), 4950, 2430})
 {
-    Caption = "Tandrel Player";
+    Caption = kProgramName;
     lblLang.role = TextRole::Quiet;
     cmdOK.isDefault = true;
     cmdOK.Click = [this] { cmdOK_Click(); };

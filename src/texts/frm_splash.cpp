@@ -21,7 +21,7 @@ constexpr int kLastTick = 9;
 
 frmSplash::frmSplash() : Form("frmSplash", Frame::Skin, {screen().FirstLeft(), screen().FirstTop(), 9000, 3300})
 {
-    Caption = "Tandrel Player";
+    Caption = kProgramName;
     setWindowWord(style::kExtendedWord, style::kToolWindow);
     Label1.role = Label2.role = TextRole::Display;
     lblPRO.role = TextRole::Group;

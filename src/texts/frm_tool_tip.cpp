@@ -2,6 +2,7 @@
 
 #include "console/frm_media.h"
 #include "console/holders.h"
+#include "console/version.h"
 #include "desktop/monitors.h"
 #include "desktop/region.h"
 #include "persist/settings.h"
@@ -12,7 +13,7 @@ namespace tandrel
 
 frmToolTip::frmToolTip() : Form("frmToolTip", Frame::Skin, {0, 0, 5730, 1770})
 {
-    Caption = "Tandrel Player";
+    Caption = kProgramName;
     setWindowWord(style::kExtendedWord, style::kToolWindow);
     Maschera.Visible = false;
     imgExit.Visible = false;

@@ -61,8 +61,11 @@ public:
     virtual void setTransientFor(Form* owner) = 0;
     /// 0 is invisible, 255 opaque.
     virtual void setOpacity(int alpha) = 0;
-    /// What of the window is seen and takes the mouse. An empty region leaves nothing.
-    virtual void setRegion(const Region& region) = 0;
+    /// What of the window is seen and takes the mouse, in pixels of which `scale` make one of the window's. An empty
+    /// region leaves nothing.
+    virtual void setRegion(const Region& region, double scale) = 0;
+    /// Device pixels to one of the window's.
+    virtual double pixelRatio() const = 0;
     /// The window as it is painted now.
     virtual Bitmap snapshot() = 0;
     /// The user, who holds the left button, drags the window until the release.

@@ -239,10 +239,10 @@ void Form::startDrag()
         view_->startDrag();
 }
 
-void Form::setRegion(const Region& region)
+void Form::setRegion(const Region& region, double scale)
 {
     if (view_)
-        view_->setRegion(region);
+        view_->setRegion(region, scale);
 }
 
 void Form::stopListening(const MouseListener& listener) { std::erase(listeners_, &listener); }

@@ -118,11 +118,15 @@ public:
     /// The colour, as of `rgb`, that a control is to be painted on; without one the form shows through.
     std::function<std::optional<Long>(const Control& control)> ControlColour;
     std::function<void(const std::vector<Text>& paths)> DropFiles;
+    /// The key that brings up a menu.
+    std::function<void()> MenuKey;
 
     /// Loads the form if that has not been done. A form that was unloaded stays dead.
     void load();
     bool isLoaded() const { return life_ == Life::Loaded; }
     bool isDead() const { return life_ == Life::Dead; }
+    /// Its unload waits for the end of the handler that runs: what the handler has begun makes no sense any more.
+    bool isEnding() const { return unloadPending_ || life_ == Life::Unloading || life_ == Life::Dead; }
     /// Loads, shows and activates. A modal form blocks its caller until it is hidden or unloaded, while timers go on.
     void Show(ShowMode mode = ShowMode::Modeless);
     void Hide() { setVisible(false); }
@@ -166,8 +170,10 @@ public:
     /// The form covers its monitor, or no longer does. Forms shown meanwhile stand before it.
     void setFullScreen(bool on);
     void setOpacity(int alpha);
-    /// What of the window is seen and takes the mouse, from here on.
-    void setRegion(const Region& region);
+    /// What of the window is seen and takes the mouse, from here on. `scale` pixels of the region are one of the
+    /// window.
+    void setRegion(const Region& region, double scale = 1);
+    double pixelRatio() const { return view_ ? view_->pixelRatio() : 1; }
     Bitmap snapshot() { return view_ ? view_->snapshot() : Bitmap(); }
     /// While the form's top is at `top` or below, its window is off the screen, whatever `Visible` says: a window
     /// manager would push one that stands below the screen back onto it.

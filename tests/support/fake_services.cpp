@@ -218,7 +218,8 @@ public:
     }
     void setFullScreen(bool on) override { say(on ? "full screen" : "windowed"); }
     void setOpacity(int alpha) override { say("opacity " + std::to_string(alpha)); }
-    void setRegion(const Region& region) override { say("region of " + std::to_string(region.size())); }
+    void setRegion(const Region& region, double) override { say("region of " + std::to_string(region.size())); }
+    double pixelRatio() const override { return 1; }
     Bitmap snapshot() override { return backend_.picture(form_.name(), form_.pixelRect().width(), 1); }
     void startDrag() override { say("drag"); }
     void setTopMost(bool on) override { say(on ? "topmost" : "not topmost"); }

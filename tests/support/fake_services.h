@@ -109,6 +109,7 @@ public:
         return true;
     }
     void releaseAll() override { taken.clear(); }
+    bool holds(int id) const override { return taken.count(id) > 0; }
     std::map<int, std::string> taken;
     std::set<std::string> takenElsewhere;
 };

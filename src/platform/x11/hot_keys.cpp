@@ -116,6 +116,12 @@ void X11HotKeys::releaseAll()
     ++releases_;
 }
 
+bool X11HotKeys::holds(int id) const
+{
+    return std::any_of(taken_.begin(), taken_.end(),
+                       [id](const Taken& one) { return one.id == id && !one.grabs.empty(); });
+}
+
 bool X11HotKeys::nativeEventFilter(const QByteArray& type, void* message, qintptr*)
 {
     if (type != "xcb_generic_event_t")

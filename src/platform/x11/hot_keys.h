@@ -27,6 +27,7 @@ public:
 
     bool take(int id, std::string_view combination) override;
     void releaseAll() override;
+    bool holds(int id) const override;
 
     bool nativeEventFilter(const QByteArray& type, void* message, qintptr* result) override;
 

@@ -4,7 +4,6 @@
 #include "platform/xdg/turn.h"
 
 #include <fcntl.h>
-#include <filesystem>
 #include <unistd.h>
 #include <vector>
 
@@ -43,10 +42,10 @@ Place find(const std::vector<std::string>& lines, std::string_view section, std:
     return {insert, false, seen};
 }
 
-int openFolderOf(const std::string& path)
+/// The lock lies beside the file: the folder is shared with others, who may hold it for purposes of their own.
+int openLockOf(const std::string& path)
 {
-    const auto folder = std::filesystem::path(path).parent_path();
-    return ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    return ::open((path + ".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
 }
 
 /// A value is one line.
@@ -65,7 +64,7 @@ void SettingsFile::save(std::string_view section, std::string_view key, std::str
 {
     // A value that another process saves between the reading and the writing would be lost. The file itself can't be
     // the lock, as each save replaces it.
-    const Turn turn(openFolderOf(path_));
+    const Turn turn(openLockOf(path_));
     const auto content = readFile(path_);
     // What can't be read is not ours to replace.
     if (!content && ::access(path_.c_str(), F_OK) == 0)

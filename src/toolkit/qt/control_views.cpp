@@ -71,7 +71,14 @@ void WidgetView::place()
                          std::max<int>(0, pixelsX(twips.width)), std::max<int>(0, pixelsY(twips.height)));
 }
 
-WindowHandle WidgetView::handle() const { return widget_ ? static_cast<WindowHandle>(widget_->winId()) : 0; }
+WindowHandle WidgetView::handle() const
+{
+    if (!widget_)
+        return 0;
+    // To ask for a window would make one; only boxes that show pictures are to have their own.
+    const bool native = widget_->testAttribute(Qt::WA_NativeWindow);
+    return static_cast<WindowHandle>(native ? widget_->winId() : widget_->internalWinId());
+}
 
 PixelRect WidgetView::rect() const
 {

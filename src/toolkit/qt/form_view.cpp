@@ -24,8 +24,7 @@ QtFormView::QtFormView(Form& form) : form_(form), widget_(new FormWidget(form)) 
 
 QtFormView::~QtFormView()
 {
-    if (modal_)
-        modal_->quit();
+    endWaiting();
     delete wayBack_;
     if (!widget_)
         return;
@@ -44,6 +43,9 @@ void QtFormView::show()
     widget_->place(form_.pixelRect());
     widget_->show();
     widget_->raise();
+    // A window manager forgets this when a window goes.
+    if ((form_.windowWord(style::kExtendedWord) & style::kTopMost) != 0)
+        setTopMost(true);
     // Notices stand while the program is busy: they have to be on the screen before it is.
     if ((form_.windowWord(style::kExtendedWord) & style::kToolWindow) != 0)
         waitForScreen();
@@ -69,8 +71,13 @@ void QtFormView::hide()
     if (wayBack_)
         wayBack_->deleteLater();
     widget_->hide();
-    if (modal_)
-        modal_->quit();
+    endWaiting();
+}
+
+void QtFormView::endWaiting()
+{
+    for (QEventLoop* loop : waiting_)
+        loop->quit();
 }
 
 void QtFormView::raise() { widget_->raise(); }
@@ -85,8 +92,9 @@ void QtFormView::activate()
 void QtFormView::repaint()
 {
     widget_->repaint();
+    // Only windows of their own have not been painted along with it.
     for (QWidget* child : widget_->findChildren<QWidget*>())
-        if (child->isVisible())
+        if (child->isVisible() && child->internalWinId() != 0)
             child->repaint();
 }
 
@@ -136,8 +144,12 @@ void QtFormView::setTransientFor(Form* owner)
 
 void QtFormView::setOpacity(int alpha) { widget_->setWindowOpacity(alpha / 255.0); }
 
-void QtFormView::setRegion(const Region& region)
+double QtFormView::pixelRatio() const { return widget_->devicePixelRatioF(); }
+
+void QtFormView::setRegion(const Region& region, double scale)
 {
+    if (scale != 1 && !region.empty() && cutToDevicePixels(*widget_, region))
+        return;
     if (region.empty()) {
         // An empty mask would count as none: a pixel outside of the window leaves nothing of it.
         widget_->setMask(QRegion(-2, -2, 1, 1));
@@ -176,12 +188,12 @@ void QtFormView::waitModal()
         return;
     }
     QEventLoop loop;
-    modal_ = &loop;
+    waiting_.push_back(&loop);
     const auto alive = form_.shared_from_this();
     loop.exec();
     // The view may have ended inside the loop, and with it this object.
     if (alive->isLoaded())
-        modal_ = nullptr;
+        std::erase(waiting_, &loop);
 }
 
 } // namespace tandrel

@@ -4,6 +4,7 @@
 #include "toolkit/activation.h"
 #include "toolkit/press.h"
 #include "toolkit/qt/frame_painter.h"
+#include "toolkit/qt/qt_backend.h"
 #include "toolkit/screen.h"
 
 #include <QDragEnterEvent>
@@ -25,8 +26,6 @@ Qt::WindowFlags flagsFor(const Form& form)
     const bool tool = (form.windowWord(style::kExtendedWord) & style::kToolWindow) != 0;
     return (tool ? Qt::Tool : Qt::Window) | Qt::FramelessWindowHint;
 }
-
-constexpr int kNotch = 120;
 
 int buttonMask(Qt::MouseButtons buttons)
 {
@@ -190,13 +189,9 @@ void FormWidget::wheelEvent(QWheelEvent* event)
     // The turn is for the active window, where the pointer is on it.
     if (!form_ || !form_->WheelProcedure || activeForm() != form_)
         return;
-    const int turn = event->angleDelta().y();
-    // Touchpads turn by less than a notch: it has to add up to one. A turn back begins anew.
-    wheelTurn_ = (wheelTurn_ > 0) == (turn > 0) ? wheelTurn_ + turn : turn;
-    if (std::abs(wheelTurn_) < kNotch)
+    const int rotation = notches_.add(event->angleDelta().y());
+    if (rotation == 0)
         return;
-    const int rotation = wheelTurn_ - wheelTurn_ % kNotch;
-    wheelTurn_ %= kNotch;
     const QPoint at = event->globalPosition().toPoint();
     const WheelTurn what{buttonMask(event->buttons()), rotation, at.x(), at.y()};
     form_->run([this, what] { form_->WheelProcedure(what); });
@@ -206,6 +201,12 @@ void FormWidget::keyPressEvent(QKeyEvent* event)
 {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     const bool escape = event->key() == Qt::Key_Escape;
+    const bool menu =
+        event->key() == Qt::Key_Menu || (event->key() == Qt::Key_F10 && event->modifiers().testFlag(Qt::ShiftModifier));
+    if (form_ && menu && form_->MenuKey) {
+        const QtBackend::PressedByKey key(*this);
+        return form_->run(form_->MenuKey);
+    }
     if (!form_ || !(enter || escape))
         return QWidget::keyPressEvent(event);
     for (Control* control : form_->controls()) {

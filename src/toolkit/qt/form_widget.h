@@ -2,6 +2,7 @@
 #pragma once
 
 #include "toolkit/form.h"
+#include "toolkit/qt/wheel_notches.h"
 
 #include <QEventLoop>
 #include <QPointer>
@@ -56,7 +57,7 @@ private:
     /// The button that closes a dialog is under the pointer, and pressed.
     bool closeHovered_ = false;
     bool closePressed_ = false;
-    int wheelTurn_ = 0;
+    WheelNotches notches_;
 };
 
 class QtFormView : public FormView
@@ -79,7 +80,8 @@ public:
     void setFullScreen(bool on) override;
     void setTransientFor(Form* owner) override;
     void setOpacity(int alpha) override;
-    void setRegion(const Region& region) override;
+    void setRegion(const Region& region, double scale) override;
+    double pixelRatio() const override;
     Bitmap snapshot() override;
     void startDrag() override;
     void setTopMost(bool on) override;
@@ -94,7 +96,9 @@ private:
     Form& form_;
     QPointer<FormWidget> widget_;
     QPointer<QWidget> wayBack_;
-    QEventLoop* modal_ = nullptr;
+    /// Whoever waits for the end of the form, the last one on top.
+    std::vector<QEventLoop*> waiting_;
+    void endWaiting();
 };
 
 } // namespace tandrel

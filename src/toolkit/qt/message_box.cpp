@@ -4,6 +4,8 @@
 #include "toolkit/qt/frame_painter.h"
 #include "toolkit/qt/style.h"
 
+#include <QCloseEvent>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
@@ -35,6 +37,7 @@ const char* iconOf(BoxStyle style)
 } // namespace
 
 MessageBox::MessageBox(const QString& text, BoxStyle style, const QString& title, const BoxTexts& texts)
+    : question_(style == BoxStyle::YesNoQuestion)
 {
     setObjectName(QStringLiteral("messageBox"));
     setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint);
@@ -67,6 +70,20 @@ void MessageBox::resizeEvent(QResizeEvent* event)
 {
     QMessageBox::resizeEvent(event);
     setMask(roundedRegion(rect()));
+}
+
+void MessageBox::keyPressEvent(QKeyEvent* event)
+{
+    if (question_ && event->key() == Qt::Key_Escape)
+        return event->accept();
+    QMessageBox::keyPressEvent(event);
+}
+
+void MessageBox::closeEvent(QCloseEvent* event)
+{
+    if (question_)
+        return event->ignore();
+    QMessageBox::closeEvent(event);
 }
 
 void MessageBox::mousePressEvent(QMouseEvent* event)

@@ -12,6 +12,8 @@
 #include <QMenu>
 #include <QTimer>
 
+#include <optional>
+
 namespace tandrel
 {
 
@@ -40,6 +42,13 @@ void waitForRelease()
     });
     poll.start(kReleasePollMs);
     loop.exec();
+}
+
+/// Where a menu comes up that a key has asked for.
+std::optional<QPoint>& placeOfKey()
+{
+    static std::optional<QPoint> place;
+    return place;
 }
 
 /// A menu with rounded corners on every screen.
@@ -105,6 +114,13 @@ void QtFormView::showSystemMenu(PixelPoint at)
         alive->userClose();
 }
 
+QtBackend::PressedByKey::PressedByKey(const QWidget& control)
+{
+    placeOfKey() = control.mapToGlobal(QPoint(0, control.height()));
+}
+
+QtBackend::PressedByKey::~PressedByKey() { placeOfKey().reset(); }
+
 Menu* QtBackend::popUp(Menu& head)
 {
     if (boxesEnded_)
@@ -117,7 +133,7 @@ Menu* QtBackend::popUp(Menu& head)
     fill(menu, head, meaning);
     Menu* chosen = nullptr;
     connect(&menu, &QMenu::triggered, &menu, [&](QAction* action) { chosen = meaning.at(action); });
-    menu.exec(QCursor::pos());
+    menu.exec(placeOfKey().value_or(QCursor::pos()));
     return chosen;
 }
 

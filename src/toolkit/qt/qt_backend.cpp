@@ -124,7 +124,10 @@ BoxAnswer QtBackend::messageBox(const Text& text, BoxStyle style, const Text& ti
     if (boxesEnded_)
         return withoutAnswer(style);
     MessageBox box(rendered(text), style, rendered(title), boxTexts_);
+    // The box waits for the user, whatever the program is busy with.
+    QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
     const int button = box.exec();
+    QGuiApplication::restoreOverrideCursor();
     if (boxesEnded_)
         return withoutAnswer(style);
     if (style == BoxStyle::YesNoQuestion)
@@ -149,7 +152,7 @@ void QtBackend::endBoxes()
     if (QWidget* menu = QApplication::activePopupWidget())
         menu->close();
     if (auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
-        box->reject();
+        box->done(QDialog::Rejected);
     for (const auto& form : openForms())
         if (const QWidget* window = form->isLoaded() ? QWidget::find(form->hWnd()) : nullptr;
             window && window->isModal() && window->isVisible())

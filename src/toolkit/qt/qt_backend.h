@@ -38,6 +38,15 @@ public:
     void endBoxes();
     bool boxesEnded() const { return boxesEnded_; }
 
+    /// While a key presses `control`: what pops up by it stands below it, and not at the pointer.
+    class PressedByKey
+    {
+    public:
+        explicit PressedByKey(const QWidget& control);
+        ~PressedByKey();
+        PressedByKey(const PressedByKey&) = delete;
+    };
+
     /// How many paintings of windows and controls there were so far: a window at rest costs none.
     long paints() const { return paints_; }
 

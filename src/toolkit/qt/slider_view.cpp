@@ -3,6 +3,7 @@
 #include "toolkit/qt/focus_ring.h"
 #include "toolkit/qt/kinds.h"
 #include "toolkit/qt/palette.h"
+#include "toolkit/qt/wheel_notches.h"
 #include "toolkit/screen.h"
 
 #include <QKeyEvent>
@@ -57,6 +58,7 @@ private:
     Slider& slider_;
     std::optional<double> grip_;
     FocusRing ring_{*this};
+    WheelNotches notches_;
 };
 
 double SliderWidget::thumbCentre() const
@@ -207,9 +209,9 @@ void SliderWidget::keyPressEvent(QKeyEvent* key)
 
 void SliderWidget::wheelEvent(QWheelEvent* wheel)
 {
-    const int turn = wheel->angleDelta().y();
-    if (turn != 0)
-        slider_.userStep(moved((turn < 0 ? 5 : -5) * static_cast<double>(slider_.SmallChange)));
+    const int notches = notches_.add(wheel->angleDelta().y()) / WheelNotches::kNotch;
+    if (notches != 0)
+        slider_.userStep(moved(-5.0 * notches * static_cast<double>(slider_.SmallChange)));
     wheel->accept();
 }
 

@@ -6,7 +6,8 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
-#include <xcb/xcb.h>
+#include <vector>
+#include <xcb/shape.h>
 
 namespace tandrel
 {
@@ -59,6 +60,23 @@ bool screenBlendsWindows()
     const auto cookie = xcb_get_selection_owner(display, atom(display, "_NET_WM_CM_S0"));
     const ReplyPtr<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(display, cookie, nullptr));
     return reply && reply->owner != XCB_WINDOW_NONE;
+}
+
+bool cutToDevicePixels(QWidget& window, const Region& region)
+{
+    xcb_connection_t* display = connection();
+    if (!display)
+        return false;
+    std::vector<xcb_rectangle_t> strips;
+    strips.reserve(region.size());
+    for (const PixelRect& strip : region)
+        strips.push_back({static_cast<std::int16_t>(strip.left), static_cast<std::int16_t>(strip.top),
+                          static_cast<std::uint16_t>(strip.width()), static_cast<std::uint16_t>(strip.height())});
+    xcb_shape_rectangles(display, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, XCB_CLIP_ORDERING_YX_BANDED,
+                         static_cast<xcb_window_t>(window.winId()), 0, 0, static_cast<std::uint32_t>(strips.size()),
+                         strips.data());
+    xcb_flush(display);
+    return true;
 }
 
 void announceState(QWidget& window, const char* state, bool on)

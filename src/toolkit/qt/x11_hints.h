@@ -1,6 +1,8 @@
 /// The few things that a window manager is told beside what Qt tells it.
 #pragma once
 
+#include "toolkit/picture.h"
+
 class QWidget;
 
 namespace tandrel
@@ -11,6 +13,9 @@ bool windowManagerPresent();
 
 /// True where a program blends the windows of this screen, so that pixels which are half clear look it.
 bool screenBlendsWindows();
+
+/// Cuts the window to a region in device pixels. False where the display can't do that.
+bool cutToDevicePixels(QWidget& window, const Region& region);
 
 /// Asks the window manager to give the window one of its states, such as "_NET_WM_STATE_FULLSCREEN", or to take it
 /// away. Nothing where none runs.
