@@ -1,25 +1,15 @@
 // Controls as widgets: found by name, clicked, dragged, typed on.
 
-#include "fake_services.h"
+#include "widget_bench.h"
 
-#include "toolkit/activation.h"
-#include "toolkit/form.h"
 #include "toolkit/menu.h"
 #include "toolkit/press.h"
 #include "toolkit/qt/frame_painter.h"
-#include "toolkit/qt/qt_backend.h"
 #include "toolkit/screen.h"
 
 #include <QAbstractButton>
-#include <QApplication>
-#include <QElapsedTimer>
 #include <QMenu>
-#include <QMouseEvent>
 #include <QScreen>
-#include <QWheelEvent>
-#include <QWidget>
-
-#include <gmock/gmock.h>
 
 namespace tandrel::test
 {
@@ -63,61 +53,15 @@ protected:
     void onUnload() override { events.push_back("unload"); }
 };
 
-/// By its handle, since two forms may share a name.
-QWidget* windowOf(const Form& form) { return form.isLoaded() ? QWidget::find(static_cast<WId>(form.hWnd())) : nullptr; }
-
-QWidget* named(const Form& form, const char* name)
-{
-    QWidget* window = windowOf(form);
-    return window ? window->findChild<QWidget*>(name) : nullptr;
-}
-
-void mouseAt(QWidget* widget, QEvent::Type type, QPointF at, Qt::MouseButton button)
-{
-    const bool move = type == QEvent::MouseMove;
-    QMouseEvent event(type, at, widget->mapToGlobal(at), move ? Qt::NoButton : button,
-                      type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::MouseButtons(button), Qt::NoModifier);
-    QApplication::sendEvent(widget, &event);
-}
-
-void press(QWidget* widget, Qt::MouseButton button = Qt::LeftButton)
-{
-    const QPointF middle = QRectF(widget->rect()).center();
-    mouseAt(widget, QEvent::MouseButtonPress, middle, button);
-    mouseAt(widget, QEvent::MouseButtonRelease, middle, button);
-}
-
-template <class Condition>
-bool within(int ms, Condition condition)
-{
-    QElapsedTimer clock;
-    clock.start();
-    while (!condition() && clock.elapsed() < ms)
-        QApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 20);
-    return condition();
-}
-
-class Widgets : public ::testing::Test
+class Widgets : public WidgetBench
 {
 protected:
     Widgets()
     {
-        installBackend(&qt);
         board->Show();
         board->events.clear();
     }
-    ~Widgets() override { discardAll(); }
 
-    void discardAll()
-    {
-        for (const auto& form : openForms())
-            form->discard();
-        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        installBackend(&world.backend);
-    }
-
-    World world;
-    QtBackend qt;
     std::shared_ptr<Board> board = std::make_shared<Board>();
 };
 
@@ -187,8 +131,7 @@ TEST_F(Widgets, APressBesideTheThumbStepsByAPage)
 
 TEST_F(Widgets, KeysStepASlider)
 {
-    QKeyEvent key(QEvent::KeyPress, Qt::Key_PageDown, Qt::NoModifier);
-    QApplication::sendEvent(named(*board, "slider"), &key);
+    pressKey(named(*board, "slider"), Qt::Key_PageDown);
     EXPECT_THAT(board->events, ElementsAre("scroll 10", "click"));
 }
 
@@ -260,10 +203,7 @@ TEST_F(Widgets, TheWheelOnASliderRunsScrollChangeAndClick)
     board->slider.Value = 50;
     board->slider.Change = [this] { board->events.push_back("change"); };
     QWidget* slider = named(*board, "slider");
-    const QPointF middle = QRectF(slider->rect()).center();
-    QWheelEvent event(middle, slider->mapToGlobal(middle), {}, {0, 120}, Qt::NoButton, Qt::NoModifier,
-                      Qt::NoScrollPhase, false);
-    QApplication::sendEvent(slider, &event);
+    turnWheel(slider, 120);
     const int value = board->slider.Value();
     EXPECT_NE(value, 50);
     EXPECT_THAT(board->events, ElementsAre("change", "scroll " + std::to_string(value), "click"));
@@ -415,10 +355,3 @@ TEST_F(Widgets, TheScreenGivesTheTwips)
 }
 
 } // namespace tandrel::test
-
-int main(int argc, char** argv)
-{
-    QApplication application(argc, argv);
-    ::testing::InitGoogleMock(&argc, argv);
-    return RUN_ALL_TESTS();
-}
