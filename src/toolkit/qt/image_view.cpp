@@ -26,8 +26,7 @@ constexpr double kResting = 0.82;
 
 bool pressKey(const QKeyEvent* key)
 {
-    return !key->isAutoRepeat() &&
-           (key->key() == Qt::Key_Space || key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter);
+    return key->key() == Qt::Key_Space || key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
 }
 
 /// Paints a drawing of the skin; one that is a button lies on its plate, lifted under the pointer, sunk while pressed.
@@ -98,13 +97,16 @@ void ImageWidget::keyPressEvent(QKeyEvent* key)
 {
     if (!pressKey(key))
         return QWidget::keyPressEvent(key);
+    // A held key repeats, which is no other press: nor one for the default button, where a key left alone would go.
+    if (key->isAutoRepeat())
+        return;
     keyDown_ = true;
     image_.userMouseDown({mouse::kLeft, 0, 0, 0});
 }
 
 void ImageWidget::keyReleaseEvent(QKeyEvent* key)
 {
-    if (!pressKey(key) || !keyDown_)
+    if (!pressKey(key) || key->isAutoRepeat() || !keyDown_)
         return QWidget::keyReleaseEvent(key);
     const auto form = image_.form().shared_from_this();
     Image& image = image_;
