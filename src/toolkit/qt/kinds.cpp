@@ -153,7 +153,12 @@ private:
 class PressedByEnter : public WidgetView
 {
 public:
-    using WidgetView::WidgetView;
+    PressedByEnter(Control& control, FormWidget& window, QWidget* widget) : WidgetView(control, window, widget)
+    {
+        // Who works with the mouse is not bothered by the ring of the focus: as on images, a click leaves the keys
+        // where they are.
+        widget->setFocusPolicy(Qt::TabFocus);
+    }
 
 protected:
     bool widgetNeedsMouse() const override { return true; }
