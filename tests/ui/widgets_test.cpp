@@ -15,7 +15,6 @@ namespace tandrel::test
 {
 
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 namespace
 {
