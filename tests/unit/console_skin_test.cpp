@@ -15,8 +15,6 @@
 namespace tandrel::test
 {
 
-using ::testing::Contains;
-using ::testing::Each;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::Optional;

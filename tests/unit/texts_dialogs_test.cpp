@@ -16,7 +16,6 @@ namespace tandrel::test
 
 using ::testing::Contains;
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 using ::testing::Not;
 
 namespace

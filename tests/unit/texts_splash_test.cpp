@@ -12,8 +12,6 @@ namespace tandrel::test
 {
 
 using ::testing::Contains;
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 using ::testing::MatchesRegex;
 
 namespace
