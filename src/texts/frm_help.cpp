@@ -152,7 +152,7 @@ void frmHelp::onLoad()
     sayKeys();
     monitors().CenterFormOnMonitor(*this, &frmMedia());
     // A screen that is lower still shows its title and its beginning.
-    if (Top() < frmMedia().FullTop)
+    if (const Long room = frmMedia().FullHeight; room > 0 && height() > room)
         Top = frmMedia().FullTop;
 }
 

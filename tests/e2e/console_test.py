@@ -202,6 +202,36 @@ class Console(PlayerTest):
                     "the pause")
         self.display.run("xdotool", "windowkill", other)
 
+    def test_a_global_key_that_ends_full_screen_brings_the_window_back(self):
+        name, = long_clips(1, self.folder)
+        player = self.start(name, home=self.home(slide="0"))
+        player.wait_ready(1)
+        place = player.place(name)
+        self.display.run("xdotool", "windowactivate", "--sync", player.console()[0])
+
+        def full():
+            if player.size(name) == (1920, 1080):
+                return True
+            self.display.run("xdotool", "windowactivate", "--sync", player.console()[0])
+            self.click(place[0] + place[2] // 2, place[1] + place[3] // 3, button=3)
+            return wait_briefly(lambda: player.size(name) == (1920, 1080))
+
+        wait_for(full, 20, "full screen")
+        self.answer("ctrl+alt+shift+c", lambda: player.size(name) == place[2:], "the window as before")
+        self.assert_place(player, name, place)
+
+    def test_the_menu_key_brings_the_menu(self):
+        player = self.up()
+
+        def opened():
+            self.display.run("xdotool", "windowactivate", "--sync", player.console()[0])
+            self.display.run("xdotool", "key", "Menu")
+            return wait_briefly(self.popup)
+
+        width, _, x, y = wait_for(opened, 20, "the menu")
+        _, left, top, _, _ = player.console()
+        self.assertTrue(left <= x <= left + WIDTH and top <= y + 200, (x, y, width))
+
     def test_help_and_menus_come_up_without_a_window_manager_too(self):
         self.display.processes[-1].terminate()
         player = self.start(*clips(1, self.folder))

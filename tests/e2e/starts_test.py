@@ -135,6 +135,26 @@ class Starts(PlayerTest):
             bus.accept()[0].close()
             self.assertEqual(player.end(), 0)
 
+    def test_a_session_bus_whose_queue_is_full(self):
+        name, = clips(1, self.folder)
+        path = os.path.join(self.folder, "full-bus")
+        callers = []
+        with socket.socket(socket.AF_UNIX) as bus:
+            bus.bind(path)
+            bus.listen(0)
+            try:
+                while True:
+                    callers.append(socket.socket(socket.AF_UNIX))
+                    callers[-1].setblocking(False)
+                    callers[-1].connect(path)
+            except BlockingIOError:
+                pass  # Nobody else can get in now.
+            player = self.start(name, DBUS_SESSION_BUS_ADDRESS="unix:path=" + path)
+            player.wait_ready(videos=1)
+            self.assertEqual(player.end(), 0)
+        for caller in callers:
+            caller.close()
+
     def test_a_data_folder_that_cannot_be_written(self):
         blocked = os.path.join(self.folder, "a file")
         with open(blocked, "w", encoding="ascii") as file:

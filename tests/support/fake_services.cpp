@@ -263,6 +263,8 @@ void FakeBackend::act(Form& form)
 BoxAnswer FakeBackend::messageBox(const Text& text, BoxStyle style, const Text& title)
 {
     boxes.push_back({text, style, title});
+    if (whileBoxIsUp)
+        whileBoxIsUp();
     return boxAnswer;
 }
 

@@ -206,6 +206,8 @@ public:
     };
     std::vector<Box> boxes;
     BoxAnswer boxAnswer = BoxAnswer::Ok;
+    /// What happens while a box is up.
+    std::function<void()> whileBoxIsUp;
     BoxTexts boxTexts;
     int beeps = 0;
     /// What the drawings of the skin look like; one that isn't here is all black.

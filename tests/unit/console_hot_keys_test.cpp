@@ -3,6 +3,7 @@
 #include "player_bench.h"
 
 #include "console/hot_keys.h"
+#include "fullscreen/frm_panel.h"
 #include "toolkit/program.h"
 
 #include <set>
@@ -168,8 +169,8 @@ TEST_F(ConsoleHotKeys, QuieterAndLouderByTen)
     key(hot_key::kVolumeUp);
     key(hot_key::kVolumeUp);
     EXPECT_EQ(VolumeLevel, 60);
-    EXPECT_THAT(commands(), ElementsAre("setaudio A Volume to 400", "setaudio A Volume to 500",
-                                        "setaudio A Volume to 600"));
+    EXPECT_THAT(commands(),
+                ElementsAre("setaudio A Volume to 400", "setaudio A Volume to 500", "setaudio A Volume to 600"));
 }
 
 TEST_F(ConsoleHotKeys, NotBelowNothingAndNotAboveAll)
@@ -216,6 +217,61 @@ TEST_F(ConsoleHotKeys, ACombinationOfAnotherProgramIsLeftToIt)
     start();
     EXPECT_FALSE(isHotKeyOurs(hot_key::kPlayPause));
     EXPECT_TRUE(isHotKeyOurs(hot_key::kStop));
+}
+
+TEST_F(ConsoleHotKeys, TheWindowFollowsWhereAPlayEndsFullScreen)
+{
+    open(1);
+    frmChild& window = *VideoWindows[0];
+    window.Move({1500, 1650, 4500, 3000});
+    console().SetFocus();
+    world.pointer.right = true;
+    window.SetFocus();
+    world.pointer.right = false;
+    ASSERT_TRUE(window.Full);
+    key(hot_key::kFullScreen);
+    EXPECT_FALSE(FullScreenOn);
+    EXPECT_FALSE(window.Full);
+    EXPECT_TRUE(window.hasTitleBar());
+    EXPECT_EQ(rectOf(window), (Rect{1500, 1650, 4500, 3000}));
+    EXPECT_FALSE(Loaded<class frmPanel>());
+    EXPECT_TRUE(console().Timer4.enabled());
+    EXPECT_EQ(FullMedia, alias(0)) << "the console's next move of the mouse plays it on";
+}
+
+TEST_F(ConsoleHotKeys, APauseLeavesFullScreenAsItIs)
+{
+    open(1);
+    console().SetFocus();
+    world.pointer.right = true;
+    VideoWindows[0]->SetFocus();
+    world.pointer.right = false;
+    Playing = true;
+    key(hot_key::kPlayPause);
+    EXPECT_TRUE(VideoWindows[0]->Full);
+    EXPECT_TRUE(FullScreenOn);
+}
+
+TEST_F(ConsoleHotKeys, KeysThatComeInALongCommandWaitForItsEnd)
+{
+    Playing = true;
+    screen().MousePointer = pointer::kHourglass;
+    key(hot_key::kPlayPause);
+    key(hot_key::kVolumeUp);
+    console().Timer3.tick();
+    EXPECT_THAT(commands(), IsEmpty());
+    screen().MousePointer = pointer::kDefault;
+    console().Timer3.tick();
+    EXPECT_THAT(commands(), ElementsAre("Pause A", "setaudio A Volume to 600"));
+    console().Timer3.tick();
+    EXPECT_EQ(commands().size(), 2U);
+}
+
+TEST_F(ConsoleHotKeys, NoKeyIsTakenWhileTheProgramEnds)
+{
+    console().ClosingDown = true;
+    key(hot_key::kStop);
+    EXPECT_THAT(commands(), IsEmpty());
 }
 
 TEST_F(ConsoleHotKeys, TheEndGivesThemBack)

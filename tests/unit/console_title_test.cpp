@@ -3,9 +3,12 @@
 #include "player_bench.h"
 
 #include "console/command_line.h"
+#include "toolkit/program.h"
 
 namespace tandrel::test
 {
+
+using ::testing::IsEmpty;
 
 namespace
 {
@@ -65,6 +68,18 @@ TEST_F(ConsoleTitle, TheQuestionAtTheStartIsPutInTheLanguageInUse)
     ASSERT_EQ(world.backend.boxes.size(), 1U);
     EXPECT_EQ(world.backend.boxes[0].text, "Faça Tandrel Player como reprodutor principal?");
     EXPECT_EQ(world.backend.boxTexts.yes, "&Sim");
+}
+
+TEST_F(ConsoleTitle, AnEndFromOutsideInTheMiddleOfTheQuestionOpensNothingMore)
+{
+    world.files.content.erase("/data/ext.dat");
+    world.backend.boxAnswer = BoxAnswer::Cancel;
+    world.backend.whileBoxIsUp = [] { Unload<class frmMedia>(); };
+    setCommandLine({{}, {film(0), film(1)}});
+    frmMedia();
+    EXPECT_THAT(world.mci.sent(), IsEmpty());
+    EXPECT_TRUE(programEnded());
+    EXPECT_EQ(world.backend.quits, 1);
 }
 
 TEST_F(ConsoleTitle, TheModeIsShown)

@@ -62,7 +62,18 @@ TEST_F(PlatformSettingsTurns, NoneLosesWhatAnotherSavesAtTheSameTime)
     for (int process = 0; process < kProcesses; ++process)
         for (int index = 0; index < kValues; ++index)
             EXPECT_EQ(value(std::to_string(process) + "-" + std::to_string(index)), "x") << process << " " << index;
-    EXPECT_THAT(folder.names(), ElementsAre("s.ini")) << "the lock leaves nothing behind";
+    EXPECT_THAT(folder.names(), ElementsAre("s.ini", "s.ini.lock")) << "nothing else is left behind";
+}
+
+TEST_F(PlatformSettingsTurns, WhoHoldsTheWholeFolderForOtherPurposesHoldsNobodyUp)
+{
+    const int whole = ::open(folder.path().c_str(), O_RDONLY | O_DIRECTORY);
+    ASSERT_EQ(::flock(whole, LOCK_EX), 0);
+    const auto before = std::chrono::steady_clock::now();
+    save("top", "1");
+    EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::seconds(1));
+    EXPECT_EQ(value("top"), "1");
+    ::close(whole);
 }
 
 TEST_F(PlatformSettingsTurns, OneThatIsStoppedInItsTurnHoldsNobodyUpForEver)
@@ -70,7 +81,7 @@ TEST_F(PlatformSettingsTurns, OneThatIsStoppedInItsTurnHoldsNobodyUpForEver)
     int ready[2];
     ASSERT_EQ(::pipe(ready), 0);
     const pid_t other = inAnotherProcess([&] {
-        ::flock(::open(folder.path().c_str(), O_RDONLY | O_DIRECTORY), LOCK_EX);
+        ::flock(::open(folder.path("s.ini.lock").c_str(), O_RDWR | O_CREAT, 0600), LOCK_EX);
         ::close(ready[1]);
         ::pause();
     });

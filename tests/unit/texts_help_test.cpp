@@ -176,6 +176,22 @@ TEST_F(TextsHelp, StandsInTheMiddleOfTheConsolesMonitor)
     EXPECT_EQ(frmHelp().top(), -3000 + (15000 - frmHelp().height()) / 2);
 }
 
+TEST_F(TextsHelp, ClosesUpOnALowScreen)
+{
+    console().FullHeight = 600 * 15;
+    EXPECT_LT(frmHelp().height(), 560 * 15);
+    for (const Control* control : frmHelp().controls())
+        EXPECT_LE(control->top() + control->height(), frmHelp().height() - 25 * 15) << control->name();
+}
+
+TEST_F(TextsHelp, BeginsAtTheTopOfAScreenThatIsTooLowForIt)
+{
+    world.monitors.all = {{1, {0, 100, 800, 500}, {0, 100, 800, 500}}};
+    console().FullTop = 100 * 15;
+    console().FullHeight = 400 * 15;
+    EXPECT_EQ(frmHelp().top(), 100 * 15);
+}
+
 TEST_F(TextsHelp, ListsEveryKeyThatWorksEverywhere)
 {
     for (const HotKeyRow& key : hotKeyTable()) {

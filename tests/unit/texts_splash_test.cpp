@@ -93,9 +93,9 @@ TEST_F(TextsSplash, TheNextOneCountsFromZero)
 
 TEST_F(TextsSplash, FadesInUntilItIsOpaque)
 {
-    frmSplash();
+    frmSplash().Show(ShowMode::Modal);
     const auto opacities = startingWith(world.journal, "frmSplash opacity ");
-    ASSERT_EQ(opacities.size(), 53U);
+    ASSERT_EQ(opacities.size(), 54U);
     EXPECT_EQ(opacities.front(), "frmSplash opacity 0");
     EXPECT_EQ(opacities.back(), "frmSplash opacity 255");
     const auto first = std::find(world.journal.begin(), world.journal.end(), "frmSplash show");

@@ -4,7 +4,10 @@
 #include <chrono>
 #include <cstdlib>
 #include <dbus/dbus.h>
+#include <future>
 #include <string_view>
+#include <system_error>
+#include <thread>
 #include <utility>
 
 namespace tandrel
@@ -14,6 +17,7 @@ namespace
 {
 
 constexpr std::chrono::milliseconds kLongestAnswer{2000};
+constexpr std::chrono::milliseconds kLongestConnect{300};
 constexpr const char* kAddressVariable = "DBUS_SESSION_BUS_ADDRESS";
 constexpr const char* kService = "org.freedesktop.ScreenSaver";
 // Most desktops know the long path, some older ones the short path only.
@@ -204,8 +208,19 @@ std::unique_ptr<IdleBus> makeSessionIdleBus(std::string application, std::string
 
 bool sessionBusIsSilent()
 {
-    const ConnectionPtr bus = connectTo(sessionBusAddress());
-    return bus && !sayHello(bus.get());
+    // A socket whose queue of callers is full does not even let one wait with an end, so another thread does.
+    const auto found = std::make_shared<std::promise<bool>>();
+    auto silent = found->get_future();
+    const auto call = [found, address = sessionBusAddress()] {
+        const ConnectionPtr bus = connectTo(address);
+        found->set_value(bus && !sayHello(bus.get()));
+    };
+    try {
+        std::thread(call).detach();
+    } catch (const std::system_error&) {
+        return false;
+    }
+    return silent.wait_for(kLongestAnswer + kLongestConnect) != std::future_status::ready || silent.get();
 }
 
 void forgetSessionBus()

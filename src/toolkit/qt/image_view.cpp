@@ -3,6 +3,7 @@
 #include "toolkit/qt/focus_ring.h"
 #include "toolkit/qt/kinds.h"
 #include "toolkit/qt/palette.h"
+#include "toolkit/qt/qt_backend.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -110,6 +111,7 @@ void ImageWidget::keyReleaseEvent(QKeyEvent* key)
         return QWidget::keyReleaseEvent(key);
     const auto form = image_.form().shared_from_this();
     Image& image = image_;
+    const QtBackend::PressedByKey byKey(*this);
     letGo();
     if (form->isLoaded())
         image.userClick();
