@@ -47,11 +47,15 @@ public:
         changed_.notify_all();
     }
 
+    /// The answer to a question for a hold: what was set when the question is noted, however late it is given.
     std::optional<std::uint32_t> answer()
     {
         std::unique_lock lock(mutex_);
+        notes_.push_back("inhibit");
+        changed_.notify_all();
+        const auto cookie = cookie_;
         changed_.wait(lock, [this] { return open_; });
-        return cookie_;
+        return cookie;
     }
     bool gone()
     {
@@ -81,11 +85,7 @@ class DeskBus : public IdleBus
 public:
     explicit DeskBus(std::shared_ptr<Desk> desk) : desk_(std::move(desk)) {}
     ~DeskBus() override { desk_->note("end"); }
-    std::optional<std::uint32_t> inhibit() override
-    {
-        desk_->note("inhibit");
-        return desk_->answer();
-    }
+    std::optional<std::uint32_t> inhibit() override { return desk_->answer(); }
     void uninhibit(std::uint32_t cookie) override { desk_->note("uninhibit " + std::to_string(cookie)); }
     bool simulateActivity() override
     {
