@@ -15,7 +15,7 @@ namespace tandrel
 inline constexpr std::array<std::string_view, 6> kTextLanguages{"EN", "ES", "FR", "IT", "DE", "PT"};
 
 struct TextRow {
-    /// Form and control, or theme and text: "frmMedia.imgOpen", "message.tooMany".
+    /// Form and control, or theme and text: "frmMedia.imgOpen", "message.cannotPlay".
     std::string_view key;
     std::array<std::string_view, kTextLanguages.size()> texts;
 };

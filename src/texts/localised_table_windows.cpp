@@ -144,15 +144,6 @@ constexpr TextRow kRows[] = {
          "&OK",
          "&OK",
      }},
-    {"box.cancel",
-     {
-         "&Cancel",
-         "&Cancelar",
-         "&Annuler",
-         "&Annulla",
-         "&Abbrechen",
-         "&Cancelar",
-     }},
     {"system.minimise",
      {
          "Minimize",

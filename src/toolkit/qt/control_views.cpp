@@ -5,6 +5,7 @@
 #include "toolkit/qt/form_widget.h"
 #include "toolkit/qt/frame_painter.h"
 #include "toolkit/qt/kinds.h"
+#include "toolkit/qt/mouse_buttons.h"
 #include "toolkit/screen.h"
 
 #include <QMouseEvent>
@@ -111,8 +112,7 @@ void WidgetView::reportMouse(QEvent* event)
     what.x = mouse->position().x() * screen().TwipsPerPixelX();
     what.y = mouse->position().y() * screen().TwipsPerPixelY();
     const auto buttons = mouse->type() == QEvent::MouseMove ? mouse->buttons() : Qt::MouseButtons(mouse->button());
-    what.button = (buttons & Qt::LeftButton ? mouse::kLeft : 0) | (buttons & Qt::RightButton ? mouse::kRight : 0) |
-                  (buttons & Qt::MiddleButton ? mouse::kMiddle : 0);
+    what.button = buttonMask(buttons);
 
     const bool inside = widget_->rect().contains(mouse->position().toPoint());
     const auto form = control_.form().shared_from_this();

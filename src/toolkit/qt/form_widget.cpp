@@ -4,6 +4,7 @@
 #include "toolkit/activation.h"
 #include "toolkit/press.h"
 #include "toolkit/qt/frame_painter.h"
+#include "toolkit/qt/mouse_buttons.h"
 #include "toolkit/qt/qt_backend.h"
 #include "toolkit/screen.h"
 
@@ -25,18 +26,6 @@ Qt::WindowFlags flagsFor(const Form& form)
         return Qt::Dialog | Qt::FramelessWindowHint;
     const bool tool = (form.windowWord(style::kExtendedWord) & style::kToolWindow) != 0;
     return (tool ? Qt::Tool : Qt::Window) | Qt::FramelessWindowHint;
-}
-
-int buttonMask(Qt::MouseButtons buttons)
-{
-    int mask = 0;
-    if (buttons & Qt::LeftButton)
-        mask |= mouse::kLeft;
-    if (buttons & Qt::RightButton)
-        mask |= mouse::kRight;
-    if (buttons & Qt::MiddleButton)
-        mask |= mouse::kMiddle;
-    return mask;
 }
 
 /// The path of a local address, byte for byte: a name need not be valid UTF-8.

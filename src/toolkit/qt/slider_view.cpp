@@ -2,6 +2,7 @@
 #include "toolkit/form.h"
 #include "toolkit/qt/focus_ring.h"
 #include "toolkit/qt/kinds.h"
+#include "toolkit/qt/mouse_buttons.h"
 #include "toolkit/qt/palette.h"
 #include "toolkit/qt/wheel_notches.h"
 #include "toolkit/screen.h"
@@ -139,13 +140,6 @@ Long SliderWidget::moved(double by) const
     return std::clamp<double>(slider_.value() + by, slider_.minimum(), std::max(slider_.minimum(), slider_.maximum()));
 }
 
-int buttonOf(const QMouseEvent* from)
-{
-    if (from->button() == Qt::LeftButton)
-        return mouse::kLeft;
-    return from->button() == Qt::RightButton ? mouse::kRight : mouse::kMiddle;
-}
-
 MouseEvent SliderWidget::translated(QMouseEvent* from, int button) const
 {
     return {button, 0, from->position().x() * tandrel::screen().TwipsPerPixelX(),
@@ -156,7 +150,7 @@ void SliderWidget::mousePressEvent(QMouseEvent* from)
 {
     const auto form = slider_.form().shared_from_this();
     userPressed(*form);
-    slider_.userMouseDown(translated(from, buttonOf(from)));
+    slider_.userMouseDown(translated(from, buttonMask(from->button())));
     if (from->button() != Qt::LeftButton || !form->isLoaded())
         return;
     const double place = along(from->position());
@@ -179,7 +173,7 @@ void SliderWidget::mouseMoveEvent(QMouseEvent* from)
 void SliderWidget::mouseReleaseEvent(QMouseEvent* from)
 {
     grip_.reset();
-    slider_.userMouseUp(translated(from, buttonOf(from)));
+    slider_.userMouseUp(translated(from, buttonMask(from->button())));
 }
 
 void SliderWidget::keyPressEvent(QKeyEvent* key)
