@@ -3,6 +3,7 @@
 #include "console/frm_media.h"
 #include "console/holders.h"
 #include "console/placement.h"
+#include "desktop/monitors.h"
 #include "media/mod_media.h"
 #include "media/shared_state.h"
 #include "texts/frm_tool_tip.h"
@@ -217,6 +218,7 @@ void frmMedia::showTip(Long count)
     class frmToolTip& tip = frmToolTip();
     const Long leadWidth = screen().TwipsPerPixelX() * leadPlace(monitorPixels()).width();
     tip.Move({FullLeft + leadWidth - tip.width() + kTipInset, FullTop + kTipInset, tip.width(), tip.height()});
+    monitors().bringWithinReach(tip);
     tip.Show();
 }
 

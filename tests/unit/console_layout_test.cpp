@@ -400,6 +400,18 @@ TEST_F(ConsoleLayout, TheTipStandsBesideTheColumnUnlessItIsOff)
     EXPECT_FALSE(Loaded<class frmToolTip>());
 }
 
+TEST_F(ConsoleLayout, ATipThatNobodyCouldSeeIsMovedToTheNearestMonitor)
+{
+    start("1");
+    console().TipsOn = "1";
+    // The monitor of the console is not there any more.
+    console().FullLeft = 28800;
+    openSeveral(2);
+    console().SlideShow();
+    EXPECT_EQ(frmToolTip().left(), 28800 - frmToolTip().width());
+    EXPECT_EQ(frmToolTip().top(), 600);
+}
+
 TEST_F(ConsoleLayout, OneVideoNeedsNoTip)
 {
     start("1");
