@@ -17,13 +17,12 @@ TEST(SystemFacts, EachRowOfTheTable)
         const char* token;
     };
     World world;
-    for (const Row& row : {Row{"1.4.0", "Windows 95", "v95"}, Row{"1.4.10", "Windows 98", "v98"},
-                           Row{"1.4.98", "Windows ME", "vME"}, Row{"2.3.51", "Windows NT 3", "vNT3"},
-                           Row{"2.4.0", "Windows NT 4", "vNT4"}, Row{"2.5.0", "Windows 2000", "v2K"},
-                           Row{"2.5.1", "Windows XP", "vXP"}, Row{"2.6.0", "Windows Vista", "vS6"},
-                           Row{"2.6.1", "Windows Seven", "vS7"}, Row{"2.6.2", "Unknown", "v00"},
-                           Row{"2.10.0", "Unknown", "v00"}, Row{"2.5", "Unknown", "v00"}, Row{"", "Unknown", "v00"},
-                           Row{"linux", "Unknown", "v00"}}) {
+    for (const Row& row :
+         {Row{"1.4.0", "Windows 95", "v95"}, Row{"1.4.10", "Windows 98", "v98"}, Row{"1.4.98", "Windows ME", "vME"},
+          Row{"2.3.51", "Windows NT 3", "vNT3"}, Row{"2.4.0", "Windows NT 4", "vNT4"},
+          Row{"2.5.0", "Windows 2000", "v2K"}, Row{"2.5.1", "Windows XP", "vXP"}, Row{"2.6.0", "Windows Vista", "vS6"},
+          Row{"2.6.1", "Windows Seven", "vS7"}, Row{"2.6.2", "Unknown", "v00"}, Row{"2.10.0", "Unknown", "v00"},
+          Row{"2.5", "Unknown", "v00"}, Row{"", "Unknown", "v00"}, Row{"linux", "Unknown", "v00"}}) {
         world.systemFacts.numbers = row.numbers;
         EXPECT_EQ(GetWindowsVersion(), row.name) << row.numbers;
         EXPECT_EQ(WindowsName, row.name) << row.numbers;
