@@ -19,6 +19,8 @@ frmToolTip::frmToolTip() : Form("frmToolTip", Frame::Skin, {0, 0, 5730, 1770})
     imgExit.Visible = false;
     imgExit1.tabStop = true;
     lblTool.role = TextRole::Quiet;
+    // The text beside the box belongs to it.
+    lblTool.Click = [this] { chkToolTip.userClick(); };
     lblToolTip.wordWrap = true;
     for (Image* image : {&imgExit, &imgExit1})
         image->Click = [this] { imgExit_Click(); };

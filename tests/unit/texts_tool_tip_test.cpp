@@ -123,4 +123,13 @@ TEST_F(TextsToolTip, ItsBoxIsNotTicked)
     EXPECT_EQ(frmToolTip().chkToolTip.toolTip(), "Don't show again this message") << "spoken, as it has no caption";
 }
 
+TEST_F(TextsToolTip, TheTextBesideTheBoxTicksItToo)
+{
+    frmToolTip().Show();
+    frmToolTip().lblTool.userClick();
+    EXPECT_EQ(frmToolTip().chkToolTip.value(), 1);
+    frmToolTip().lblTool.userClick();
+    EXPECT_EQ(frmToolTip().chkToolTip.value(), 0);
+}
+
 } // namespace tandrel::test
