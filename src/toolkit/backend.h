@@ -10,6 +10,7 @@
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace tandrel
 {
@@ -94,6 +95,27 @@ struct BoxTexts {
     Text close = "Close";
 };
 
+/// What a dialog for files or folders is asked for.
+struct FileDialog {
+    enum class Kind { Open, Save, Folder };
+    struct Filter {
+        Text name;
+        /// As of a shell, "*.avi"; letters of either case fit.
+        std::vector<Text> patterns;
+    };
+    Kind kind = Kind::Open;
+    Text title;
+    std::vector<Filter> filters;
+    /// Where it begins: a path with or without a closing separator; empty, or one that is gone, leaves it to the
+    /// system.
+    Text folder;
+    /// What stands in the field of the name.
+    Text name;
+    /// Put behind the name of a file to save that has none, without its dot.
+    Text extension;
+    bool several = false;
+};
+
 class Backend
 {
 public:
@@ -106,6 +128,9 @@ public:
     virtual void mousePointerChanged(Integer) {}
     /// `Cancel` for a question that the end of the program has closed.
     virtual BoxAnswer messageBox(const Text& text, BoxStyle style, const Text& title);
+    /// Shows the dialog and runs events until it is gone. Absolute paths with their marks mapped
+    /// (platform/path_marks.h), in the order of the selection; none where the user cancels, or where nothing is seen.
+    virtual std::vector<Text> chooseFiles(const FileDialog&) { return {}; }
     /// Shows the entries of `head` once no mouse button is held, and runs events until one is chosen, which is what it
     /// returns, or the menu is closed, which is null.
     virtual Menu* popUp(Menu& head);

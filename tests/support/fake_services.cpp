@@ -268,6 +268,18 @@ BoxAnswer FakeBackend::messageBox(const Text& text, BoxStyle style, const Text& 
     return boxAnswer;
 }
 
+std::vector<Text> FakeBackend::chooseFiles(const FileDialog& dialog)
+{
+    dialogs.push_back(dialog);
+    if (whileDialogIsUp)
+        whileDialogIsUp();
+    if (choices.empty())
+        return {};
+    std::vector<Text> chosen = std::move(choices.front());
+    choices.pop_front();
+    return chosen;
+}
+
 Menu* FakeBackend::popUp(Menu& head)
 {
     menus.push_back(head.form().name() + "." + head.name());

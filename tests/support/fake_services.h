@@ -193,6 +193,7 @@ public:
     std::unique_ptr<FormView> makeView(Form& form) override;
     BoxAnswer messageBox(const Text& text, BoxStyle style, const Text& title) override;
     Menu* popUp(Menu& head) override;
+    std::vector<Text> chooseFiles(const FileDialog& dialog) override;
     Bitmap picture(const Text& name, int width, int height) override;
     void setBoxTexts(const BoxTexts& texts) override { boxTexts = texts; }
     void beep() override { ++beeps; }
@@ -208,6 +209,11 @@ public:
     BoxAnswer boxAnswer = BoxAnswer::Ok;
     /// What happens while a box is up.
     std::function<void()> whileBoxIsUp;
+    /// The dialogs for files that came up, and what the user chooses in the next ones; without an entry they cancel.
+    std::vector<FileDialog> dialogs;
+    std::deque<std::vector<Text>> choices;
+    /// What happens while such a dialog is up.
+    std::function<void()> whileDialogIsUp;
     BoxTexts boxTexts;
     int beeps = 0;
     /// What the drawings of the skin look like; one that isn't here is all black.
