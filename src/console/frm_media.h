@@ -1,6 +1,8 @@
 /// The console: the main window, which lives until the end and drives all videos.
 #pragma once
 
+#include "console/button_ids.h"
+#include "console/placement.h"
 #include "media/console_face.h"
 #include "toolkit/form.h"
 
@@ -8,40 +10,6 @@ namespace tandrel
 {
 
 class frmChild;
-
-/// Buttons of the hidden row `cmdMedia`, by index.
-namespace command
-{
-inline constexpr int kPlay = 0;
-inline constexpr int kPause = 1;
-inline constexpr int kStop = 2;
-inline constexpr int kOpen = 3;
-inline constexpr int kHelp = 4;
-inline constexpr int kHide = 6;
-inline constexpr int kExit = 7;
-inline constexpr int kCount = 8;
-} // namespace command
-
-/// Buttons of the row `cmdSize`, by index.
-namespace size
-{
-inline constexpr int kLarger = 0;
-inline constexpr int kSmaller = 1;
-inline constexpr int kCount = 2;
-} // namespace size
-
-/// Ids of the hot keys.
-namespace hot_key
-{
-inline constexpr int kSizeUp = 0;
-inline constexpr int kSizeDown = 1;
-inline constexpr int kFullScreen = 2;
-inline constexpr int kPlayPause = 3;
-inline constexpr int kStop = 4;
-inline constexpr int kVolumeDown = 5;
-inline constexpr int kVolumeUp = 6;
-inline constexpr int kCount = 7;
-} // namespace hot_key
 
 class frmMedia : public Form, public ConsoleFace
 {
@@ -83,6 +51,17 @@ public:
     Text TipsOn;
     /// A stored opacity, 0 to 255. Setting it changes nothing by itself.
     Integer iTrans;
+    /// The volume before mute; 0 while nothing is muted.
+    Long SavedVolume;
+
+    /// The selection as a text, from the file dialog or set before an opener is called (console/selection.h).
+    Text SelectionText;
+    /// No dialog comes up: `SelectionText` is taken as it stands, with whole paths instead of names.
+    bool PresetSelection = false;
+    /// The folder of the last choice, with its separator at the end; empty until there was one.
+    Text LastFolder;
+    /// The tip about full screen is still to be shown.
+    bool FirstOpenTip = true;
 
     /// The files of the present open, in order, and the entries of the open videos.
     ListBox List1;
@@ -185,11 +164,38 @@ public:
     /// The title says, in English or in the user's language and in whatever letters, that no media are selected.
     bool titleSaysNoMedia() const;
 
-    /// Opens all of `List1` as a group in the present mode.
-    void openGroup();
+    // What the user chooses goes to `List1`, and what of it is new to `List2` too. `chosen` takes the selection as a
+    // text, empty where nothing was chosen. An error ends the operation with a box of its own.
+    /// Several files, beside what is open.
+    void GetFiles(Text title, Text& chosen);
+    /// One file that replaces what is open.
+    void GetFiles1(Text title, Text& chosen);
+    /// The same for a Matroska file.
+    void GetFiles2(Text title, Text& chosen);
+    /// Subtitles: the text alone, neither list is touched.
+    void GetFiles3(Text title, Text& chosen);
 
-    /// The media in `paths` that are new go to `List1` and `List2`, as long as there is room.
-    void takeGroup(const std::vector<Text>& paths);
+    // Each lets the user choose, unless `PresetSelection` holds, closes all that is open and shows what was chosen.
+    // Nothing is closed where nothing new was chosen, or while a long command runs.
+    void OpenSingleVideo();
+    void OpenSingleVideoMKV();
+    void OpenSingleVideoDVD();
+
+    /// Opens files as a group beside what is open: those that are new, as far as there is room. No tip comes up.
+    void openPaths(const std::vector<Text>& paths);
+    /// The same for what was dropped on a window: folders and what isn't there are left out, and the rest goes to the
+    /// recent files.
+    void openDropped(const std::vector<Text>& paths);
+
+    /// A message in the program's own form, which waits for the user.
+    void tell(const Text& message);
+
+    // What the transport buttons do to file videos.
+    void playSelected();
+    void replaySelected();
+    void pressPause();
+    void pressForward();
+    void pressRewind();
 
     // ConsoleFace
     void showSpeed(const Text& caption) override { lblSpeed.Caption = caption; }
@@ -213,9 +219,37 @@ private:
     // skin.cpp
     void dressControls();
     void wireControls();
-    void wireTransport();
+    /// The click of an image that is a button; nothing once the end has begun.
+    void onImage(Image& image, std::function<void()> action);
     void wireTools();
     void wireWindow();
+
+    // transport.cpp
+    void wireTransport();
+    void cmdMedia_Click(int index);
+    void cmdPlay();
+    void cmdPause();
+    void cmdStop();
+    void cmdHide();
+    void cmdFwd_Click();
+    void cmdRwd_Click();
+    /// A jump the other way is stopped; otherwise this one begins.
+    void changeJump(bool& wanted, bool& opposite);
+
+    // group_commands.cpp
+    /// Unless a disc plays or a long command runs; the pointer is the hourglass meanwhile.
+    void runGroupCommand(const std::function<void()>& command);
+    void imgStep_Click();
+    void imgBack_Click();
+    void imgPauseAll_Click();
+    void imgResync_Click();
+    void imgMute_Click();
+    void stepAll(Integer direction);
+    void pauseAll();
+    void resumeAll();
+    void setVolumeOfGroup(Long level);
+    /// -1 louder, 1 quieter.
+    void stepVolume(int direction);
 
     // hot_keys.cpp
     void takeHotKeys();
@@ -245,7 +279,6 @@ private:
     void showSplash();
     void registerFileClasses(bool asDefault);
     void dressConsole();
-    void makeFileDialog();
 
     // second_start.cpp
     /// False: the process ends here.
@@ -272,14 +305,32 @@ private:
     void startSingle(frmChild& window);
     /// One path to a paused video window at index `NextSlot`. False, with the window marked, if it can't be played.
     bool openPaused(const Text& path);
+    /// The same, not paused.
+    bool openRunning(const Text& path);
+    bool openInSlot(const Text& path, Long (*open)(WindowHandle));
     /// False, with the window marked, if it can't be played.
     bool openHdFile(const Text& path);
     void openDvd();
     void endOtherMedia();
 
+    // single_open.cpp
+    bool isBusy() const;
+    /// Something was chosen that isn't open yet. What is open already gets the focus.
+    bool hasNewFile(const Text& chosen);
+    void tellFirstTip();
+    void stopJump();
+    /// A long command with its notice in front and the timers off; an error ends it properly.
+    void runBatch(const std::function<void()>& work);
+    void closeAllVideos();
+    void openReplacing();
+    void placeReplacing(Long count);
+    // What later forms bring.
+    void endRecentDialog();
+    void endHd();
+
     // layout.cpp
     bool beginArrangement(Long& count, frmChild** current);
-    void placeGrid(frmChild& window, Long count, Long cell);
+    void placeGrid(frmChild& window, Long count, Long cell, CellOrder order = CellOrder::Clockwise);
     void placeBeside(frmChild& window, Long count, Long tile, bool lead);
     void placeAlone(frmChild& window);
     void showPlaced(frmChild& window, bool play);
@@ -293,6 +344,13 @@ private:
     void staggerAll();
 
     // group_open.cpp
+    void cmdOpen();
+    /// What every group open begins with. False, with a message, where no further video has room.
+    bool prepareGroup();
+    /// Those of `paths` that are new go to `List1` and `List2`, as long as there is room.
+    void takeGroup(const std::vector<Text>& paths);
+    /// Opens all of `List1` in the present mode.
+    void openGroup();
     void openChosen();
     void playChosen(frmChild& window);
     void arrangePlayAll();
@@ -300,7 +358,9 @@ private:
     void placeSingle(frmChild& window, Long extraWidth);
 
     // monitor.cpp
+    void Timer1_Timer();
     void Timer2_Timer();
+    void Timer3_Timer();
     void leaveFullScreen();
     /// The window of a video goes back to its place and frame of before full screen.
     void restoreFromFull(frmChild& window);
@@ -311,7 +371,6 @@ private:
     void keepAwake();
 
     // shutdown.cpp
-    void cmdMedia_Click(int index);
     void exitProgram();
     void savePlace();
     void giveUpPresence();

@@ -2,11 +2,15 @@
 
 #include "console/frm_media.h"
 #include "console/holders.h"
+#include "console/open_command.h"
+#include "console/selection.h"
 #include "media/mod_media.h"
 #include "media/shared_state.h"
+#include "persist/recent_files.h"
+#include "texts/frm_tool_tip.h"
 #include "texts/frm_wait.h"
+#include "texts/localised.h"
 #include "toolkit/screen.h"
-#include "toolkit/trap.h"
 #include "video/slots.h"
 
 #include <algorithm>
@@ -14,13 +18,63 @@
 namespace tandrel
 {
 
+void frmMedia::cmdOpen()
+{
+    const OpenCommand command(*this);
+    if (!prepareGroup())
+        return;
+    Text chosen;
+    GetFiles("Open Multiple Video...", chosen);
+    Unload<class frmToolTip>();
+    if (!chosen.empty() && hasResult(chosen))
+        endRecentDialog();
+    if (List1.ListCount() > 0)
+        tellFirstTip();
+    openGroup();
+}
+
+void frmMedia::openPaths(const std::vector<Text>& paths)
+{
+    const OpenCommand command(*this);
+    if (!prepareGroup())
+        return;
+    takeGroup(paths);
+    openGroup();
+}
+
+void frmMedia::openDropped(const std::vector<Text>& paths)
+{
+    if (isBusy() || ClosingDown)
+        return;
+    std::vector<Text> files;
+    std::copy_if(paths.begin(), paths.end(), std::back_inserter(files),
+                 [](const Text& path) { return !services().files->dir(path).empty(); });
+    if (files.empty()) {
+        backend().messageBox(localised("message.cannotPlay"), BoxStyle::Critical, AppTitle);
+        return;
+    }
+    openPaths(files);
+    recent::update(List1.entries());
+}
+
+bool frmMedia::prepareGroup()
+{
+    WindowDragged = false;
+    dropFailedSlots();
+    SizePercent = 100;
+    lblSize.Caption = "100 %";
+    if (List2.ListCount() <= MaxVideos - 1)
+        return true;
+    tell("\n" + localised("message.tooMany"));
+    return false;
+}
+
 void frmMedia::takeGroup(const std::vector<Text>& paths)
 {
     List1.Clear();
     for (const Text& path : paths) {
         const auto& open = List2.entries();
-        const bool known =
-            std::any_of(open.begin(), open.end(), [&](const Text& entry) { return sameMedium(entry, path); });
+        const bool known = std::find(open.begin(), open.end(), path) != open.end() || slotPlaying(quoted(path));
         if (known || List2.ListCount() >= MaxVideos)
             continue;
         List1.AddItem(path);
@@ -30,30 +84,21 @@ void frmMedia::takeGroup(const std::vector<Text>& paths)
 
 void frmMedia::openGroup()
 {
-    if (List1.ListCount() == 0)
+    if (List1.ListCount() == 0) {
+        screen().MousePointer = pointer::kDefault;
+        SetFocus();
         return;
-    screen().MousePointer = pointer::kHourglass;
-    WindowDragged = false;
-    dropFailedSlots();
-    SizePercent = 100;
-    lblSize.Caption = "100 %";
-    frmWait().Show();
-    if (FastForward || FastRewind)
-        MediaPause();
-    Refresh();
-    endOtherMedia();
-    holdTimers(true);
-    trap([this] {
+    }
+    runBatch([this] {
+        stopJump();
+        Refresh();
+        endOtherMedia();
         openChosen();
         if (SlideMode == "0")
             arrangePlayAll();
         else if (SlideMode == "1")
             arrangePlayList();
     });
-    holdTimers(false);
-    Unload<class frmWait>();
-    screen().MousePointer = pointer::kDefault;
-    SetFocus();
 }
 
 void frmMedia::openChosen()

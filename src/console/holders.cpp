@@ -4,6 +4,7 @@
 #include "console/frm_start.h"
 #include "console/slidemenu.h"
 #include "fullscreen/frm_panel.h"
+#include "persist/openmenu.h"
 #include "texts/frm_help.h"
 #include "texts/frm_lang.h"
 #include "texts/frm_splash.h"
@@ -39,6 +40,7 @@ TANDREL_HOLDER(frmSplash)
 TANDREL_HOLDER(frmHelp)
 TANDREL_HOLDER(frmUpdate)
 TANDREL_HOLDER(slidemenu)
+TANDREL_HOLDER(openmenu)
 TANDREL_HOLDER(menu)
 TANDREL_HOLDER(share)
 #undef TANDREL_HOLDER
@@ -55,6 +57,7 @@ void forgetForms()
     Holder<class frmHelp>::forget();
     Holder<class frmUpdate>::forget();
     Holder<class slidemenu>::forget();
+    Holder<class openmenu>::forget();
     Holder<class menu>::forget();
     Holder<class share>::forget();
 }

@@ -30,6 +30,7 @@ TANDREL_FORM(frmSplash)
 TANDREL_FORM(frmHelp)
 TANDREL_FORM(frmUpdate)
 TANDREL_FORM(slidemenu)
+TANDREL_FORM(openmenu)
 TANDREL_FORM(menu)
 TANDREL_FORM(share)
 #undef TANDREL_FORM

@@ -93,12 +93,12 @@ void frmMedia::placeAlone(frmChild& window)
                  (NativeHeight + kNativeMargin) * screen().TwipsPerPixelY()});
 }
 
-void frmMedia::placeGrid(frmChild& window, Long count, Long cell)
+void frmMedia::placeGrid(frmChild& window, Long count, Long cell, CellOrder order)
 {
     if (count == 1)
         placeAlone(window);
     else
-        putIntoCell(window, gridCell(count, cell, monitorPixels(), CellOrder::Clockwise));
+        putIntoCell(window, gridCell(count, cell, monitorPixels(), order));
 }
 
 void frmMedia::placeBeside(frmChild& window, Long count, Long tile, bool lead)

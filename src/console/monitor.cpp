@@ -5,6 +5,7 @@
 #include "desktop/screen_saver.h"
 #include "media/mod_media.h"
 #include "media/shared_state.h"
+#include "video/other_media.h"
 #include "video/slots.h"
 
 namespace tandrel
@@ -15,6 +16,33 @@ namespace
 // About 76 seconds of ticks, well below what any screen saver or power saving waits for.
 constexpr int kTicksAwake = 100;
 } // namespace
+
+void frmMedia::Timer1_Timer()
+{
+    if (ClosingDown || mediaKind() != MediaKind::Files || !slotPlaying(CurrentAlias))
+        return;
+    CurrentPosMs = MediaGetPosition();
+    if (MediaLengthMs > 0)
+        SeekSlider.Max = MediaLengthMs;
+    if (CurrentPosMs >= MediaLengthMs)
+        return;
+    SeekSlider.Value = CurrentPosMs;
+    Long shown = CurrentPosMs;
+    lblCurTime.Caption = FormatTime(shown);
+}
+
+void frmMedia::Timer3_Timer()
+{
+    if (ClosingDown)
+        return;
+    runWaitingKeys();
+    if (CurrentAlias.empty())
+        return;
+    if (FastForward)
+        MediaFastForward();
+    else if (FastRewind)
+        MediaFastRewind();
+}
 
 void frmMedia::Timer2_Timer()
 {

@@ -28,11 +28,15 @@ void putNativeSize()
 
 } // namespace
 
-bool frmMedia::openPaused(const Text& path)
+bool frmMedia::openPaused(const Text& path) { return openInSlot(path, &MediaOpenPaused); }
+
+bool frmMedia::openRunning(const Text& path) { return openInSlot(path, &MediaOpen); }
+
+bool frmMedia::openInSlot(const Text& path, Long (*open)(WindowHandle))
 {
     CurrentAlias = quoted(path);
     frmChild& window = newSlot(path);
-    if (MediaOpenPaused(window.picVideo.hWnd()) != 0) {
+    if (open(window.picVideo.hWnd()) != 0) {
         if (upper(CurrentAlias) == kNoFiles)
             lblTitleBar.Caption = kNoMedia;
         else

@@ -8,7 +8,6 @@
 #include "media/shared_state.h"
 #include "persist/data_files.h"
 #include "persist/settings.h"
-#include "texts/frm_help.h"
 #include "texts/frm_wait.h"
 #include "toolkit/program.h"
 #include "toolkit/screen.h"
@@ -17,16 +16,6 @@
 
 namespace tandrel
 {
-
-void frmMedia::cmdMedia_Click(int index)
-{
-    if (index == command::kExit) {
-        exitProgram();
-    } else if (index == command::kHelp) {
-        screen().MousePointer = pointer::kDefault;
-        frmHelp().Show();
-    }
-}
 
 void frmMedia::exitProgram()
 {

@@ -8,6 +8,7 @@
 #include "desktop/slider_background.h"
 #include "media/mod_media.h"
 #include "media/shared_state.h"
+#include "persist/openmenu.h"
 #include "texts/links.h"
 #include "texts/localised.h"
 #include "texts/menu.h"
@@ -126,6 +127,7 @@ void frmMedia::nameInLanguage()
     VolumeSlider.ToolTip = "Volume";
     menu().mnuHelp.Caption = localised("menu.mnuHelp");
     menu().mnuEsci.Caption = localised("menu.mnuEsci");
+    openmenu().nameInLanguage();
     slidemenu().mnuSlideCenter.Caption = localised("slidemenu.mnuSlideCenter");
     slidemenu().mnuSlideLeft.Caption = localised("slidemenu.mnuSlideLeft");
     backend().setBoxTexts({localised("box.yes"), localised("box.no"), localised("box.ok"), localised("system.minimise"),
@@ -138,33 +140,32 @@ void frmMedia::wireControls()
     wireTransport();
     wireTools();
     wireWindow();
+    Timer1.Tick = [this] { Timer1_Timer(); };
     Timer2.Tick = [this] { Timer2_Timer(); };
-    Timer3.Tick = [this] { runWaitingKeys(); };
+    Timer3.Tick = [this] { Timer3_Timer(); };
 }
 
-void frmMedia::wireTransport()
+void frmMedia::onImage(Image& image, std::function<void()> action)
 {
-    for (int index = 0; index < command::kCount; ++index)
-        if (auto& button = cmdMedia[static_cast<std::size_t>(index)])
-            button->Click = [this, index] { cmdMedia_Click(index); };
+    image.Click = [this, action = std::move(action)] {
+        if (!ClosingDown)
+            action();
+    };
 }
 
 void frmMedia::wireTools()
 {
-    const auto onClick = [this](Image& image, std::function<void()> action) {
-        image.Click = [this, action = std::move(action)] {
-            if (!ClosingDown)
-                action();
-        };
-    };
-    onClick(imgResize, [] { PopupMenu(slidemenu().popup); });
-    onClick(imgShare, [] { PopupMenu(tandrel::share().popup); });
-    onClick(imgFaceBook, [] { ShellOpen(facebookLink(AppTitle)); });
-    onClick(imgTwitter, [] { ShellOpen(twitterLink(AppTitle)); });
-    onClick(imgHelp, [this] { cmdMedia[command::kHelp]->Value = true; });
-    onClick(imgHide, [this] { cmdMedia[command::kHide]->Value = true; });
-    onClick(imgExit, [this] { cmdMedia[command::kExit]->Value = true; });
-    onClick(imgDwn, [this] { WindowState = 1; });
+    onImage(imgOpen, [] { PopupMenu(openmenu().popup); });
+    onImage(imgVideo, [this] { cmdVideo.Value = true; });
+    onImage(imgAudio, [this] { cmdAudio.Value = true; });
+    onImage(imgResize, [] { PopupMenu(slidemenu().popup); });
+    onImage(imgShare, [] { PopupMenu(tandrel::share().popup); });
+    onImage(imgFaceBook, [] { ShellOpen(facebookLink(AppTitle)); });
+    onImage(imgTwitter, [] { ShellOpen(twitterLink(AppTitle)); });
+    onImage(imgHelp, [this] { cmdMedia[command::kHelp]->Value = true; });
+    onImage(imgHide, [this] { cmdMedia[command::kHide]->Value = true; });
+    onImage(imgExit, [this] { cmdMedia[command::kExit]->Value = true; });
+    onImage(imgDwn, [this] { WindowState = 1; });
 }
 
 void frmMedia::wireWindow()
@@ -178,6 +179,7 @@ void frmMedia::wireWindow()
         }
     };
     MenuKey = [] { PopupMenu(menu().mnupopup); };
+    DropFiles = [this](const std::vector<Text>& paths) { openDropped(paths); };
     MouseMove = [this](const MouseEvent&) { playAfterFullScreen(); };
     Sposta.MouseMove = [this](const MouseEvent&) { playAfterFullScreen(); };
 }

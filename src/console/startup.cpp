@@ -60,7 +60,6 @@ void frmMedia::onLoad()
     ClickState = 0;
     SizePercent = 100;
     VolumeLevel = 50;
-    makeFileDialog();
     takeHotKeys();
     // An error in a medium is no error of the start.
     trap([this] { openCommandLine(); });
@@ -83,11 +82,6 @@ void frmMedia::registerFileClasses(bool)
 {
     // The classes of files and the start from a disc are written here, at a start without a file, and with True the
     // player becomes the default for them.
-}
-
-void frmMedia::makeFileDialog()
-{
-    // The dialog that chooses media is made here.
 }
 
 void frmMedia::clearFields()
@@ -202,10 +196,8 @@ void frmMedia::openCommandLine()
         openPathOfCommandLine();
     else if (given.isDvd())
         openDvd();
-    else if (!given.group.empty() && !SecondRun) {
-        takeGroup(given.group);
-        openGroup();
-    }
+    else if (!given.group.empty() && !SecondRun)
+        openPaths(given.group);
 }
 
 } // namespace tandrel

@@ -56,6 +56,48 @@ public:
     virtual void idle() = 0;
 };
 
+/// The media player control: an HD file or a disc in a window of its own. Every member raises an error while there is
+/// nothing that it could act on.
+class MediaPlayerControl
+{
+public:
+    virtual ~MediaPlayerControl() = default;
+    /// The medium: a marked path, or "wmpdvd://" and a drive. Writing it starts the medium.
+    virtual std::string url() const = 0;
+    virtual void setUrl(const std::string& url) = 0;
+    virtual void close() = 0;
+
+    virtual void play() = 0;
+    virtual void pause() = 0;
+    virtual void fastForward() = 0;
+    virtual void fastReverse() = 0;
+    /// 0 to 100.
+    virtual void setVolume(int level) = 0;
+
+    /// From the menu of a disc back to the film, and the other way round.
+    virtual void resumeFromMenu() = 0;
+    virtual void topMenu() = 0;
+};
+
+/// The menus of a disc, as the video control counts them.
+namespace disc_menu
+{
+inline constexpr int kRoot = 3;
+} // namespace disc_menu
+
+/// The video control: a disc in a window of its own. Every member raises an error where it can't be done.
+class VideoControl
+{
+public:
+    virtual ~VideoControl() = default;
+    virtual void run() = 0;
+    virtual void pause() = 0;
+    virtual void playNextChapter() = 0;
+    virtual void playPrevChapter() = 0;
+    /// One of `disc_menu`.
+    virtual void showMenu(int menu) = 0;
+};
+
 enum class MouseButton { Left = 1, Right = 2 };
 
 /// The pointer and its buttons, of the whole desktop. Never blocks.

@@ -45,6 +45,15 @@ constexpr TextRow kRows[] = {
          "Wurde ausgewählt, um Datei nicht lieferbar für mehrere auswahl",
          "Foi selecionado para arquivo não avaiable para múltiplos seleções",
      }},
+    {"message.notForSelections",
+     {
+         "Has been selected a file not avaiable for selections",
+         "Ha sido seleccionada el archivo no disponible para múltiples selecciones",
+         "A été sélectionnée pour le fichier avaiable pas pour le múltiples sélections",
+         "E' stato selezionato un file non disponibile per la selezione multipla",
+         "Wurde ausgewählt, um Datei nicht lieferbar für mehrere auswahl",
+         "Foi selecionado para arquivo não avaiable para múltiplos seleções",
+     }},
     {"message.tipFullScreen",
      {
          "TIP: Mouse Right-Click on the Video to FULLSCREEN mode.",

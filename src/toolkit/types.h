@@ -32,6 +32,7 @@ inline constexpr int kInvalidCall = 5;
 inline constexpr int kOverflow = 6;
 inline constexpr int kOutOfRange = 9;
 inline constexpr int kTypeMismatch = 13;
+inline constexpr int kNoObject = 91;
 inline constexpr int kNoSuchMember = 438;
 } // namespace error
 

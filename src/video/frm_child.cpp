@@ -43,6 +43,7 @@ void frmChild::wireControls()
     showsPress(imgExit);
     imgExit.Click = [this] { unload(*this); };
     Timer1.Tick = [this] { Timer1_Timer(); };
+    DropFiles = [](const std::vector<Text>& paths) { frmMedia().openDropped(paths); };
 
     const auto wireStrip = [this](PictureBox& box, int strip) {
         box.MouseDown = [this, strip](const MouseEvent&) { holdStrip(strip); };
@@ -94,6 +95,8 @@ bool frmChild::hasFailed() const { return trim(tag()) == "2"; }
 Text frmChild::path() const { return fromSecondCharacter(caption()); }
 
 bool frmChild::isLive() const { return !trim(MediaFile).empty(); }
+
+bool frmChild::plays(const Text& alias) const { return isLive() && trim(MediaFile) == alias; }
 
 void frmChild::holdStrip(int strip) { frmMedia().DragHandle = strip; }
 

@@ -65,6 +65,8 @@ public:
     /// The path of its medium, from the caption.
     Text path() const;
     bool isLive() const;
+    /// Its own alias is trimmed; the comparison is exact.
+    bool plays(const Text& alias) const;
 
 protected:
     void onLoad() override;

@@ -24,12 +24,17 @@ void forEachPlayable(const std::function<void(frmChild&)>& visit)
     });
 }
 
-frmChild* slotPlaying(const Alias& alias)
+frmChild* firstSlot(const std::function<bool(const frmChild&)>& wanted)
 {
     for (const auto& slot : VideoWindows)
-        if (slot && slot->isLive() && trim(slot->MediaFile) == alias)
+        if (slot && wanted(*slot))
             return slot.get();
     return nullptr;
+}
+
+frmChild* slotPlaying(const Alias& alias)
+{
+    return firstSlot([&](const frmChild& slot) { return slot.plays(alias); });
 }
 
 Long liveCount()

@@ -16,6 +16,9 @@ void forEachLive(const std::function<void(frmChild&)>& visit);
 /// The same, without those whose medium can't be played: they are sent no command.
 void forEachPlayable(const std::function<void(frmChild&)>& visit);
 
+/// The first slot for which `wanted` holds, or null.
+frmChild* firstSlot(const std::function<bool(const frmChild&)>& wanted);
+
 /// The first live slot that plays `alias`, or null. Its own alias is trimmed; the comparison is exact.
 frmChild* slotPlaying(const Alias& alias);
 

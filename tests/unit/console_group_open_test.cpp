@@ -27,9 +27,8 @@ protected:
         std::vector<Text> paths;
         for (const int index : films)
             paths.push_back(film(index));
-        console().takeGroup(paths);
         world.mci.clear();
-        console().openGroup();
+        console().openPaths(paths);
     }
     void openFirst(int count)
     {
@@ -194,7 +193,6 @@ TEST_F(ConsoleGroupOpen, TheTitleShowsTheFileNameOfTheLastVideo)
 TEST_F(ConsoleGroupOpen, AllThreeTimersAreOffFromTheFirstOpenOnAndOnAgainAtTheEnd)
 {
     start("0");
-    console().takeGroup({film(0), film(1), film(2)});
     int checked = 0;
     world.mci.onSend = [&](const std::string& command) {
         EXPECT_FALSE(console().Timer1.enabled()) << command;
@@ -202,7 +200,7 @@ TEST_F(ConsoleGroupOpen, AllThreeTimersAreOffFromTheFirstOpenOnAndOnAgainAtTheEn
         EXPECT_FALSE(console().Timer3.enabled()) << command;
         ++checked;
     };
-    console().openGroup();
+    console().openPaths({film(0), film(1), film(2)});
     world.mci.onSend = nullptr;
     EXPECT_GT(checked, 20);
     EXPECT_TRUE(console().Timer1.enabled());
@@ -262,8 +260,7 @@ TEST_F(ConsoleGroupOpen, SizeGoesBackToAHundredPerCent)
 TEST_F(ConsoleGroupOpen, AnEmptyListOpensNothing)
 {
     start("0");
-    world.backend.pointerShapes.clear();
-    console().openGroup();
+    console().openPaths({});
     EXPECT_THAT(world.mci.sent(), IsEmpty());
     EXPECT_EQ(screen().MousePointer(), pointer::kDefault);
     EXPECT_THAT(VideoWindows, IsEmpty());
@@ -317,8 +314,7 @@ TEST_F(ConsoleGroupOpen, AReadingThatNoFilesWereSelectedMarksNoWindow)
     CurrentAlias.clear();
     const Text none = "(No Files Selected)";
     world.mci.fail("Pause \"" + none + "\"", 263);
-    console().takeGroup({none});
-    console().openGroup();
+    console().openPaths({none});
     EXPECT_EQ(VideoWindows.front()->tag(), "");
 }
 
@@ -330,10 +326,10 @@ TEST_F(ConsoleGroupOpen, OnlyNewMediaAreTakenAndOnlyTwelve)
     std::vector<Text> paths{film(0), "/other/x.avi", film(3), film(3), "/other/a.avi"};
     for (int index = 4; index < 13; ++index)
         paths.push_back(film(index));
-    console().takeGroup(paths);
+    console().openPaths(paths);
     EXPECT_EQ(console().List2.ListCount(), 12);
     EXPECT_THAT(console().List1.entries(),
-                ElementsAre(film(3), "/other/a.avi", film(4), film(5), film(6), film(7), film(8), film(9)));
+                ElementsAre("/other/x.avi", film(3), "/other/a.avi", film(4), film(5), film(6), film(7), film(8)));
 }
 
 TEST_F(ConsoleGroupOpen, TheFocusEndsOnTheConsole)

@@ -1,0 +1,206 @@
+// The openers that replace everything that is open.
+
+#include "console/command_line.h"
+#include "console/frm_media.h"
+#include "console/holders.h"
+#include "console/open_command.h"
+#include "console/selection.h"
+#include "desktop/system_facts.h"
+#include "media/mod_media.h"
+#include "media/shared_state.h"
+#include "texts/frm_tool_tip.h"
+#include "texts/frm_wait.h"
+#include "texts/localised.h"
+#include "toolkit/screen.h"
+#include "toolkit/trap.h"
+#include "video/slots.h"
+
+namespace tandrel
+{
+
+OpenCommand::OpenCommand(class frmMedia& console) : console_(console) { screen().MousePointer = pointer::kHourglass; }
+
+OpenCommand::~OpenCommand()
+{
+    console_.PresetSelection = false;
+    console_.SelectionText.clear();
+    screen().MousePointer = pointer::kDefault;
+}
+
+void frmMedia::OpenSingleVideo()
+{
+    if (isBusy())
+        return;
+    const OpenCommand command(*this);
+    Text chosen;
+    GetFiles1("Open File Video...", chosen);
+    Unload<class frmToolTip>();
+    if (hasResult(chosen))
+        endRecentDialog();
+    if (!hasNewFile(chosen))
+        return;
+    endOtherMedia();
+    tellFirstTip();
+    stopJump();
+    runBatch([this] {
+        closeAllVideos();
+        if (!isOlderSystem(WindowsVersion) && isHdPath(List1.List(0)))
+            openHdFile(List1.List(0));
+        else
+            openReplacing();
+    });
+}
+
+void frmMedia::OpenSingleVideoMKV()
+{
+    if (isBusy())
+        return;
+    const OpenCommand command(*this);
+    Text chosen;
+    GetFiles2("Open MKV Video...", chosen);
+    if (!hasNewFile(chosen))
+        return;
+    Unload<class frmToolTip>();
+    if (hasResult(chosen))
+        endRecentDialog();
+    stopJump();
+    runBatch([this] {
+        closeAllVideos();
+        openReplacing();
+    });
+}
+
+void frmMedia::OpenSingleVideoDVD()
+{
+    if (isBusy())
+        return;
+    const OpenCommand command(*this);
+    Unload<class frmToolTip>();
+    endRecentDialog();
+    endHd();
+    tellFirstTip();
+    runBatch([this] {
+        closeAllVideos();
+        openDvd();
+    });
+}
+
+bool frmMedia::isBusy() const
+{
+    return screen().MousePointer() == pointer::kHourglass || mousePointer() == pointer::kHourglass;
+}
+
+void frmMedia::endRecentDialog()
+{
+    // The dialog of recent files ends here, once it exists.
+}
+
+void frmMedia::endHd()
+{
+    // The HD window ends here, once it exists.
+}
+
+void frmMedia::stopJump()
+{
+    if (FastForward || FastRewind)
+        MediaPause();
+}
+
+bool frmMedia::hasNewFile(const Text& chosen)
+{
+    if (chosen.empty())
+        return false;
+    if (List1.ListCount() > 0)
+        return true;
+    // The file is open already, so that nothing is closed for it.
+    for (const Text& path : parseSelection(chosen).elements)
+        if (frmChild* window = slotPlaying(quoted(path))) {
+            window->SetFocus();
+            break;
+        }
+    return false;
+}
+
+void frmMedia::tellFirstTip()
+{
+    if (!FirstOpenTip)
+        return;
+    screen().MousePointer = pointer::kDefault;
+    tell(localised("message.tipFullScreen"));
+    FirstOpenTip = false;
+    screen().MousePointer = pointer::kHourglass;
+}
+
+void frmMedia::runBatch(const std::function<void()>& work)
+{
+    frmWait().Show();
+    holdTimers(true);
+    trap(work);
+    holdTimers(false);
+    Unload<class frmWait>();
+    screen().MousePointer = pointer::kDefault;
+    SetFocus();
+}
+
+void frmMedia::closeAllVideos()
+{
+    forEachLive([this](frmChild& window) {
+        window.Visible = false;
+        MediaClose(window.MediaFile);
+        unload(window);
+        keepWaitInFront();
+    });
+    // Those whose open had failed are hidden, and nothing else would end them.
+    dropFailedSlots();
+    // The last entry is the new file.
+    while (List2.ListCount() > 1)
+        List2.RemoveItem(List2.ListCount() - 2);
+    NextSlot = 0;
+    CurrentAlias.clear();
+    Refresh();
+}
+
+void frmMedia::openReplacing()
+{
+    const Long whole = List1.ListCount();
+    int done = 0;
+    for (const Text& path : List1.entries()) {
+        if (trim(path).empty())
+            continue;
+        endOtherMedia();
+        openRunning(path);
+        frmWait().showProgress(++done, whole);
+        keepWaitInFront();
+    }
+    const Long count = liveCount();
+    if (sweepFailedSlots() == count) {
+        // Nothing else is on the screen that would show what has happened.
+        CurrentAlias.clear();
+        lblTitleBar.Caption = localised("message.cannotPlay");
+        return;
+    }
+    if (count > 0 && count < MaxVideos + 1)
+        placeReplacing(count);
+}
+
+void frmMedia::placeReplacing(Long count)
+{
+    Long place = 0;
+    forEachLive([&](frmChild& window) {
+        if (count == 1) {
+            MediaGetSizeAlias(window.MediaFile);
+            placeSingle(window, 0);
+        } else {
+            placeGrid(window, count, place, CellOrder::Reading);
+        }
+        window.Refresh();
+        if (isChosen(window)) {
+            mciSend("Play " + trim(window.MediaFile) + " ");
+            showTitleOf(window.path());
+        }
+        window.Show();
+        place += 1;
+    });
+}
+
+} // namespace tandrel
