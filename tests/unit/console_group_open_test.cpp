@@ -3,6 +3,7 @@
 #include "player_bench.h"
 
 #include "texts/frm_tool_tip.h"
+#include "texts/frm_update.h"
 #include "texts/frm_wait.h"
 #include "toolkit/activation.h"
 
@@ -15,6 +16,7 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Not;
+using ::testing::SizeIs;
 
 namespace
 {
@@ -36,6 +38,21 @@ protected:
         for (int index = 0; index < count; ++index)
             films.push_back(index);
         openGroup(films);
+    }
+    void pressOpen()
+    {
+        world.mci.clear();
+        console().cmdMedia[command::kOpen]->Value = true;
+    }
+    /// The user presses the open button and chooses these.
+    void choose(const std::vector<int>& films)
+    {
+        world.backend.choices.emplace_back();
+        for (const int index : films) {
+            world.files.content[film(index)] = {};
+            world.backend.choices.back().push_back(film(index));
+        }
+        pressOpen();
     }
     frmChild& video(int index) { return *VideoWindows.at(static_cast<std::size_t>(index)); }
     Rect placeOf(int index) { return rectOf(video(index)); }
@@ -338,6 +355,202 @@ TEST_F(ConsoleGroupOpen, TheFocusEndsOnTheConsole)
     openFirst(3);
     EXPECT_EQ(activeForm(), &console());
     EXPECT_TRUE(console().TrackHold);
+}
+
+// By the open button, and by a drop.
+
+TEST_F(ConsoleGroupOpen, TheOpenCommandLetsTheUserChooseAndOpensAll)
+{
+    start("0");
+    console().FirstOpenTip = false;
+    frmToolTip().Show();
+    choose({0, 1});
+    EXPECT_THAT(startingWith(commands(), "Play"), ElementsAre("Play A ", "Play B "));
+    EXPECT_EQ(world.backend.dialogs.at(0).title, "Open Multiple Video...");
+    EXPECT_THAT(world.files.content["/data/last.dat"], ElementsAre(film(0), film(1)));
+    EXPECT_FALSE(Loaded<class frmToolTip>());
+    EXPECT_EQ(screen().MousePointer(), pointer::kDefault);
+    EXPECT_EQ(activeForm(), &console());
+    EXPECT_EQ(console().SelectionText, "");
+    choose({2});
+    EXPECT_EQ(liveCount(), 3) << "beside what is open";
+}
+
+TEST_F(ConsoleGroupOpen, ACancelledDialogLeavesTheVideosAlone)
+{
+    start("0");
+    open(0);
+    VideoWindows[0]->SetFocus();
+    console().WindowDragged = true;
+    SizePercent = 150;
+    pressOpen();
+    EXPECT_THAT(world.backend.dialogs, SizeIs(1));
+    EXPECT_THAT(world.mci.sent(), IsEmpty());
+    EXPECT_FALSE(console().WindowDragged);
+    EXPECT_EQ(SizePercent, 100);
+    EXPECT_EQ(console().lblSize.caption(), "100 %");
+    EXPECT_EQ(activeForm(), &console());
+    EXPECT_EQ(screen().MousePointer(), pointer::kDefault);
+    EXPECT_TRUE(console().FirstOpenTip);
+    EXPECT_FALSE(Loaded<class frmWait>());
+}
+
+TEST_F(ConsoleGroupOpen, FailedWindowsGoBeforeTheUserChooses)
+{
+    start("0");
+    breakFilm(1);
+    openGroup({0, 1});
+    const auto failed = VideoWindows[1];
+    world.backend.whileDialogIsUp = [&] {
+        EXPECT_TRUE(failed->isDead());
+        EXPECT_EQ(NextSlot, 1);
+    };
+    pressOpen();
+    EXPECT_THAT(world.backend.dialogs, SizeIs(1));
+}
+
+TEST_F(ConsoleGroupOpen, WithTwelveOpenThereIsAMessageAndNoDialog)
+{
+    start("0");
+    for (int index = 0; index < 12; ++index)
+        console().List2.AddItem(film(index));
+    std::vector<Text> seen;
+    world.backend.whileModal["frmUpdate"] = [&](Form& form) {
+        seen = {frmUpdate().lblUpdate.caption(), form.caption()};
+    };
+    pressOpen();
+    EXPECT_THAT(seen, ElementsAre("\nAttention! Caught up the maximum number of Videos opened!", AppTitle));
+    EXPECT_THAT(world.backend.dialogs, IsEmpty());
+    EXPECT_EQ(screen().MousePointer(), pointer::kDefault);
+    seen.clear();
+    console().openDropped({film(13)});
+    EXPECT_THAT(seen, IsEmpty()) << "what isn't there";
+    world.files.content[film(13)] = {};
+    console().openDropped({film(13)});
+    EXPECT_THAT(seen, SizeIs(2));
+}
+
+TEST_F(ConsoleGroupOpen, WithElevenOpenOneMoreHasRoom)
+{
+    start("0");
+    console().FirstOpenTip = false;
+    for (int index = 0; index < 11; ++index)
+        console().List2.AddItem("/open/" + std::to_string(index) + ".avi");
+    choose({0, 1});
+    EXPECT_EQ(liveCount(), 1);
+    EXPECT_THAT(console().List1.entries(), ElementsAre(film(0)));
+}
+
+TEST_F(ConsoleGroupOpen, TheTipComesBeforeTheFirstOpenOnly)
+{
+    start("0");
+    int tips = 0;
+    world.backend.whileModal["frmUpdate"] = [&](Form&) {
+        ++tips;
+        EXPECT_EQ(frmUpdate().lblUpdate.caption(), "TIP: Mouse Right-Click on the Video to FULLSCREEN mode.");
+        EXPECT_EQ(screen().MousePointer(), pointer::kDefault);
+        EXPECT_THAT(world.mci.sent(), IsEmpty());
+    };
+    choose({0, 1});
+    choose({2});
+    EXPECT_EQ(tips, 1);
+    EXPECT_FALSE(console().FirstOpenTip);
+}
+
+TEST_F(ConsoleGroupOpen, WhileThePointerIsTheHourglassTheOpenCommandReturnsAtOnce)
+{
+    start("0");
+    screen().MousePointer = pointer::kHourglass;
+    pressOpen();
+    EXPECT_EQ(screen().MousePointer(), pointer::kHourglass);
+    screen().MousePointer = pointer::kDefault;
+    console().MousePointer = pointer::kHourglass;
+    pressOpen();
+    EXPECT_THAT(world.backend.dialogs, IsEmpty());
+    console().MousePointer = pointer::kDefault;
+    pressOpen();
+    EXPECT_THAT(world.backend.dialogs, SizeIs(1));
+}
+
+TEST_F(ConsoleGroupOpen, AnOpenDuringAnOpenIsRefused)
+{
+    start("0");
+    console().FirstOpenTip = false;
+    world.mci.onSend = [this](const std::string& command) {
+        if (command.starts_with("Open"))
+            console().cmdMedia[command::kOpen]->Value = true;
+    };
+    choose({0, 1});
+    EXPECT_THAT(world.backend.dialogs, SizeIs(1));
+    EXPECT_EQ(liveCount(), 2);
+}
+
+TEST_F(ConsoleGroupOpen, AWindowClosedInTheMiddleOfABatchIsLeftOut)
+{
+    start("0");
+    world.mci.onSend = [](const std::string& command) {
+        if (command.starts_with("Open " + alias(1)))
+            unload(*VideoWindows[0]);
+    };
+    openGroup({0, 1, 2});
+    world.mci.onSend = nullptr;
+    EXPECT_EQ(liveCount(), 2);
+    EXPECT_THAT(startingWith(commands(), "Play"), ElementsAre("Play B ", "Play C "));
+    EXPECT_EQ(placeOf(1), twips(0, 0, 960, 540));
+    EXPECT_EQ(placeOf(2), twips(960, 0, 960, 540));
+    EXPECT_THAT(console().List2.entries(), ElementsAre(film(1), film(2)));
+}
+
+TEST_F(ConsoleGroupOpen, APresetSelectionOpensWithoutADialogAndIsUsedUp)
+{
+    start("0");
+    console().FirstOpenTip = false;
+    console().PresetSelection = true;
+    console().SelectionText = "/films|" + film(0) + "|" + film(1) + "|||";
+    pressOpen();
+    EXPECT_THAT(world.backend.dialogs, IsEmpty());
+    EXPECT_EQ(liveCount(), 2);
+    EXPECT_FALSE(console().PresetSelection);
+    EXPECT_EQ(console().SelectionText, "");
+    EXPECT_EQ(world.files.content.count("/data/last.dat"), 0U);
+}
+
+TEST_F(ConsoleGroupOpen, WhatIsDroppedOpensAsAGroupWithoutATipAndGoesToTheRecentFiles)
+{
+    start("0");
+    for (const Text& path : {film(0), film(1), Text("/other/a.avi")})
+        world.files.content[path] = {};
+    world.mci.clear();
+    console().DropFiles({film(0), "/folder", film(1), film(0), "/other/a.avi"});
+    EXPECT_THAT(console().List1.entries(), ElementsAre(film(0), film(1), "/other/a.avi"))
+        << "a folder is no file; one of the same name elsewhere is another";
+    EXPECT_EQ(liveCount(), 3);
+    EXPECT_THAT(world.files.content["/data/last.dat"], ElementsAre(film(0), film(1), "/other/a.avi"));
+    EXPECT_TRUE(console().FirstOpenTip);
+    VideoWindows[0]->DropFiles({film(1)});
+    EXPECT_EQ(liveCount(), 3) << "it is open";
+    EXPECT_THAT(world.backend.boxes, IsEmpty());
+}
+
+TEST_F(ConsoleGroupOpen, AFolderAloneIsRefusedWithAMessage)
+{
+    start("0");
+    console().DropFiles({"/folder"});
+    ASSERT_THAT(world.backend.boxes, SizeIs(1));
+    EXPECT_EQ(world.backend.boxes[0].text, "Media File can't be played!");
+    EXPECT_THAT(VideoWindows, IsEmpty());
+}
+
+TEST_F(ConsoleGroupOpen, NothingIsDroppedWhileACommandRunsOrTheEndHasBegun)
+{
+    start("0");
+    world.files.content[film(0)] = {};
+    screen().MousePointer = pointer::kHourglass;
+    console().DropFiles({film(0)});
+    screen().MousePointer = pointer::kDefault;
+    console().ClosingDown = true;
+    console().DropFiles({film(0)});
+    EXPECT_THAT(VideoWindows, IsEmpty());
 }
 
 } // namespace tandrel::test
