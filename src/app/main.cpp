@@ -28,8 +28,10 @@
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
+#include <QTimer>
 #include <QWidget>
 
+#include <chrono>
 #include <csignal>
 #include <filesystem>
 
@@ -51,6 +53,9 @@ std::string programFolder()
     std::error_code ignored;
     return std::filesystem::read_symlink("/proc/self/exe", ignored).parent_path().string();
 }
+
+// How soon the media service is asked again that has something to start.
+constexpr std::chrono::milliseconds kAskAgain{2};
 
 double pixelRatioOf(WindowHandle window)
 {
@@ -101,7 +106,10 @@ int run(QApplication& application)
     });
     // Plays that a handler has asked for start together when it is done.
     QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, &application,
-                     [] { services().mci->idle(); });
+                     [&application] {
+                         if (services().mci->idle())
+                             QTimer::singleShot(kAskAgain, &application, [] {});
+                     });
     frmStart().start();
     const int result = programEnded() ? 0 : QApplication::exec();
     // The devices end before the windows that show them.

@@ -3,6 +3,7 @@
 #include "console/command_line.h"
 #include "console/frm_media.h"
 #include "console/holders.h"
+#include "console/open_command.h"
 #include "media/mod_media.h"
 #include "media/shared_state.h"
 #include "persist/data_files.h"
@@ -81,6 +82,7 @@ void frmMedia::openHandedOver(const std::vector<Text>& paths)
     int done = 0;
     if (several)
         frmWait().Show();
+    const OpenAhead ahead(paths);
     // A file that can't be played leads nothing.
     Text lead = CurrentAlias;
     for (const Text& path : paths) {

@@ -30,6 +30,14 @@ void forEachSlot(const std::function<void(frmChild&)>& visit)
             visit(*slot);
 }
 
+/// Tells the service which command each video gets next, so that none has to wait for another.
+void expectForAll(const std::function<Text(const Alias&)>& command)
+{
+    std::vector<Text> commands;
+    forEachLive([&](const frmChild& window) { commands.push_back(command(window.MediaFile)); });
+    services().mci->expect(commands);
+}
+
 void tellPlayer(const ControlWindow<MediaPlayerControl>& window, Long level)
 {
     ignoringErrors([&] { controlOf(window).setVolume(level); });
@@ -60,6 +68,7 @@ void frmMedia::stepAll(Integer direction)
 {
     if (SlideMode != "0" || VideoWindows.empty())
         return;
+    expectForAll([&](const Alias& alias) { return stepCommand(alias, direction); });
     forEachSlot([&](frmChild& window) {
         MediaStep(window.MediaFile, Integer(window.Volume), direction);
         window.CurrPos = MediaGetPositionAlias(window.MediaFile);
@@ -82,6 +91,7 @@ void frmMedia::imgPauseAll_Click()
 
 void frmMedia::pauseAll()
 {
+    expectForAll(&pauseCommand);
     forEachSlot([](frmChild& window) {
         MediaPauseAlias(window.MediaFile);
         window.CurrPos = MediaGetPositionAlias(window.MediaFile);

@@ -1,6 +1,10 @@
 /// What all commands that open something have in common.
 #pragma once
 
+#include "toolkit/text.h"
+
+#include <vector>
+
 namespace tandrel
 {
 
@@ -18,6 +22,17 @@ public:
 
 private:
     class frmMedia& console_;
+};
+
+/// Stands for the time in which a batch of files is opened. The media service reads them ahead, and its notice shows
+/// that the program lives while one of them keeps it waiting.
+class OpenAhead
+{
+public:
+    explicit OpenAhead(const std::vector<Text>& paths);
+    ~OpenAhead();
+    OpenAhead(const OpenAhead&) = delete;
+    OpenAhead& operator=(const OpenAhead&) = delete;
 };
 
 } // namespace tandrel

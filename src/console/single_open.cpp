@@ -27,6 +27,21 @@ OpenCommand::~OpenCommand()
     screen().MousePointer = pointer::kDefault;
 }
 
+OpenAhead::OpenAhead(const std::vector<Text>& paths)
+{
+    services().mci->prepare(paths);
+    services().mci->whileWaiting = [] {
+        if (Loaded<class frmWait>() && frmWait().Visible())
+            frmWait().pulse();
+    };
+}
+
+OpenAhead::~OpenAhead()
+{
+    services().mci->whileWaiting = nullptr;
+    services().mci->prepare({});
+}
+
 void frmMedia::OpenSingleVideo()
 {
     if (isBusy())
@@ -134,8 +149,12 @@ void frmMedia::tellFirstTip()
 void frmMedia::runBatch(const std::function<void()>& work)
 {
     frmWait().Show();
+    frmWait().showProgress(0, List1.ListCount());
     holdTimers(true);
-    trap(work);
+    {
+        const OpenAhead ahead(List1.entries());
+        trap(work);
+    }
     holdTimers(false);
     Unload<class frmWait>();
     screen().MousePointer = pointer::kDefault;

@@ -175,7 +175,7 @@ void MediaPause() { MediaPauseAlias(CurrentAlias); }
 
 void MediaPauseAlias(const Alias& alias)
 {
-    send("Pause " + alias);
+    send(pauseCommand(alias));
     clearJumps();
     showNormalSpeed();
 }
@@ -190,9 +190,13 @@ void MediaSeekQuarter(const Alias& alias)
     showNormalSpeed();
 }
 
+Text stepCommand(const Alias& alias, Integer direction) { return "step " + alias + (direction == 1 ? "" : " reverse"); }
+
+Text pauseCommand(const Alias& alias) { return "Pause " + alias; }
+
 void MediaStep(const Alias& alias, Integer level, Integer direction)
 {
-    send("step " + alias + (direction == 1 ? "" : " reverse"));
+    send(stepCommand(alias, direction));
     // The silent play and pause make the device paint the new frame.
     setVolume(alias, 0);
     send("Play " + alias);

@@ -40,6 +40,9 @@ void MediaPause();
 void MediaPauseAlias(const Alias& alias);
 /// Paused, a quarter into the film: a picture that says more than the first.
 void MediaSeekQuarter(const Alias& alias);
+/// What these two send first, for whoever announces it.
+Text pauseCommand(const Alias& alias);
+Text stepCommand(const Alias& alias, Integer direction);
 /// One frame on (`direction` 1) or back (any other), paused afterwards.
 void MediaStep(const Alias& alias, Integer level, Integer direction);
 

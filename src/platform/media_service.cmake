@@ -7,6 +7,7 @@ tandrel_library(platform/mci USES platform LINKS Threads::Threads SOURCES
 
 tandrel_library(platform/mpv USES platform/mci LINKS PkgConfig::mpv PkgConfig::xcb PkgConfig::x11 Threads::Threads
                              ${CMAKE_DL_LIBS} SOURCES
+  early_opens.cpp
   graphics_probe.cpp
   input_methods.cpp
   media_path.cpp

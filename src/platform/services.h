@@ -51,9 +51,23 @@ public:
     virtual int send(std::string_view command, std::span<char> answer = {}) = 0;
 
     /// The caller has nothing more to say for now and is about to wait for events. A "play" is held back until here,
-    /// so that a "pause" right behind it shows no further frame, and so that the plays of a group start together; and
-    /// so is the first place of a picture.
-    virtual void idle() = 0;
+    /// so that a "pause" right behind it shows no further frame, and so that the plays of a group start together, once
+    /// all of them stand where they are to start; and so is the first place of a picture. True: some still wait, and
+    /// want to be asked again within a few ms.
+    virtual bool idle() = 0;
+
+    /// A promise: each of these commands ("Pause A", "step A" and "step A reverse") will be sent in this order, and
+    /// before any other that moves its device. So all devices can be on their way before any is waited for. Others are
+    /// ignored here.
+    virtual void expect(const std::vector<std::string>&) {}
+
+    /// These files, by their marked paths, are about to be opened in windows: they are read ahead, all at once, and out
+    /// of sight. An empty list lets go of those that have not been opened.
+    virtual void prepare(const std::vector<std::string>&) {}
+
+    /// Runs about every 50 ms while a command blocks, so that something on the screen can show that the program lives.
+    /// It sends no command.
+    std::function<void()> whileWaiting;
 };
 
 /// The media player control: an HD file or a disc in a window of its own. Every member raises an error while there is

@@ -25,4 +25,10 @@ void frmWait::showProgress(Long done, Long whole)
     barDone.Visible = whole > 0;
 }
 
+void frmWait::pulse()
+{
+    barDone.pulse();
+    Refresh();
+}
+
 } // namespace tandrel

@@ -17,6 +17,8 @@ public:
 
     /// So many videos are done, of so many. Seen with the next `Refresh`.
     void showProgress(Long done, Long whole);
+    /// Shows at once that the program lives, while something takes its time.
+    void pulse();
 
 protected:
     void onLoad() override;

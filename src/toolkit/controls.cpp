@@ -160,7 +160,14 @@ void ProgressBar::show(Long done, Long whole)
 {
     maximum_ = std::max<Long>(whole, 0);
     value_ = std::max<Long>(0, std::min<Long>(done, maximum_));
+    pulses_ = 0;
     notify(Aspect::Value);
+}
+
+void ProgressBar::pulse()
+{
+    pulses_ += 1;
+    notify(Aspect::Repaint);
 }
 
 void ListBox::RemoveItem(Long index)

@@ -188,10 +188,15 @@ public:
     Long maximum() const { return maximum_; }
     /// `done` of `whole`; a whole below 1 shows an empty bar.
     void show(Long done, Long whole);
+    /// A glint moves on along the bar, which shows that something goes on.
+    void pulse();
+    /// The number of pulses since the last change of what is done.
+    Long pulses() const { return pulses_; }
 
 private:
     Long value_ = 0;
     Long maximum_ = 0;
+    Long pulses_ = 0;
 };
 
 /// An ordered list of texts, shown nowhere.

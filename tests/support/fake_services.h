@@ -20,7 +20,13 @@ class FakeMci : public Mci
 {
 public:
     int send(std::string_view command, std::span<char> answer = {}) override;
-    void idle() override { ++idles; }
+    bool idle() override
+    {
+        ++idles;
+        return false;
+    }
+    void expect(const std::vector<std::string>& commands) override { expected.push_back(commands); }
+    void prepare(const std::vector<std::string>& paths) override { prepared.push_back(paths); }
 
     /// What `command` answers from now on.
     void answer(const std::string& command, const std::string& text, int result = 0);
@@ -42,6 +48,9 @@ public:
     /// Called at each command before it is answered.
     std::function<void(const std::string& command)> onSend;
     int idles = 0;
+    /// What was announced, call by call.
+    std::vector<std::vector<std::string>> expected;
+    std::vector<std::vector<std::string>> prepared;
 
 private:
     struct Reply {

@@ -46,6 +46,8 @@ public:
     void seek(double seconds) override
     {
         follow();
+        ++state_.seeks;
+        movedUntil_ = engine_.clock_.now() + medium_.seekTime;
         moveTo(std::min(seconds, lastFrame()));
     }
 
@@ -55,6 +57,7 @@ public:
     {
         if (medium_.frameRate <= 0)
             return;
+        ++state_.steps;
         const double frame = 1 / medium_.frameRate;
         const double next =
             frameTime(std::min(seconds_, lastFrame())) + (direction == StepDirection::Forward ? frame : -frame);
@@ -62,6 +65,7 @@ public:
     }
 
     bool settle() override { return !medium_.hangs; }
+    bool ready() override { return !medium_.hangs && engine_.clock_.now() >= movedUntil_; }
 
     MediaReading read() override
     {
@@ -125,6 +129,7 @@ private:
     double seconds_ = 0;
     double startedFrom_ = 0;
     SimulatedClock::Moment startedAt_;
+    SimulatedClock::Moment movedUntil_;
 };
 
 OpenResult SimulatedEngine::open(const std::string& path, std::optional<WindowHandle> parent)

@@ -38,6 +38,8 @@ struct SimulatedMedium {
     OpenFailure failure = OpenFailure::None;
     /// Seeks and steps are never done.
     bool hangs = false;
+    /// How long a seek takes before its device is ready.
+    std::chrono::milliseconds seekTime{0};
 };
 
 /// What a test can see of an open device.
@@ -45,6 +47,9 @@ struct SimulatedState {
     /// The number of the frame that is shown, from 0.
     long frame = 0;
     bool running = false;
+    /// How many seeks and steps it was asked for.
+    int seeks = 0;
+    int steps = 0;
     double volume = 1;
     PixelRect place;
     /// All places it has had, in order.

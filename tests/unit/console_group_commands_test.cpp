@@ -62,6 +62,8 @@ TEST_F(ConsoleGroupCommands, AStepOnGoesThroughAllVideosInTheirOrder)
                 ElementsAre("step A", "setaudio A Volume to 0", "Play A", "Pause A", "setaudio A Volume to 100",
                             "set A time format ms", "status A position", "step B", "setaudio B Volume to 0", "Play B",
                             "Pause B", "setaudio B Volume to 200", "set B time format ms", "status B position"));
+    EXPECT_THAT(world.mci.expected, ElementsAre(ElementsAre("step " + alias(0), "step " + alias(1))))
+        << "all are announced before any is waited for";
     EXPECT_EQ(VideoWindows[0]->CurrPos, 1500);
     EXPECT_EQ(VideoWindows[1]->CurrPos, 2040);
     EXPECT_THAT(paused(), ElementsAre(1, 1));
@@ -74,6 +76,8 @@ TEST_F(ConsoleGroupCommands, AStepBackIsTheSameInReverse)
     begin("0", 2);
     click(console().imgBack);
     EXPECT_THAT(startingWith(commands(), "step"), ElementsAre("step A reverse", "step B reverse"));
+    EXPECT_THAT(world.mci.expected,
+                ElementsAre(ElementsAre("step " + alias(0) + " reverse", "step " + alias(1) + " reverse")));
     EXPECT_EQ(commands().size(), 14U);
     EXPECT_EQ(tag(), "1");
 }
@@ -108,6 +112,7 @@ TEST_F(ConsoleGroupCommands, APauseHoldsAllVideosAndKeepsTheirPlaces)
     click(console().imgPauseAll);
     EXPECT_THAT(commands(), ElementsAre("Pause A", "set A time format ms", "status A position", "Pause B",
                                         "set B time format ms", "status B position"));
+    EXPECT_THAT(world.mci.expected, ElementsAre(ElementsAre("Pause " + alias(0), "Pause " + alias(1))));
     EXPECT_EQ(VideoWindows[0]->CurrPos, 900);
     EXPECT_EQ(VideoWindows[1]->CurrPos, 1133);
     EXPECT_THAT(paused(), ElementsAre(1, 1));

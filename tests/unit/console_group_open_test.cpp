@@ -357,6 +357,27 @@ TEST_F(ConsoleGroupOpen, TheFocusEndsOnTheConsole)
     EXPECT_TRUE(console().TrackHold);
 }
 
+TEST_F(ConsoleGroupOpen, TheServiceReadsTheFilesAheadWhileTheNoticeShowsThatTheProgramLives)
+{
+    world.backend.windows = true;
+    start("0");
+    int pulses = 0;
+    world.mci.onSend = [&](const std::string& command) {
+        if (!command.starts_with("Open"))
+            return;
+        ASSERT_TRUE(world.mci.whileWaiting);
+        world.journal.clear();
+        world.mci.whileWaiting();
+        EXPECT_THAT(world.journal, Contains("frmWait repaint"));
+        pulses = frmWait().barDone.pulses();
+        EXPECT_EQ(pulses, 1) << "from the last file on";
+    };
+    openFirst(2);
+    EXPECT_EQ(pulses, 1);
+    EXPECT_THAT(world.mci.prepared, ElementsAre(ElementsAre(film(0), film(1)), IsEmpty()));
+    EXPECT_FALSE(world.mci.whileWaiting);
+}
+
 // By the open button, and by a drop.
 
 TEST_F(ConsoleGroupOpen, TheOpenCommandLetsTheUserChooseAndOpensAll)

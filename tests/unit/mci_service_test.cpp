@@ -1,5 +1,6 @@
 // What only a simulated engine can show: time limits, held-back plays, drives.
 #include "platform/mci/drive_door.h"
+#include "platform/mci/mci_error.h"
 #include "platform/mci/mci_service.h"
 #include "support/simulated_engine.h"
 
@@ -66,6 +67,156 @@ TEST_F(MciServiceTest, APlayIsHeldBackUntilTheCallerIsIdle)
     EXPECT_FALSE(engine->state("film")->running);
     mci.idle();
     EXPECT_TRUE(engine->state("film")->running);
+}
+
+TEST_F(MciServiceTest, AGroupStartsTogetherOnceTheLastHasFoundItsPlace)
+{
+    engine->add("seeker", {.length = 10, .frameRate = 25, .seekTime = 300ms});
+    for (const char* name : {"film", "seeker"})
+        ASSERT_EQ(send(std::string("open ") + name), 0);
+    EXPECT_EQ(send("Play film from 1000"), 0);
+    EXPECT_EQ(send("Play seeker from 2000"), 0);
+    EXPECT_TRUE(mci.idle()) << "one still seeks";
+    clock.advance(200ms);
+    EXPECT_EQ(send("status film mode"), 0);
+    EXPECT_EQ(answer, "playing");
+    EXPECT_TRUE(mci.idle());
+    EXPECT_FALSE(engine->state("film")->running);
+    clock.advance(100ms);
+    EXPECT_FALSE(mci.idle());
+    EXPECT_TRUE(engine->state("film")->running);
+    EXPECT_TRUE(engine->state("seeker")->running);
+    EXPECT_EQ(engine->state("film")->frame, 25);
+    EXPECT_EQ(engine->state("seeker")->frame, 50);
+}
+
+TEST_F(MciServiceTest, ACommandThatComesMeanwhileStartsTheGroupOnceItIsComplete)
+{
+    engine->add("seeker", {.length = 10, .frameRate = 25, .seekTime = 300ms});
+    for (const char* name : {"film", "seeker"}) {
+        ASSERT_EQ(send(std::string("open ") + name), 0);
+        EXPECT_EQ(send(std::string("Play ") + name + " from 1000"), 0);
+    }
+    EXPECT_TRUE(mci.idle());
+    clock.advance(100ms);
+    EXPECT_EQ(send("status film length"), 0);
+    EXPECT_FALSE(engine->state("film")->running) << "longer than a hold without a group";
+    clock.advance(250ms);
+    EXPECT_EQ(send("status film length"), 0);
+    EXPECT_TRUE(engine->state("film")->running);
+    EXPECT_TRUE(engine->state("seeker")->running);
+}
+
+TEST_F(MciServiceTest, OneThatNeverFindsItsPlaceHoldsTheOthersForTwoSecondsOnly)
+{
+    for (const char* name : {"film", "stuck"}) {
+        ASSERT_EQ(send(std::string("open ") + name), 0);
+        EXPECT_EQ(send(std::string("Play ") + name + " from 1000"), 0);
+    }
+    clock.advance(1900ms);
+    EXPECT_TRUE(mci.idle());
+    EXPECT_FALSE(engine->state("film")->running);
+    clock.advance(100ms);
+    EXPECT_FALSE(mci.idle());
+    EXPECT_TRUE(engine->state("film")->running);
+    EXPECT_TRUE(engine->state("stuck")->running);
+}
+
+TEST_F(MciServiceTest, OneAloneDoesNotWaitForItsSeek)
+{
+    engine->add("seeker", {.length = 10, .frameRate = 25, .seekTime = 300ms});
+    ASSERT_EQ(send("open seeker"), 0);
+    EXPECT_EQ(send("Play seeker from 1000"), 0);
+    EXPECT_FALSE(mci.idle());
+    EXPECT_TRUE(engine->state("seeker")->running);
+}
+
+TEST_F(MciServiceTest, WhoeverStandsAtAPlaceIsNotSoughtThere)
+{
+    ASSERT_EQ(send("open film"), 0);
+    EXPECT_EQ(send("seek film to 0"), 0);
+    EXPECT_EQ(engine->state("film")->seeks, 0);
+    EXPECT_EQ(send("seek film to 1010"), 0);
+    EXPECT_EQ(send("status film position"), 0);
+    EXPECT_EQ(answer, "1010");
+    EXPECT_EQ(send("seek film to 1010"), 0);
+    EXPECT_EQ(send("Play film from 1010"), 0);
+    EXPECT_EQ(engine->state("film")->seeks, 1);
+    mci.idle();
+    clock.advance(500ms);
+    EXPECT_EQ(send("Pause film"), 0);
+    EXPECT_EQ(send("status film position"), 0);
+    const std::string place = answer;
+    EXPECT_EQ(send("Play film from " + place), 0);
+    EXPECT_EQ(engine->state("film")->seeks, 1);
+    mci.idle();
+    EXPECT_EQ(send("Play film from " + place), 0) << "one that runs goes back";
+    EXPECT_EQ(engine->state("film")->seeks, 2);
+}
+
+TEST_F(MciServiceTest, AnnouncedStepsReachAllDevicesBeforeTheirCommands)
+{
+    for (const char* name : {"film", "odd"})
+        ASSERT_EQ(send(std::string("open ") + name), 0);
+    mci.expect({"step film", "step odd", "step gone", "", "seek film to 5000", "step \"film"});
+    EXPECT_EQ(engine->state("film")->frame, 1);
+    EXPECT_EQ(engine->state("odd")->frame, 1);
+    for (const char* name : {"film", "odd"}) {
+        EXPECT_EQ(send(std::string("step ") + name), 0);
+        EXPECT_EQ(send(std::string("status ") + name + " mode"), 0);
+        EXPECT_EQ(answer, "paused");
+    }
+    EXPECT_EQ(engine->state("film")->steps, 1) << "the command found it done";
+    EXPECT_EQ(send("step film"), 0);
+    EXPECT_EQ(engine->state("film")->frame, 2) << "and the next one is another step";
+    mci.expect({"step film reverse"});
+    EXPECT_EQ(send("step film reverse"), 0);
+    EXPECT_EQ(engine->state("film")->frame, 1);
+}
+
+TEST_F(MciServiceTest, AStepThatWasNotTheAnnouncedOneIsDoneItself)
+{
+    ASSERT_EQ(send("open film"), 0);
+    mci.expect({"step film"});
+    EXPECT_EQ(send("step film reverse"), 0);
+    EXPECT_EQ(engine->state("film")->steps, 2);
+    mci.expect({"step film"});
+    EXPECT_EQ(send("seek film to 4000"), 0);
+    EXPECT_EQ(send("step film"), 0);
+    EXPECT_EQ(engine->state("film")->frame, 101);
+}
+
+TEST_F(MciServiceTest, AnnouncedPausesHoldAllDevicesAtOnce)
+{
+    for (const char* name : {"film", "endless"}) {
+        ASSERT_EQ(send(std::string("open ") + name), 0);
+        EXPECT_EQ(send(std::string("Play ") + name), 0);
+    }
+    mci.idle();
+    clock.advance(1s);
+    mci.expect({"Pause film", "Pause endless"});
+    EXPECT_FALSE(engine->state("film")->running);
+    EXPECT_FALSE(engine->state("endless")->running);
+    clock.advance(1s);
+    EXPECT_EQ(send("Pause film"), 0);
+    EXPECT_EQ(send("status film position"), 0);
+    EXPECT_EQ(answer, "1000");
+}
+
+TEST_F(MciServiceTest, AnAnnouncedStepOfAStuckDeviceFailsAtItsCommand)
+{
+    ASSERT_EQ(send("open stuck"), 0);
+    mci.expect({"step stuck"});
+    EXPECT_EQ(send("step stuck"), mci_error::kNotReady);
+}
+
+TEST_F(MciServiceTest, WhoeverWaitsForTheEngineHearsOfIt)
+{
+    int pulses = 0;
+    engine->whileWaiting();
+    mci.whileWaiting = [&] { ++pulses; };
+    engine->whileWaiting();
+    EXPECT_EQ(pulses, 1);
 }
 
 TEST_F(MciServiceTest, APlayIsNotHeldBackForLong)

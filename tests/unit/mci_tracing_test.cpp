@@ -24,7 +24,16 @@ public:
             *std::copy_n(text.begin(), std::min(text.size(), answer.size() - 1), answer.begin()) = '\0';
         return command == "Jump A" ? 261 : 0;
     }
-    void idle() override { ++idles; }
+    bool idle() override
+    {
+        ++idles;
+        return waits;
+    }
+    void expect(const std::vector<std::string>& commands) override { expected = commands; }
+    void prepare(const std::vector<std::string>& paths) override { prepared = paths; }
+    bool waits = false;
+    std::vector<std::string> expected;
+    std::vector<std::string> prepared;
     int idles = 0;
 };
 
@@ -57,6 +66,23 @@ TEST_F(TracingTest, EachCommandIsALineInTheFileAtOnce)
     EXPECT_EQ(written(), "status A length\t0\t5000\nJump A\t261\t\nPlay \"a b\" \t0\t\n");
     mci.idle();
     EXPECT_EQ(inner.idles, 1);
+}
+
+TEST_F(TracingTest, WhatIsNoCommandGoesThroughAndIsNotWrittenDown)
+{
+    TracingMci mci(inner, file);
+    EXPECT_FALSE(mci.idle());
+    inner.waits = true;
+    EXPECT_TRUE(mci.idle());
+    mci.expect({"step A"});
+    mci.prepare({"/a", "/b"});
+    EXPECT_EQ(inner.expected, std::vector<std::string>{"step A"});
+    EXPECT_EQ(inner.prepared, (std::vector<std::string>{"/a", "/b"}));
+    int pulses = 0;
+    mci.whileWaiting = [&] { ++pulses; };
+    inner.whileWaiting();
+    EXPECT_EQ(pulses, 1);
+    EXPECT_EQ(written(), "");
 }
 
 TEST_F(TracingTest, TheEnvironmentNamesTheFile)

@@ -37,7 +37,7 @@ public:
             std::copy_n("1500", 5, answer.begin());
         return 0;
     }
-    void idle() override {}
+    bool idle() override { return false; }
     int commands = 0;
 };
 

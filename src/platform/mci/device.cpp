@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <utility>
 
 namespace tandrel
 {
@@ -88,6 +89,7 @@ void Device::start()
 {
     show();
     startWanted_.reset();
+    ahead_.reset();
     media_->play();
     running_ = true;
     mayHaveEnded_ = false;
@@ -110,9 +112,24 @@ void Device::pause()
     mode_ = Mode::Paused;
 }
 
+bool Device::standsAt(double place)
+{
+    if (running_ || !media_->ready())
+        return false;
+    double stands = 0;
+    return position(false, stands) == mci_error::kNone && stands == place;
+}
+
 void Device::goTo(double place)
 {
+    ahead_.reset();
     const auto length = knownLength();
+    // The picture is the right one already, and whoever plays on from it need not wait.
+    if (standsAt(place)) {
+        if (length && !atEnd())
+            asked_ = AskedPlace{.end = false, .value = place, .format = format_, .shown = media_->read().seconds};
+        return;
+    }
     mayHaveEnded_ = stepped_ = false;
     if (length && place >= *length) {
         asked_ = AskedPlace{.end = true, .value = *length, .format = format_, .shown = {}};
@@ -157,6 +174,14 @@ int Device::playFrom(double place, Moment now)
 }
 
 int Device::step(StepDirection direction)
+{
+    const auto ahead = std::exchange(ahead_, std::nullopt);
+    return ahead && ahead->direction == direction ? ahead->result : beginStep(direction);
+}
+
+void Device::stepAhead(StepDirection direction) { ahead_ = Ahead{direction, beginStep(direction)}; }
+
+int Device::beginStep(StepDirection direction)
 {
     stopRunning();
     mode_ = Mode::Paused;

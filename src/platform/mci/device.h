@@ -27,6 +27,8 @@ public:
     void pause();
     int seek(double place);
     int step(StepDirection direction);
+    /// Does a step that will be asked for next; that one then finds it done.
+    void stepAhead(StepDirection direction);
 
     /// Starts what `play` has marked.
     void start();
@@ -43,6 +45,8 @@ public:
 
     /// Waits for seeks and steps under way.
     bool settle() { return settleInTime(); }
+    /// None is under way. Never blocks.
+    bool ready() { return media_->ready(); }
     void setVolume(double volume) { media_->setVolume(volume); }
     const MediaFacts& facts() const { return media_->facts(); }
     MediaReading read() { return media_->read(); }
@@ -67,7 +71,10 @@ private:
     double belowLength(double place) const;
     bool atEnd() const { return asked_ && asked_->end; }
 
+    /// At rest, and `place` is what it would answer for its position.
+    bool standsAt(double place);
     void stopRunning();
+    int beginStep(StepDirection direction);
     void goTo(double place);
     /// Looks whether a running device has come to its end by itself. The reading is the newest.
     MediaReading look();
@@ -84,6 +91,12 @@ private:
     bool mayHaveEnded_ = false;
     /// A step has been asked for and not been waited for.
     bool stepped_ = false;
+    /// A step has been done ahead of its command, with this result.
+    struct Ahead {
+        StepDirection direction;
+        int result;
+    };
+    std::optional<Ahead> ahead_;
     std::optional<Moment> startWanted_;
     std::optional<PixelRect> placeWanted_;
     /// A move under way has been waited for in vain.

@@ -7,9 +7,11 @@
 
 #include "platform/services.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace tandrel
 {
@@ -65,6 +67,8 @@ public:
 
     /// Waits until what was asked of this device is done. False if that was not so within 2 s.
     virtual bool settle() = 0;
+    /// What was asked of this device is done. Never blocks.
+    virtual bool ready() = 0;
     /// Of a settled device at rest: exactly the frame shown. Of a running one: where it should
     /// be by the newest news of it. Blocks only where those are old, for 50 ms at most.
     virtual MediaReading read() = 0;
@@ -97,6 +101,13 @@ public:
     /// Opens a file, by its marked path, inside a window or without a picture. Blocks for 5 s at most. After a failure
     /// nothing is left behind.
     virtual OpenResult open(const std::string& path, std::optional<WindowHandle> parent) = 0;
+
+    /// Begins to open these files, to be shown in windows that are not there yet; `open` takes them over. Never blocks.
+    /// An empty list lets go of the rest.
+    virtual void prepare(const std::vector<std::string>&) {}
+
+    /// Runs now and then, on the thread of all calls, while one of them blocks.
+    std::function<void()> whileWaiting;
 };
 
 } // namespace tandrel

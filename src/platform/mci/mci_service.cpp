@@ -15,6 +15,8 @@ using namespace std::chrono_literals;
 
 // A play that nobody told the service to go on with is not held back for longer than this.
 constexpr auto kLongestHold = 50ms;
+// Those of a group that are ready wait for the others, but not for one that does not come to its place.
+constexpr auto kLongestGathering = 2s;
 constexpr double kFullVolume = 1000;
 
 constexpr std::string_view kAllDevices = "all";
@@ -60,6 +62,11 @@ void giveAnswer(const std::string& text, std::span<char> answer)
 
 std::string whole(double number) { return std::to_string(std::llround(number)); }
 
+StepDirection directionOf(const Command& command)
+{
+    return command[Clause::Reverse] ? StepDirection::Backward : StepDirection::Forward;
+}
+
 /// Window systems count in 32 bits at most; a picture beyond that is out of sight anyway.
 int pixel(double number) { return static_cast<int>(std::clamp(number, -1e6, 1e6)); }
 } // namespace
@@ -73,13 +80,20 @@ const MciService::VerbRow MciService::kVerbs[]{
 MciService::MciService(std::unique_ptr<MediaEngine> engine, DriveDoor* door, Now now)
     : engine_(std::move(engine)), door_(door), now_(std::move(now))
 {
+    engine_->whileWaiting = [this] {
+        if (whileWaiting)
+            whileWaiting();
+    };
 }
 
 MciService::~MciService() { closeAll(); }
 
 int MciService::send(std::string_view text, std::span<char> answer)
 {
-    startThoseWaitingSince(now_() - kLongestHold);
+    if (gathering_)
+        startTogether();
+    else
+        startThoseWaitingSince(now_() - kLongestHold);
     answer_.clear();
     const Command command = parseCommand(text);
     const int result = command.headError != 0 ? command.headError : run(command);
@@ -87,12 +101,55 @@ int MciService::send(std::string_view text, std::span<char> answer)
     return result;
 }
 
-void MciService::idle()
+bool MciService::idle()
 {
     // Of all the places that an opening handler gives a picture only the last is worth drawing.
     for (const Entry& entry : devices_)
         entry.device->show();
-    startThoseWaitingSince(Device::Moment::max());
+    return !startTogether();
+}
+
+bool MciService::startTogether()
+{
+    const Device::Moment patience = now_() - kLongestGathering;
+    int waiting = 0;
+    bool complete = true;
+    for (const Entry& entry : devices_) {
+        Device& device = *entry.device;
+        if (!device.waitsForStartSince(Device::Moment::max()))
+            continue;
+        ++waiting;
+        complete = complete && (device.ready() || device.waitsForStartSince(patience));
+    }
+    gathering_ = waiting > 1 && !complete;
+    if (!gathering_)
+        startThoseWaitingSince(Device::Moment::max());
+    return !gathering_;
+}
+
+void MciService::expect(const std::vector<std::string>& commands)
+{
+    std::vector<std::pair<Device*, StepDirection>> steps;
+    // What holds a device never blocks, so that comes first for all.
+    for (const std::string& text : commands) {
+        const Command command = parseCommand(text);
+        Device* device = deviceOf(command);
+        if (device == nullptr || (command.verb != Verb::Pause && command.verb != Verb::Step))
+            continue;
+        device->pause();
+        if (command.verb == Verb::Step)
+            steps.emplace_back(device, directionOf(command));
+    }
+    for (const auto& [device, direction] : steps)
+        device->stepAhead(direction);
+}
+
+Device* MciService::deviceOf(const Command& command)
+{
+    if (command.headError != 0 || command.clauseError != 0)
+        return nullptr;
+    const auto entry = find(command.device);
+    return entry == devices_.end() ? nullptr : entry->device.get();
 }
 
 std::vector<DeviceReport> MciService::report()
@@ -228,10 +285,7 @@ int MciService::pause(Device& device, const Command&)
 
 int MciService::seek(Device& device, const Command& command) { return device.seek(command[Clause::To]->numbers[0]); }
 
-int MciService::step(Device& device, const Command& command)
-{
-    return device.step(command[Clause::Reverse] ? StepDirection::Backward : StepDirection::Forward);
-}
+int MciService::step(Device& device, const Command& command) { return device.step(directionOf(command)); }
 
 int MciService::status(Device& device, const Command& command)
 {

@@ -44,7 +44,9 @@ public:
     ~MciService() override;
 
     int send(std::string_view command, std::span<char> answer = {}) override;
-    void idle() override;
+    bool idle() override;
+    void expect(const std::vector<std::string>& commands) override;
+    void prepare(const std::vector<std::string>& paths) override { engine_->prepare(paths); }
 
     /// Waits until every seek and step under way is done: for a caller that shows results to a person or looks at the
     /// screen. Blocks for 2 s at most for each device.
@@ -83,6 +85,10 @@ private:
     std::vector<Entry>::iterator find(std::string_view alias);
     int smallestFreeId() const;
     void startThoseWaitingSince(Device::Moment latest);
+    /// All that wait for their start begin together once each stands where it is to begin. False if some still wait.
+    bool startTogether();
+    /// The device that a command would go to; null for one that would be refused.
+    Device* deviceOf(const Command& command);
     void closeAll();
 
     std::unique_ptr<MediaEngine> engine_;
@@ -90,6 +96,8 @@ private:
     Now now_;
     /// In the order of their opening.
     std::vector<Entry> devices_;
+    /// The caller has been idle, and some plays still wait for others.
+    bool gathering_ = false;
     /// What the command under way answers.
     std::string answer_;
 };

@@ -19,7 +19,15 @@ std::string onOneLine(std::string_view text)
 }
 } // namespace
 
-TracingMci::TracingMci(Mci& inner, const std::string& file) : inner_(inner), file_(file, std::ios::app) {}
+TracingMci::TracingMci(Mci& inner, const std::string& file) : inner_(inner), file_(file, std::ios::app)
+{
+    inner_.whileWaiting = [this] {
+        if (whileWaiting)
+            whileWaiting();
+    };
+}
+
+TracingMci::~TracingMci() { inner_.whileWaiting = nullptr; }
 
 int TracingMci::send(std::string_view command, std::span<char> answer)
 {

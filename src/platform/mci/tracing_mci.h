@@ -17,9 +17,12 @@ class TracingMci : public Mci
 {
 public:
     TracingMci(Mci& inner, const std::string& file);
+    ~TracingMci() override;
 
     int send(std::string_view command, std::span<char> answer = {}) override;
-    void idle() override { inner_.idle(); }
+    bool idle() override { return inner_.idle(); }
+    void expect(const std::vector<std::string>& commands) override { inner_.expect(commands); }
+    void prepare(const std::vector<std::string>& paths) override { inner_.prepare(paths); }
 
 private:
     Mci& inner_;

@@ -1,10 +1,16 @@
 #include "platform/mpv/mpv_channel.h"
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
 namespace tandrel
 {
+
+namespace
+{
+constexpr std::chrono::milliseconds kPulse{50};
+}
 
 std::uint64_t MpvChannel::command(std::initializer_list<const char*> words)
 {
@@ -45,10 +51,16 @@ void MpvChannel::drain(const Listener& listener)
 
 bool MpvChannel::wait(const Listener& listener, Moment deadline, const std::function<bool()>& done)
 {
+    Moment pulseAt = std::chrono::steady_clock::now() + kPulse;
     while (!done()) {
-        const std::chrono::duration<double> left = deadline - std::chrono::steady_clock::now();
-        if (left.count() <= 0)
+        const Moment now = std::chrono::steady_clock::now();
+        if (now >= deadline)
             return false;
+        if (pulse_ && now >= pulseAt) {
+            pulse_();
+            pulseAt = now + kPulse;
+        }
+        const std::chrono::duration<double> left = (pulse_ ? std::min(deadline, pulseAt) : deadline) - now;
         const mpv_event* event = mpv_wait_event(handle_, left.count());
         if (event->event_id != MPV_EVENT_NONE)
             listener(*event);

@@ -18,6 +18,9 @@ public:
 
     explicit MpvChannel(mpv_handle* handle) : handle_(handle) {}
 
+    /// From here on `pulse` runs about every 50 ms while `wait` blocks.
+    void setPulse(std::function<void()> pulse) { pulse_ = std::move(pulse); }
+
     std::uint64_t command(std::initializer_list<const char*> words);
     std::uint64_t set(const char* property, bool value);
     std::uint64_t set(const char* property, double value);
@@ -34,6 +37,7 @@ public:
 
 private:
     mpv_handle* handle_;
+    std::function<void()> pulse_;
     std::uint64_t lastRequest_ = 0;
 };
 

@@ -186,6 +186,15 @@ bool MpvDevice::settle()
     return !gaveUp_;
 }
 
+bool MpvDevice::ready()
+{
+    drain();
+    // Nobody tells of the end of a step by itself.
+    if (stage_ == Stage::Stepping && awaited_ == 0)
+        awaited_ = channel_.ask("pause", MPV_FORMAT_FLAG);
+    return stage_ == Stage::Rest;
+}
+
 MediaReading MpvDevice::read()
 {
     drain();
@@ -227,6 +236,14 @@ FrameCounts MpvDevice::counts()
 }
 
 void MpvDevice::setVolume(double volume) { channel_.set("volume", volume * 100); }
+
+void MpvDevice::moveInto(WindowHandle parent, double pixelRatio)
+{
+    if (window_ == nullptr)
+        return;
+    window_->moveInto(parent);
+    pixelRatio_ = pixelRatio;
+}
 
 void MpvDevice::put(const PixelRect& place)
 {

@@ -24,6 +24,10 @@ public:
 
     /// Loads the file, once. With `withoutSound` its sound is not even decoded, unless there is nothing else.
     OpenFailure load(const std::string& file, bool withoutSound);
+    /// The picture moves into this window. Nothing happens to a device without a picture's window.
+    void moveInto(WindowHandle parent, double pixelRatio);
+    /// Runs about every 50 ms while a call blocks. Not to be set before the load is done.
+    void setPulse(std::function<void()> pulse) { channel_.setPulse(std::move(pulse)); }
 
     const MediaFacts& facts() const override { return facts_; }
     void play() override;
@@ -32,6 +36,7 @@ public:
     void seekToEnd() override;
     void step(StepDirection direction) override;
     bool settle() override;
+    bool ready() override;
     MediaReading read() override;
     FrameCounts counts() override;
     void setVolume(double volume) override;

@@ -1,5 +1,6 @@
 #include "platform/mpv/mpv_engine.h"
 
+#include "platform/mpv/early_opens.h"
 #include "platform/mpv/input_methods.h"
 #include "platform/mpv/media_path.h"
 #include "platform/mpv/mpv_device.h"
@@ -28,11 +29,14 @@ public:
     }
 
     OpenResult open(const std::string& path, std::optional<WindowHandle> parent) override;
+    void prepare(const std::vector<std::string>& paths) override;
 
 private:
     WindowSystem& windowSystem();
     double pixelRatio(std::optional<WindowHandle> window) const;
     int openDevices() const { return static_cast<int>(inUse_.use_count()) - 1; }
+    /// Begins to open a file whose picture, if it is to be `shown`, gets its parent later.
+    void begin(const std::string& path, bool shown);
 
     MpvOptions options_;
     HandleSettings settings_;
@@ -40,6 +44,7 @@ private:
     /// Each device holds a share.
     std::shared_ptr<void> inUse_ = std::make_shared<char>();
     HandleStock stock_;
+    EarlyOpens early_;
 };
 
 /// Every thread that decodes would get a heap of its own, each with its own holes. The threads allocate rarely enough
@@ -76,25 +81,54 @@ double MpvEngine::pixelRatio(std::optional<WindowHandle> window) const
     return window && options_.pixelRatio ? options_.pixelRatio(*window) : 1;
 }
 
+void MpvEngine::begin(const std::string& path, bool shown)
+{
+    // A share for the device to come is taken here, so that the stock knows how many are still to be asked for.
+    std::shared_ptr<void> share = inUse_;
+    auto window = shown ? std::make_shared<std::unique_ptr<PictureWindow>>(
+                              std::make_unique<PictureWindow>(windowSystem(), std::nullopt))
+                        : std::make_shared<std::unique_ptr<PictureWindow>>();
+    const bool withoutSound = options_.outputs && settings_.audioOutput.empty();
+    early_.begin(path, [this, path, window, share = std::move(share), withoutSound]() mutable -> EarlyOpens::Result {
+        const MediaPath media = findMedia(path);
+        if (media.failure != OpenFailure::None)
+            return {media.failure, nullptr};
+        mpv_handle* handle = stock_.take();
+        if (handle == nullptr)
+            return {OpenFailure::TimedOut, nullptr};
+        auto device = std::make_unique<MpvDevice>(handle, std::move(*window), 1, std::move(share));
+        const OpenFailure failure = device->load(media.absolute, withoutSound);
+        if (failure != OpenFailure::None)
+            return {failure, nullptr};
+        return {OpenFailure::None, std::move(device)};
+    });
+}
+
+void MpvEngine::prepare(const std::vector<std::string>& paths)
+{
+    early_.drop();
+    for (const std::string& path : paths)
+        begin(path, options_.outputs);
+}
+
 OpenResult MpvEngine::open(const std::string& path, std::optional<WindowHandle> parent)
 {
     const bool shown = options_.outputs && parent.has_value();
     if (shown && !windowSystem().isWindow(*parent))
         return {OpenFailure::NoWindow, nullptr};
-    const MediaPath media = findMedia(path);
-    if (media.failure != OpenFailure::None)
-        return {media.failure, nullptr};
-
-    mpv_handle* handle = stock_.take();
-    if (handle == nullptr)
-        return {OpenFailure::TimedOut, nullptr};
-    auto window = shown ? std::make_unique<PictureWindow>(windowSystem(), *parent) : nullptr;
-    auto device = std::make_unique<MpvDevice>(handle, std::move(window), pixelRatio(parent), inUse_);
+    if (!shown || !early_.isBegun(path))
+        begin(path, shown);
+    auto result = early_.take(path, whileWaiting);
     stock_.keep(std::max(0, options_.mostDevices - openDevices()));
-    const OpenFailure failure = device->load(media.absolute, options_.outputs && settings_.audioOutput.empty());
-    if (failure != OpenFailure::None)
-        return {failure, nullptr};
-    return {OpenFailure::None, std::move(device)};
+    if (!result || result->failure != OpenFailure::None)
+        return {result ? result->failure : OpenFailure::NotPlayable, nullptr};
+    result->device->setPulse([this] {
+        if (whileWaiting)
+            whileWaiting();
+    });
+    if (shown)
+        result->device->moveInto(*parent, pixelRatio(parent));
+    return {OpenFailure::None, std::move(result->device)};
 }
 } // namespace
 

@@ -66,19 +66,18 @@ bool WindowSystem::isWindow(WindowHandle window)
     return reply != nullptr && reply->_class == XCB_WINDOW_CLASS_INPUT_OUTPUT;
 }
 
+WindowHandle WindowSystem::root() const { return xcb_setup_roots_iterator(xcb_get_setup(connection_)).data->root; }
+
 void WindowSystem::discardErrors()
 {
     while (void* event = xcb_poll_for_event(connection_))
         std::free(event);
 }
 
-PictureWindow::PictureWindow(WindowSystem& system, WindowHandle parent)
-    : system_(system),
-      parent_(parent),
-      window_(xcb_generate_id(system.connection())),
-      canvas_(xcb_generate_id(system.connection()))
+PictureWindow::PictureWindow(WindowSystem& system, std::optional<WindowHandle> parent)
+    : system_(system), window_(xcb_generate_id(system.connection())), canvas_(xcb_generate_id(system.connection()))
 {
-    createWindow(system_.connection(), window_, parent);
+    createWindow(system_.connection(), window_, parent.value_or(system_.root()));
     createWindow(system_.connection(), canvas_, window_);
     configure(system_.connection(), canvas_, kFirstCanvas);
     // The canvas is mapped before an output looks at it, and stays so: libmpv takes the map notice of its parent for
@@ -91,6 +90,12 @@ PictureWindow::~PictureWindow()
     xcb_destroy_window(system_.connection(), window_);
     xcb_flush(system_.connection());
     system_.discardErrors();
+}
+
+void PictureWindow::moveInto(WindowHandle parent)
+{
+    xcb_reparent_window(system_.connection(), window_, parent, 0, 0);
+    xcb_flush(system_.connection());
 }
 
 void PictureWindow::put(const PixelRect& place, int nativeWidth)

@@ -4,6 +4,7 @@
 #include "platform/services.h"
 
 #include <memory>
+#include <optional>
 #include <xcb/xcb.h>
 
 namespace tandrel
@@ -24,6 +25,7 @@ public:
     void discardErrors();
 
     xcb_connection_t* connection() const { return connection_; }
+    WindowHandle root() const;
 
 private:
     xcb_connection_t* connection_;
@@ -39,20 +41,20 @@ int canvasWidth(int width, int nativeWidth);
 class PictureWindow
 {
 public:
-    PictureWindow(WindowSystem& system, WindowHandle parent);
+    /// Without a parent it waits out of sight for one.
+    PictureWindow(WindowSystem& system, std::optional<WindowHandle> parent);
     ~PictureWindow();
     PictureWindow(const PictureWindow&) = delete;
     PictureWindow& operator=(const PictureWindow&) = delete;
 
     /// The window to draw in. It fills this one, up to a few pixels wider.
     WindowHandle canvas() const { return canvas_; }
-    WindowHandle parent() const { return parent_; }
+    void moveInto(WindowHandle parent);
     /// Shows the window at this place, or hides it if the rectangle is empty. The picture to come is so wide by itself.
     void put(const PixelRect& place, int nativeWidth);
 
 private:
     WindowSystem& system_;
-    WindowHandle parent_;
     xcb_window_t window_;
     xcb_window_t canvas_;
 };

@@ -262,10 +262,47 @@ private:
     ComboWidget* widget_;
 };
 
+/// A bar with a glint that moves along it from pulse to pulse.
+class GlintBar : public QProgressBar
+{
+public:
+    using QProgressBar::QProgressBar;
+    void showPulse(int pulse)
+    {
+        pulse_ = pulse;
+        update();
+    }
+
+protected:
+    void paintEvent(QPaintEvent* event) override
+    {
+        QProgressBar::paintEvent(event);
+        if (pulse_ == 0)
+            return;
+        constexpr int kPulsesAlong = 12;
+        constexpr double kGlintShare = 0.25;
+        const double glint = width() * kGlintShare;
+        const double left = (pulse_ - 1) % kPulsesAlong * (width() + glint) / (kPulsesAlong - 1) - glint;
+        QLinearGradient light(left, 0, left + glint, 0);
+        light.setColorAt(0, Qt::transparent);
+        light.setColorAt(0.5, palette::kText);
+        light.setColorAt(1, Qt::transparent);
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(light);
+        painter.setClipRect(QRectF(left, 0, glint, height()));
+        painter.drawRoundedRect(rect(), height() / 2.0, height() / 2.0);
+    }
+
+private:
+    int pulse_ = 0;
+};
+
 class ProgressView : public WidgetView
 {
 public:
-    ProgressView(ProgressBar& bar, FormWidget& window, QProgressBar* widget)
+    ProgressView(ProgressBar& bar, FormWidget& window, GlintBar* widget)
         : WidgetView(bar, window, widget), bar_(bar), widget_(widget)
     {
         widget->setTextVisible(false);
@@ -277,11 +314,12 @@ protected:
     {
         widget_->setRange(0, std::max<int>(1, bar_.maximum()));
         widget_->setValue(bar_.value());
+        widget_->showPulse(bar_.pulses());
     }
 
 private:
     ProgressBar& bar_;
-    QProgressBar* widget_;
+    GlintBar* widget_;
 };
 
 } // namespace
@@ -330,7 +368,7 @@ std::unique_ptr<ControlView> makeControlView(Control& control, FormWidget& windo
     if (auto* box = dynamic_cast<ComboBox*>(&control))
         return std::make_unique<ComboView>(*box, window, new ComboWidget(*box, parent));
     if (auto* bar = dynamic_cast<ProgressBar*>(&control))
-        return std::make_unique<ProgressView>(*bar, window, new QProgressBar(parent));
+        return std::make_unique<ProgressView>(*bar, window, new GlintBar(parent));
     return makeSliderView(dynamic_cast<Slider&>(control), window, parent);
 }
 
