@@ -10,6 +10,7 @@
 #include "media/shared_state.h"
 #include "texts/links.h"
 #include "texts/localised.h"
+#include "texts/localised_dialog.h"
 #include "texts/menu.h"
 
 namespace tandrel
@@ -130,6 +131,7 @@ void frmMedia::nameInLanguage()
     slidemenu().mnuSlideLeft.Caption = localised("slidemenu.mnuSlideLeft");
     backend().setBoxTexts({localised("box.yes"), localised("box.no"), localised("box.ok"), localised("system.minimise"),
                            localised("system.close")});
+    backend().setFileDialogTexts(localisedDialogTexts());
     showMode();
 }
 
