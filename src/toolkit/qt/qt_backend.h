@@ -25,10 +25,12 @@ public:
     void timerGone(Timer& timer) override;
     void mousePointerChanged(Integer shape) override;
     BoxAnswer messageBox(const Text& text, BoxStyle style, const Text& title) override;
+    std::vector<Text> chooseFiles(const FileDialog& what) override;
     Menu* popUp(Menu& head) override;
     Bitmap picture(const Text& name, int width, int height) override;
     void setBoxTexts(const BoxTexts& texts) override { boxTexts_ = texts; }
     const BoxTexts& boxTexts() const { return boxTexts_; }
+    void setFileDialogTexts(const FileDialogTexts& texts) override { fileDialogTexts_ = texts; }
     void later(int ms, std::function<void()> task) override;
     void quit() override;
     void beep() override;
@@ -57,6 +59,7 @@ protected:
 private:
     std::map<Timer*, std::unique_ptr<QTimer>> timers_;
     BoxTexts boxTexts_;
+    FileDialogTexts fileDialogTexts_;
     bool pointerSet_ = false;
     bool boxesEnded_ = false;
     long paints_ = 0;

@@ -1,0 +1,169 @@
+#include "toolkit/qt/framed_dialog.h"
+
+#include "toolkit/activation.h"
+#include "toolkit/qt/frame_painter.h"
+
+#include <QGuiApplication>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScreen>
+#include <QVBoxLayout>
+#include <QWindow>
+
+namespace tandrel
+{
+
+namespace
+{
+
+constexpr int kMargin = 12;
+constexpr int kEdge = 6;
+constexpr int kGap = 24;
+
+Qt::CursorShape cursorOf(Qt::Edges edges)
+{
+    if (edges == (Qt::LeftEdge | Qt::TopEdge) || edges == (Qt::RightEdge | Qt::BottomEdge))
+        return Qt::SizeFDiagCursor;
+    if (edges == (Qt::RightEdge | Qt::TopEdge) || edges == (Qt::LeftEdge | Qt::BottomEdge))
+        return Qt::SizeBDiagCursor;
+    if ((edges & (Qt::LeftEdge | Qt::RightEdge)) != 0)
+        return Qt::SizeHorCursor;
+    return edges ? Qt::SizeVerCursor : Qt::ArrowCursor;
+}
+
+QWindow* windowOfActiveForm()
+{
+    const Form* form = activeForm();
+    const QWidget* widget = form && form->isLoaded() ? QWidget::find(static_cast<WId>(form->hWnd())) : nullptr;
+    return widget && widget->isVisible() ? widget->windowHandle() : nullptr;
+}
+
+QRect workAreaOf(const QWindow* window)
+{
+    const QScreen* on = window ? QGuiApplication::screenAt(window->geometry().center()) : nullptr;
+    return (on ? on : QGuiApplication::primaryScreen())->availableGeometry();
+}
+
+/// `place` with the edges moved, never smaller than `least`.
+QRect stretched(QRect place, Qt::Edges edges, const QPoint& by, const QSize& least)
+{
+    if (edges & Qt::LeftEdge)
+        place.setLeft(std::min(place.left() + by.x(), place.right() + 1 - least.width()));
+    if (edges & Qt::TopEdge)
+        place.setTop(std::min(place.top() + by.y(), place.bottom() + 1 - least.height()));
+    if (edges & Qt::RightEdge)
+        place.setRight(std::max(place.right() + by.x(), place.left() - 1 + least.width()));
+    if (edges & Qt::BottomEdge)
+        place.setBottom(std::max(place.bottom() + by.y(), place.top() - 1 + least.height()));
+    return place;
+}
+
+} // namespace
+
+FramedDialog::FramedDialog(const QString& title) : body_(new QWidget(this))
+{
+    setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint);
+    setAttribute(Qt::WA_TranslucentBackground);
+    setWindowTitle(title);
+    setMouseTracking(true);
+    // Its own, so that the shapes of the edges end where it begins.
+    body_->setCursor(Qt::ArrowCursor);
+    auto* around = new QVBoxLayout(this);
+    around->setContentsMargins(kMargin, kCaptionBand + kMargin, kMargin, kMargin);
+    around->addWidget(body_);
+}
+
+void FramedDialog::placeBefore(const QSize& wanted)
+{
+    QWindow* before = windowOfActiveForm();
+    const QRect area = workAreaOf(before);
+    const QSize room = area.size() - QSize(kGap, kGap);
+    setMinimumSize(minimumSize().boundedTo(room));
+    QRect place(QPoint(), wanted.boundedTo(room).expandedTo(minimumSize()));
+    place.moveCenter(area.center());
+    setGeometry(place);
+    winId();
+    windowHandle()->setTransientParent(before);
+}
+
+void FramedDialog::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    paintDialog(painter, windowTitle(), rect());
+    paintCloseBox(painter, closeBox(rect()), closeHovered_, closePressed_);
+}
+
+void FramedDialog::resizeEvent(QResizeEvent* event)
+{
+    QDialog::resizeEvent(event);
+    setMask(roundedRegion(rect()));
+}
+
+void FramedDialog::showEvent(QShowEvent* event)
+{
+    QDialog::showEvent(event);
+    raise();
+    activateWindow();
+}
+
+Qt::Edges FramedDialog::edgesAt(const QPoint& at) const
+{
+    Qt::Edges edges;
+    edges.setFlag(Qt::LeftEdge, at.x() < kEdge);
+    edges.setFlag(Qt::RightEdge, at.x() >= width() - kEdge);
+    edges.setFlag(Qt::TopEdge, at.y() < kEdge / 2);
+    edges.setFlag(Qt::BottomEdge, at.y() >= height() - kEdge);
+    return edges;
+}
+
+void FramedDialog::setCloseBox(bool hovered, bool pressed)
+{
+    if (hovered == closeHovered_ && pressed == closePressed_)
+        return;
+    closeHovered_ = hovered;
+    closePressed_ = pressed;
+    update(closeBox(rect()));
+}
+
+void FramedDialog::hover(const QPoint& at)
+{
+    const bool onBox = closeBox(rect()).contains(at);
+    setCloseBox(onBox, closePressed_);
+    setCursor(onBox ? Qt::ArrowCursor : cursorOf(edgesAt(at)));
+}
+
+void FramedDialog::leaveEvent(QEvent*) { setCloseBox(false, closePressed_); }
+
+void FramedDialog::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+    const QPoint at = event->position().toPoint();
+    const Qt::Edges edges = edgesAt(at);
+    if (closeBox(rect()).contains(at))
+        setCloseBox(true, true);
+    else if (edges || at.y() < kCaptionBand)
+        drag_ = Drag{edges, event->globalPosition().toPoint(), geometry()};
+}
+
+void FramedDialog::mouseMoveEvent(QMouseEvent* event)
+{
+    if (!drag_)
+        return hover(event->position().toPoint());
+    const QPoint by = event->globalPosition().toPoint() - drag_->from;
+    if (drag_->edges)
+        setGeometry(stretched(drag_->place, drag_->edges, by, minimumSize()));
+    else
+        move(drag_->place.topLeft() + by);
+}
+
+void FramedDialog::mouseReleaseEvent(QMouseEvent* event)
+{
+    drag_.reset();
+    const bool closes = closePressed_ && closeBox(rect()).contains(event->position().toPoint());
+    setCloseBox(closes, false);
+    if (closes)
+        reject();
+}
+
+} // namespace tandrel
