@@ -22,6 +22,9 @@
 
 #include <QApplication>
 #include <QCursor>
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
 
 #include <cstdio>
 #include <functional>
@@ -70,6 +73,55 @@ void popUp(Menu& head)
     PopupMenu(head);
 }
 
+void makeFile(const QString& path, qint64 size)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || !file.resize(size))
+        std::fprintf(stderr, "%s can't be written\n", qPrintable(path));
+    file.setFileTime(QDateTime(QDate(2026, 3, 14), QTime(15, 9).addSecs(static_cast<int>(size % 7000))),
+                     QFileDevice::FileModificationTime);
+}
+
+/// A home with folders and films, which holds what the user of the pictures has.
+QString makeHome()
+{
+    const QString home = QDir::tempPath() + QStringLiteral("/tandrel-gallery/home");
+    for (const char* folder : {"Videos/Holidays", "Videos/Regatta 2025", "Music", "Desktop"})
+        QDir().mkpath(home + QLatin1Char('/') + QLatin1String(folder));
+    const std::pair<const char*, qint64> films[] = {
+        {"Crossing the strait.mp4", 734003217},
+        {"Harbour at dawn.avi", 182456789},
+        {"Take 1.mp4", 41234567},
+        {"Take 2.mp4", 39876543},
+        {"Take 10.mp4", 45678901},
+        {"Night race.mkv", 1534003217},
+        {"Lighthouse.webm", 8765432},
+        {"notes.txt", 812},
+    };
+    for (const auto& [name, size] : films)
+        makeFile(home + QStringLiteral("/Videos/") + QLatin1String(name), size);
+    return home;
+}
+
+/// The real dialog; what is chosen is printed, a path a line.
+void chooseFiles(FileDialog::Kind kind)
+{
+    frmMedia();
+    const QString home = makeHome();
+    qputenv("HOME", home.toUtf8());
+    FileDialog dialog;
+    dialog.kind = kind;
+    dialog.title = kind == FileDialog::Kind::Folder ? "Choose a folder" : "Open Multiple Video...";
+    dialog.folder = home.toStdString() + "/Videos/";
+    dialog.several = kind == FileDialog::Kind::Open;
+    if (kind != FileDialog::Kind::Folder)
+        dialog.filters = {{"Supported Media Files", {"*.avi", "*.mkv", "*.mp4", "*.webm"}}, {"All Files", {"*"}}};
+    for (const Text& path : backend().chooseFiles(dialog))
+        std::printf("%s\n", path.c_str());
+    std::fflush(stdout);
+    backend().later(0, [] { backend().quit(); });
+}
+
 const std::map<std::string, std::function<void()>>& windows()
 {
     static const std::map<std::string, std::function<void()>> all{
@@ -95,6 +147,9 @@ const std::map<std::string, std::function<void()>>& windows()
              frmMedia();
              backend().messageBox(localised("message.makePrimary"), BoxStyle::YesNoQuestion, AppTitle);
          }},
+        {"fileDialog", [] { chooseFiles(FileDialog::Kind::Open); }},
+        {"folderDialog", [] { chooseFiles(FileDialog::Kind::Folder); }},
+        {"saveDialog", [] { chooseFiles(FileDialog::Kind::Save); }},
         {"menu",
          [] {
              frmMedia();
