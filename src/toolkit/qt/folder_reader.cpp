@@ -4,14 +4,13 @@
 
 #include <QCollator>
 #include <QLocale>
-#include <QMetaObject>
 
 #include <algorithm>
 #include <dirent.h>
 #include <fcntl.h>
-#include <mutex>
+#include <memory>
+#include <optional>
 #include <sys/stat.h>
-#include <thread>
 
 namespace tandrel
 {
@@ -78,40 +77,12 @@ FolderContent readFolder(const QByteArray& folder)
     return content;
 }
 
-struct FolderReader::Post {
-    std::mutex lock;
-    QObject* receiver;
-};
-
-FolderReader::~FolderReader() { forget(); }
-
-void FolderReader::forget()
-{
-    if (!post_)
-        return;
-    const std::scoped_lock held(post_->lock);
-    post_->receiver = nullptr;
-}
-
 void FolderReader::read(const QByteArray& folder, std::function<void(const FolderContent&)> done)
 {
-    forget();
-    post_ = std::make_shared<Post>();
-    post_->receiver = &receiver_;
-    std::thread([post = post_, folder, done = std::move(done)] {
-        FolderContent content = readFolder(folder);
-        const std::scoped_lock held(post->lock);
-        if (!post->receiver)
-            return;
-        QMetaObject::invokeMethod(
-            post->receiver,
-            [post, done, content = std::move(content)] {
-                // Set and read on the thread of the receiver; another read may have begun since the post.
-                if (post->receiver)
-                    done(content);
-            },
-            Qt::QueuedConnection);
-    }).detach();
+    errand_.run([folder, done = std::move(done)] {
+        const auto content = std::make_shared<FolderContent>(readFolder(folder));
+        return [content, done] { done(*content); };
+    });
 }
 
 } // namespace tandrel

@@ -1,12 +1,12 @@
 /// What lies in a folder, read without ever waiting for it: a folder may be large, or on a medium that does not answer.
 #pragma once
 
+#include "toolkit/qt/errand.h"
+
 #include <QByteArray>
-#include <QObject>
 #include <QString>
 
 #include <functional>
-#include <memory>
 #include <vector>
 
 namespace tandrel
@@ -35,24 +35,15 @@ struct FolderContent {
 /// Waits for the system.
 FolderContent readFolder(const QByteArray& folder);
 
-/// Reads on a thread of its own, which nobody waits for.
+/// Reads on a thread of its own.
 class FolderReader
 {
 public:
-    FolderReader() = default;
-    ~FolderReader();
-    FolderReader(const FolderReader&) = delete;
-    FolderReader& operator=(const FolderReader&) = delete;
-
     /// `done` is called from the event loop, unless another read begins or this object ends before.
     void read(const QByteArray& folder, std::function<void(const FolderContent&)> done);
 
 private:
-    struct Post;
-    void forget();
-
-    QObject receiver_;
-    std::shared_ptr<Post> post_;
+    Errand errand_;
 };
 
 } // namespace tandrel

@@ -10,6 +10,8 @@
 #include <QVBoxLayout>
 #include <QWindow>
 
+#include <algorithm>
+
 namespace tandrel
 {
 
@@ -18,6 +20,7 @@ namespace
 
 constexpr int kMargin = 12;
 constexpr int kEdge = 6;
+constexpr int kCorner = 16;
 constexpr int kGap = 24;
 
 Qt::CursorShape cursorOf(Qt::Edges edges)
@@ -29,13 +32,6 @@ Qt::CursorShape cursorOf(Qt::Edges edges)
     if ((edges & (Qt::LeftEdge | Qt::RightEdge)) != 0)
         return Qt::SizeHorCursor;
     return edges ? Qt::SizeVerCursor : Qt::ArrowCursor;
-}
-
-QWindow* windowOfActiveForm()
-{
-    const Form* form = activeForm();
-    const QWidget* widget = form && form->isLoaded() ? QWidget::find(static_cast<WId>(form->hWnd())) : nullptr;
-    return widget && widget->isVisible() ? widget->windowHandle() : nullptr;
 }
 
 QRect workAreaOf(const QWindow* window)
@@ -59,6 +55,13 @@ QRect stretched(QRect place, Qt::Edges edges, const QPoint& by, const QSize& lea
 }
 
 } // namespace
+
+QWindow* windowOfActiveForm()
+{
+    const Form* form = activeForm();
+    const QWidget* widget = form && form->isLoaded() ? QWidget::find(static_cast<WId>(form->hWnd())) : nullptr;
+    return widget && widget->isVisible() ? widget->windowHandle() : nullptr;
+}
 
 FramedDialog::FramedDialog(const QString& title) : body_(new QWidget(this))
 {
@@ -108,11 +111,21 @@ void FramedDialog::showEvent(QShowEvent* event)
 
 Qt::Edges FramedDialog::edgesAt(const QPoint& at) const
 {
+    const int left = at.x();
+    const int top = at.y();
+    const int right = width() - 1 - left;
+    const int bottom = height() - 1 - top;
+    const bool onEdge = std::min({left, right, bottom}) < kEdge || top < kEdge / 2;
+    if (!onEdge)
+        return {};
+    // The very corners are cut off, so that an edge is grabbed for both of them near its ends.
+    const bool nearCorner = std::min(left, right) < kCorner && std::min(top, bottom) < kCorner;
+    const auto reach = [nearCorner](int edge) { return nearCorner ? kCorner : edge; };
     Qt::Edges edges;
-    edges.setFlag(Qt::LeftEdge, at.x() < kEdge);
-    edges.setFlag(Qt::RightEdge, at.x() >= width() - kEdge);
-    edges.setFlag(Qt::TopEdge, at.y() < kEdge / 2);
-    edges.setFlag(Qt::BottomEdge, at.y() >= height() - kEdge);
+    edges.setFlag(Qt::LeftEdge, left < reach(kEdge));
+    edges.setFlag(Qt::RightEdge, right < reach(kEdge));
+    edges.setFlag(Qt::TopEdge, top < reach(kEdge / 2));
+    edges.setFlag(Qt::BottomEdge, bottom < reach(kEdge));
     return edges;
 }
 

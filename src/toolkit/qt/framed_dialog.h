@@ -9,6 +9,9 @@
 namespace tandrel
 {
 
+/// Before which a dialog belongs; null where no form is seen.
+QWindow* windowOfActiveForm();
+
 class FramedDialog : public QDialog
 {
 public:
