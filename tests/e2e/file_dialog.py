@@ -34,8 +34,9 @@ def wait_gone(display, window, limit=20):
     wait_for(gone, limit, "the end of the dialog")
 
 
-def enter(display, window, text):
-    """Puts a text into the field of the name and presses Enter. Alt+N leads into the field in English."""
+def enter(display, text):
+    """Puts a text into the field of the name and presses Enter. Alt+N leads into the field in all languages; where a folder
+    is asked for it begins there."""
     display.run("xdotool", "key", "--clearmodifiers", "alt+n")
     display.run("xdotool", "key", "--clearmodifiers", "ctrl+a")
     display.run("xdotool", "type", "--clearmodifiers", "--delay", "4", text)
@@ -54,14 +55,14 @@ def selection_of(names):
 def choose(display, title, folder, *names):
     """Chooses files of one folder in the dialog of this title, and waits until it is gone. ASCII names."""
     window = wait_for_dialog(display, title)
-    enter(display, window, folder.rstrip("/") + "/")
-    enter(display, window, selection_of(names))
+    enter(display, folder.rstrip("/") + "/")
+    enter(display, selection_of(names))
     wait_gone(display, window)
 
 
 def choose_folder(display, title, folder):
     window = wait_for_dialog(display, title)
-    enter(display, window, folder)
+    enter(display, folder)
     wait_gone(display, window)
 
 

@@ -94,6 +94,25 @@ class FileDialogTest(unittest.TestCase):
         wait_for(taken, 20, "the choice of a double click")
         self.assertEqual(self.chosen(), [os.path.join(files, "Crossing the strait.mp4")])
 
+    def test_it_stands_before_a_window_that_covers_the_screen(self):
+        self.show("coveredDialog")
+        file_dialog.wait_for_dialog(self.display, TITLE)
+        wait_for(self.is_seen, 10, "the dialog before the cover")
+        self.display.run("xdotool", "mousemove", "3", "3", "click", "1")
+        # What a click beside it does is done when the dialog takes keys again.
+        file_dialog.enter(self.display, "none.avi")
+        wait_for(self.is_seen, 10, "the dialog before the cover, whatever is clicked")
+        file_dialog.choose(self.display, TITLE, self.folder, "a.avi")
+        self.assertEqual(self.chosen(), self.in_folder("a.avi"))
+
+    def is_seen(self):
+        """The glass of its list is what the screen shows in its middle."""
+        middle = [int(size) // 2 for size in self.display_size.split("x")]
+        crop = f"1x1+{middle[0] + 60}+{middle[1] + 80}"
+        raw = subprocess.run(["import", "-window", "root", "-crop", crop, "-depth", "8", "rgb:-"],
+                             env=self.display.environment, capture_output=True, check=True).stdout
+        return tuple(raw[:3]) == (0x0A, 0x1E, 0x36)
+
     def test_dragged_and_resized(self):
         self.show()
         window = file_dialog.wait_for_dialog(self.display, TITLE)

@@ -19,6 +19,7 @@
 #include "texts/menu.h"
 #include "toolkit/program.h"
 #include "toolkit/qt/qt_backend.h"
+#include "toolkit/screen.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -26,7 +27,9 @@
 #include <QDir>
 #include <QFile>
 
+#include <chrono>
 #include <cstdio>
+#include <filesystem>
 #include <functional>
 #include <map>
 
@@ -100,6 +103,10 @@ QString makeHome()
     };
     for (const auto& [name, size] : films)
         makeFile(home + QStringLiteral("/Videos/") + QLatin1String(name), size);
+    constexpr std::chrono::seconds kSpring(1773500400);
+    for (const char* folder : {"/Videos/Holidays", "/Videos/Regatta 2025"})
+        std::filesystem::last_write_time(home.toStdString() + folder,
+                                         std::chrono::file_clock::from_sys(std::chrono::sys_seconds(kSpring)));
     return home;
 }
 
@@ -111,7 +118,7 @@ void chooseFiles(FileDialog::Kind kind)
     qputenv("HOME", home.toUtf8());
     FileDialog dialog;
     dialog.kind = kind;
-    dialog.title = kind == FileDialog::Kind::Folder ? "Choose a folder" : "Open Multiple Video...";
+    dialog.title = kind == FileDialog::Kind::Folder ? "Choose a folder" : localised("title.openMultiple");
     dialog.folder = home.toStdString() + "/Videos/";
     dialog.several = kind == FileDialog::Kind::Open;
     if (kind != FileDialog::Kind::Folder)
@@ -120,6 +127,18 @@ void chooseFiles(FileDialog::Kind kind)
         std::printf("%s\n", path.c_str());
     std::fflush(stdout);
     backend().later(0, [] { backend().quit(); });
+}
+
+/// The dialog of a program whose active window covers the screen.
+void chooseBeforeCover()
+{
+    frmMedia();
+    static const auto cover = std::make_shared<Form>("cover", Frame::Bare, TwipsRect{0, 0, 0, 0});
+    cover->load();
+    cover->Move({0, 0, screen().Width(), screen().Height()});
+    cover->setFullScreen(true);
+    cover->Show();
+    backend().later(500, [] { chooseFiles(FileDialog::Kind::Open); });
 }
 
 const std::map<std::string, std::function<void()>>& windows()
@@ -148,6 +167,7 @@ const std::map<std::string, std::function<void()>>& windows()
              backend().messageBox(localised("message.makePrimary"), BoxStyle::YesNoQuestion, AppTitle);
          }},
         {"fileDialog", [] { chooseFiles(FileDialog::Kind::Open); }},
+        {"coveredDialog", chooseBeforeCover},
         {"folderDialog", [] { chooseFiles(FileDialog::Kind::Folder); }},
         {"saveDialog", [] { chooseFiles(FileDialog::Kind::Save); }},
         {"menu",
