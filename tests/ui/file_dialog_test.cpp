@@ -1,27 +1,11 @@
 // The toolkit's own dialog for files, driven by its controls while it is up.
 
-#include "widget_bench.h"
+#include "file_dialog_bench.h"
 
-#include "temporary_folder.h"
-
-#include "platform/path_marks.h"
-#include "toolkit/qt/file_list_view.h"
-#include "toolkit/qt/file_names.h"
-#include "toolkit/qt/file_places.h"
 #include "toolkit/qt/palette.h"
 #include "toolkit/screen.h"
 
-#include <QComboBox>
-#include <QDialog>
-#include <QLabel>
-#include <QLineEdit>
 #include <QListWidget>
-#include <QPushButton>
-#include <QtTest/qtestkeyboard.h>
-#include <QtTest/qtestmouse.h>
-
-#include <filesystem>
-#include <fstream>
 
 namespace tandrel::test
 {
@@ -32,124 +16,6 @@ using ::testing::IsEmpty;
 
 namespace
 {
-
-QDialog* upDialog()
-{
-    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-    return dialog && dialog->objectName() == QStringLiteral("fileDialog") ? dialog : nullptr;
-}
-
-template <class Widget>
-Widget* part(const char* name)
-{
-    return upDialog()->findChild<Widget*>(QString::fromLatin1(name));
-}
-
-FileListView* list() { return upDialog()->findChild<FileListView*>(QStringLiteral("fileList")); }
-QLineEdit* nameField() { return part<QLineEdit>("fileName"); }
-std::string hintText() { return part<QLabel>("fileHint")->text().toStdString(); }
-std::string lookedIn() { return part<QComboBox>("lookIn")->currentText().toStdString(); }
-void clickAccept() { part<QPushButton>("accept")->click(); }
-void clickReject() { part<QPushButton>("reject")->click(); }
-
-std::vector<std::string> shownNames()
-{
-    std::vector<std::string> names;
-    const QAbstractItemModel& rows = *list()->model();
-    for (int row = 0; row < rows.rowCount(); ++row)
-        names.push_back(rows.index(row, 0).data().toString().toStdString());
-    return names;
-}
-
-QModelIndex rowOf(const std::string& shown)
-{
-    const auto names = shownNames();
-    const auto found = std::find(names.begin(), names.end(), shown);
-    return found == names.end() ? QModelIndex() : list()->model()->index(static_cast<int>(found - names.begin()), 0);
-}
-
-QPoint placeOf(const std::string& shown)
-{
-    const QModelIndex index = rowOf(shown);
-    EXPECT_TRUE(index.isValid()) << shown;
-    list()->scrollTo(index);
-    return list()->visualRect(index).center();
-}
-
-void clickOn(const std::string& shown, Qt::KeyboardModifiers held = Qt::NoModifier)
-{
-    QTest::mouseClick(list()->viewport(), Qt::LeftButton, held, placeOf(shown));
-}
-
-void doubleClickOn(const std::string& shown)
-{
-    clickOn(shown);
-    const QPoint at = placeOf(shown);
-    QTest::mouseDClick(list()->viewport(), Qt::LeftButton, Qt::NoModifier, at);
-    QTest::mouseRelease(list()->viewport(), Qt::LeftButton, Qt::NoModifier, at);
-}
-
-void typeName(const std::string& text)
-{
-    nameField()->setFocus();
-    nameField()->selectAll();
-    QTest::keyClicks(nameField(), QString::fromStdString(text));
-}
-
-void pressEnter() { QTest::keyClick(nameField(), Qt::Key_Return); }
-
-constexpr int kPatienceMs = 15000;
-
-class FileDialogs : public WidgetBench
-{
-protected:
-    FileDialogs()
-    {
-        what.title = "Open Multiple Video...";
-        what.folder = folder.path() + "/";
-        what.several = true;
-        what.filters = {{"Films", {"*.avi", "*.mp4"}}, {"All Files", {"*"}}};
-        for (const char* name : {"a.avi", "B.MP4", "c.mp4", "notes.txt", "below/deep.avi"})
-            make(name);
-    }
-
-    std::string make(const std::string& name)
-    {
-        const std::filesystem::path path = folder.path() + "/" + name;
-        std::filesystem::create_directories(path.parent_path());
-        std::ofstream(path) << "film";
-        return path.string();
-    }
-    std::string in(const std::string& name) const { return folder.path() + "/" + name; }
-
-    /// What the dialog gives while the user takes these steps, each as soon as the list shows what it says it shows.
-    struct Step {
-        std::string waitFor;
-        std::function<void()> act;
-    };
-    std::vector<Text> choose(std::vector<Step> steps)
-    {
-        std::size_t next = 0;
-        const Meanwhile user([&] {
-            if (!upDialog() || (!steps[next].waitFor.empty() && !rowOf(steps[next].waitFor).isValid()))
-                return false;
-            steps[next++].act();
-            return next == steps.size();
-        });
-        QTimer::singleShot(kPatienceMs, &qt, [&] {
-            if (!upDialog())
-                return;
-            ADD_FAILURE() << "step " << next << " waits for " << (next < steps.size() ? steps[next].waitFor : "an end");
-            upDialog()->reject();
-        });
-        auto chosen = qt.chooseFiles(what);
-        EXPECT_TRUE(user.isDone()) << "the dialog went before step " << next;
-        return chosen;
-    }
-
-    TemporaryFolder folder;
-    FileDialog what;
-};
 
 TEST_F(FileDialogs, BeginsInTheFolderThatIsAskedForWithTheTitleThatIsGiven)
 {
@@ -417,115 +283,6 @@ TEST_F(FileDialogs, AFileToSaveNeedsNotBeThereAndIsNotReplacedUnasked)
                 IsEmpty());
 }
 
-/// Names that a file may have here. The second is how they are seen.
-struct OddName {
-    std::string bytes;
-    std::string shown;
-};
-
-TEST_F(FileDialogs, EveryNameComesOutAsItsOwnMarkedPath)
-{
-    const OddName odd[] = {
-        {"say \"hi\".avi", "say \"hi\".avi"},
-        {"\"quoted\".avi", "\"quoted\".avi"},
-        {"one|two||three.avi", "one|two||three.avi"},
-        {"line\nend\r.avi", "line end .avi"},
-        {"latin \xE9t\xE9.avi", "latin \xEF\xBF\xBDt\xEF\xBF\xBD.avi"},
-        {"  blanks  .avi", "  blanks  .avi"},
-        {"%1 & tab\t.avi", "%1 & tab\t.avi"},
-    };
-    for (const OddName& name : odd) {
-        make(name.bytes);
-        const Text expected = markPath(in(name.bytes));
-        EXPECT_THAT(choose({{name.shown,
-                             [&] {
-                                 clickOn(name.shown);
-                                 clickAccept();
-                             }}}),
-                    ElementsAre(expected));
-        EXPECT_THAT(choose({{name.shown, [&] { doubleClickOn(name.shown); }}}), ElementsAre(expected));
-        // The field can't hold a line end or a tab that is typed; what is seen is enough.
-        EXPECT_THAT(choose({{name.shown,
-                             [&] {
-                                 nameField()->setText(QString::fromStdString(name.shown));
-                                 QTest::keyClick(nameField(), Qt::Key_X);
-                                 QTest::keyClick(nameField(), Qt::Key_Backspace);
-                                 clickAccept();
-                             }}}),
-                    ElementsAre(expected))
-            << name.shown;
-    }
-}
-
-TEST_F(FileDialogs, SeveralOddNamesComeOutTogether)
-{
-    make("a\"b.avi");
-    make("caf\xE9.avi");
-    EXPECT_THAT(choose({{"a\"b.avi",
-                         [] {
-                             clickOn("a\"b.avi");
-                             clickOn("caf\xEF\xBF\xBD.avi", Qt::ControlModifier);
-                             clickAccept();
-                         }}}),
-                ElementsAre(markPath(in("a\"b.avi")), in("caf\xE9.avi")));
-}
-
-TEST_F(FileDialogs, NamesThatLookAlikeAreToldApartByTheirRowsOnly)
-{
-    make("caf\xE8.avi");
-    make("caf\xE9.avi");
-    std::vector<Text> both;
-    EXPECT_THAT(choose({{"caf\xEF\xBF\xBD.avi",
-                         [] {
-                             typeName("x");
-                             nameField()->setText(QString::fromUtf8("caf\xEF\xBF\xBD.avi"));
-                             clickAccept();
-                             EXPECT_THAT(hintText(), HasSubstr("caf"));
-                             const int first = rowOf("caf\xEF\xBF\xBD.avi").row();
-                             list()->setCurrentIndex(list()->model()->index(first + 1, 0));
-                             clickAccept();
-                         }}}),
-                ElementsAre(in("caf\xE9.avi")));
-}
-
-TEST_F(FileDialogs, ANameThatMarksWouldTurnIntoAnotherIsRefused)
-{
-    const std::string standIn = markPath("\"") + ".avi";
-    make(standIn);
-    make("\".avi");
-    EXPECT_THAT(choose({{"\".avi",
-                         [] {
-                             for (const int row : {0, 1}) {
-                                 const QModelIndex index = list()->model()->index(rowOf("\".avi").row() + row, 0);
-                                 list()->setCurrentIndex(index);
-                                 clickAccept();
-                                 if (!upDialog() || !upDialog()->isVisible())
-                                     break;
-                                 EXPECT_THAT(hintText(), HasSubstr("\".avi"));
-                             }
-                         }}}),
-                ElementsAre(markPath(in("\".avi"))));
-}
-
-TEST_F(FileDialogs, AFolderWithAnOddNameIsEntered)
-{
-    make("odd \xFF|\n/film.avi");
-    EXPECT_THAT(choose({{"odd \xEF\xBF\xBD| ", [] { doubleClickOn("odd \xEF\xBF\xBD| "); }},
-                        {"film.avi",
-                         [] {
-                             clickOn("film.avi");
-                             clickAccept();
-                         }}}),
-                ElementsAre(markPath(in("odd \xFF|\n/film.avi"))));
-    what.folder = markPath(in("odd \xFF|\n/"));
-    EXPECT_THAT(choose({{"film.avi",
-                         [] {
-                             typeName("film.avi");
-                             pressEnter();
-                         }}}),
-                ElementsAre(markPath(in("odd \xFF|\n/film.avi"))));
-}
-
 TEST_F(FileDialogs, TheEndOfTheProgramCancelsItAndTheBoxAboveIt)
 {
     EXPECT_THAT(choose({{"a.avi",
@@ -698,42 +455,6 @@ TEST_F(FileDialogs, ThePointerOfALongCommandRestsWhileItIsUp)
     ASSERT_TRUE(QGuiApplication::overrideCursor());
     EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
     tandrel::screen().MousePointer = pointer::kDefault;
-}
-
-TEST(FileNames, PatternsAreThoseOfAShell)
-{
-    EXPECT_TRUE(fitsPattern("a.avi", "*.avi"));
-    EXPECT_TRUE(fitsPattern("A.AVI", "*.avi"));
-    EXPECT_TRUE(fitsPattern("a.avi.avi", "*.avi"));
-    EXPECT_TRUE(fitsPattern("", "*"));
-    EXPECT_TRUE(fitsPattern("no dot", "*"));
-    EXPECT_TRUE(fitsPattern("\xFF.avi", "?.avi"));
-    EXPECT_TRUE(fitsPattern("a1b2", "a*b?"));
-    EXPECT_FALSE(fitsPattern("a.avi", "*.av"));
-    EXPECT_FALSE(fitsPattern("avi", "*.avi"));
-    EXPECT_FALSE(fitsPattern("a.avix", "*.avi"));
-    EXPECT_FALSE(fitsPattern("", "?"));
-}
-
-TEST(FileNames, AddressesAreTakenByteForByte)
-{
-    EXPECT_EQ(localPathOf("file:///a%20b/%FF%7C.avi"), QByteArray("/a b/\xFF|.avi"));
-    EXPECT_EQ(localPathOf("file://localhost/a"), QByteArray("/a"));
-    EXPECT_EQ(localPathOf("file:/a"), QByteArray("/a"));
-    for (const char* other :
-         {"file://host/a", "smb://host/a", "http://a/b", "/a", "file:", "file:a", "file:///a%00b", ""})
-        EXPECT_EQ(localPathOf(other), std::nullopt) << other;
-}
-
-TEST(FileNames, OnlyMediaForUsersAreOffered)
-{
-    const QByteArray table = "/dev/sda1 / ext4 rw 0 0\n"
-                             "/dev/sdb1 /media/ann/My\\040disk vfat rw 0 0\n"
-                             "/dev/sdc1 /run/media/ann/B iso9660 ro 0 0\n"
-                             "/dev/sdd1 /mnt/films ext4 rw 0 0\n"
-                             "tool /mnt/deep/below tmpfs rw 0 0\n"
-                             "proc /proc proc rw 0 0\nbroken";
-    EXPECT_THAT(mountedMedia(table), ElementsAre("/media/ann/My disk", "/run/media/ann/B", "/mnt/films"));
 }
 
 } // namespace

@@ -127,6 +127,7 @@ QLayout* FileDialogWindow::makeMiddle()
     connect(places_, &QListWidget::itemActivated, this, go);
     list_ = named(new FileListView(&body()), "fileList");
     list_->setModel(&model_);
+    list_->setColumnHidden(FileModel::Size, choosesFolders());
     list_->setIconSize(scaledSize({kIcon, kIcon}));
     list_->setSelectionMode(what_.several ? QAbstractItemView::ExtendedSelection : QAbstractItemView::SingleSelection);
     list_->sortByColumn(preferences().column, preferences().order);

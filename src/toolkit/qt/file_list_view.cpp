@@ -18,7 +18,7 @@ namespace tandrel
 namespace
 {
 
-constexpr int kSizeWidth = 84;
+constexpr int kSizeWidth = 98;
 constexpr int kKindWidth = 80;
 constexpr int kDateWidth = 136;
 /// Narrower lists leave the lesser columns out.
