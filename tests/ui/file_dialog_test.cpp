@@ -6,6 +6,7 @@
 #include "toolkit/screen.h"
 
 #include <QListWidget>
+#include <QWindow>
 
 namespace tandrel::test
 {
@@ -107,6 +108,26 @@ TEST_F(FileDialogs, TheFilterSaysWhatIsListed)
                                                                                        clickReject();
                                                                                    }}});
     EXPECT_THAT(all, ElementsAre("below", "a.avi", "B.MP4", "c.mp4", "no dot", "notes.txt"));
+}
+
+TEST_F(FileDialogs, AnotherOrderLeavesTheChoice)
+{
+    EXPECT_THAT(choose({{"a.avi",
+                         [] {
+                             clickOn("a.avi");
+                             clickOn("c.mp4", Qt::ControlModifier);
+                             list()->sortByColumn(0, Qt::DescendingOrder);
+                             EXPECT_THAT(shownNames(), ElementsAre("below", "c.mp4", "B.MP4", "a.avi"));
+                             clickAccept();
+                         }}}),
+                ElementsAre(in("a.avi"), in("c.mp4")));
+    EXPECT_THAT(choose({{"a.avi",
+                         [] {
+                             EXPECT_EQ(shownNames().back(), "a.avi") << "the next dialog keeps the order";
+                             list()->sortByColumn(0, Qt::AscendingOrder);
+                             clickReject();
+                         }}}),
+                IsEmpty());
 }
 
 TEST_F(FileDialogs, EscapeAndTheCloseBoxCancel)
@@ -294,6 +315,28 @@ TEST_F(FileDialogs, TheEndOfTheProgramCancelsItAndTheBoxAboveIt)
                 IsEmpty());
     EXPECT_FALSE(QApplication::activeModalWidget());
     EXPECT_THAT(qt.chooseFiles(what), IsEmpty()) << "and none comes up any more";
+}
+
+TEST_F(FileDialogs, ItStandsBeforeTheActiveFormAndOnItsMonitor)
+{
+    const auto small = std::make_shared<Form>("small", Frame::Dialog, TwipsRect{0, 0, 3000, 3000});
+    const auto large = std::make_shared<Form>("large", Frame::Dialog, TwipsRect{0, 0, 6000, 6000});
+    large->Show();
+    small->Show();
+    const QWindow* before = nullptr;
+    const auto look = [&] {
+        before = upDialog()->windowHandle()->transientParent();
+        clickReject();
+    };
+    choose({{"a.avi", look}});
+    EXPECT_EQ(before, windowOf(*small)->windowHandle());
+    applicationDeactivated();
+    choose({{"a.avi", look}});
+    EXPECT_EQ(before, windowOf(*large)->windowHandle()) << "which may cover the screen";
+    large->Hide();
+    small->Hide();
+    choose({{"a.avi", look}});
+    EXPECT_EQ(before, nullptr);
 }
 
 TEST_F(FileDialogs, TimersOfTheProgramGoOnMeanwhile)

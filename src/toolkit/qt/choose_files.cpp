@@ -3,6 +3,7 @@
 #include "toolkit/qt/file_dialog_window.h"
 #include "toolkit/qt/portal_file_dialog.h"
 #include "toolkit/qt/qt_backend.h"
+#include "toolkit/qt/x11_hints.h"
 #include "toolkit/screen.h"
 
 #include <QGuiApplication>
@@ -41,6 +42,9 @@ std::vector<Text> QtBackend::chooseFiles(const FileDialog& what)
     mousePointerChanged(pointer::kDefault);
     const std::vector<Text> chosen = chooseSomewhere(what);
     mousePointerChanged(tandrel::screen().mousePointer());
+    // A window manager gives the keys back to the window that had them.
+    if (QWindow* before = windowOfActiveForm(); before && !windowManagerPresent())
+        before->requestActivate();
     return boxesEnded_ ? std::vector<Text>() : chosen;
 }
 

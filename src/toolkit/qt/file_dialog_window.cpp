@@ -101,7 +101,8 @@ void FileDialogWindow::hint(const Text& text, const QString& name)
 
 void FileDialogWindow::acceptChoice()
 {
-    if (edited_)
+    // Another order or filter of the list takes the rows of a selection away, and leaves its names.
+    if (edited_ || selectedEntries().empty())
         acceptTyped();
     else
         acceptSelection();

@@ -1,6 +1,7 @@
 #include "toolkit/qt/framed_dialog.h"
 
 #include "toolkit/activation.h"
+#include "toolkit/form.h"
 #include "toolkit/qt/frame_painter.h"
 
 #include <QGuiApplication>
@@ -34,6 +35,13 @@ Qt::CursorShape cursorOf(Qt::Edges edges)
     return edges ? Qt::SizeVerCursor : Qt::ArrowCursor;
 }
 
+/// Null while the form is not on the screen.
+const QWidget* seenWindowOf(const Form& form)
+{
+    const QWidget* window = form.isLoaded() ? QWidget::find(static_cast<WId>(form.hWnd())) : nullptr;
+    return window && window->isVisible() ? window : nullptr;
+}
+
 QRect workAreaOf(const QWindow* window)
 {
     const QScreen* on = window ? QGuiApplication::screenAt(window->geometry().center()) : nullptr;
@@ -58,9 +66,15 @@ QRect stretched(QRect place, Qt::Edges edges, const QPoint& by, const QSize& lea
 
 QWindow* windowOfActiveForm()
 {
-    const Form* form = activeForm();
-    const QWidget* widget = form && form->isLoaded() ? QWidget::find(static_cast<WId>(form->hWnd())) : nullptr;
-    return widget && widget->isVisible() ? widget->windowHandle() : nullptr;
+    if (const QWidget* active = activeForm() ? seenWindowOf(*activeForm()) : nullptr)
+        return active->windowHandle();
+    // Another program is the active one: the largest window may cover the screen.
+    const QWidget* largest = nullptr;
+    const auto area = [](const QWidget* window) { return window ? window->width() * window->height() : 0; };
+    for (const auto& form : openForms())
+        if (const QWidget* window = seenWindowOf(*form); area(window) > area(largest))
+            largest = window;
+    return largest ? largest->windowHandle() : nullptr;
 }
 
 FramedDialog::FramedDialog(const QString& title) : body_(new QWidget(this))

@@ -9,7 +9,7 @@
 namespace tandrel
 {
 
-/// Before which a dialog belongs; null where no form is seen.
+/// Before which a dialog belongs: the active form's, else the largest. Null where no form is seen.
 QWindow* windowOfActiveForm();
 
 class FramedDialog : public QDialog
