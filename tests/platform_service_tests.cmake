@@ -11,3 +11,10 @@ target_link_libraries(platform_display PRIVATE tandrel_platform_dbus tandrel_pla
                                                Qt6::Gui PkgConfig::xcb GTest::gmock)
 add_test(NAME platform_display COMMAND xvfb-run -a -s "-screen 0 640x480x24 -noreset" $<TARGET_FILE:platform_display>)
 set_tests_properties(platform_display PROPERTIES LABELS display TIMEOUT 300 ENVIRONMENT "QT_QPA_PLATFORM=xcb;QT_NO_GLIB=1")
+
+# The desktop's dialog for files, which the test itself plays on a bus of its own.
+add_executable(portal_dialog platform/portal_file_dialog_test.cpp)
+target_link_libraries(portal_dialog PRIVATE tandrel_toolkit_qt tandrel_flags Qt6::DBus Qt6::Widgets GTest::gmock)
+target_include_directories(portal_dialog PRIVATE support)
+add_test(NAME portal_dialog COMMAND portal_dialog)
+set_tests_properties(portal_dialog PROPERTIES LABELS ui TIMEOUT 120 ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_NO_GLIB=1")

@@ -42,6 +42,8 @@ class Display:
         self.name = ":" + number
         self.environment = {key: value for key, value in os.environ.items() if key != "WAYLAND_DISPLAY"}
         self.environment["DISPLAY"] = self.name
+        # A desktop outside would show its dialogs on its own display.
+        self.environment["TANDREL_FILE_DIALOG"] = "toolkit"
         if self.with_manager:
             self.processes.append(subprocess.Popen(["openbox"], env=self.environment, stdout=subprocess.DEVNULL,
                                                    stderr=subprocess.DEVNULL))

@@ -93,6 +93,7 @@ struct Platform {
 int run(QApplication& application)
 {
     QtBackend qt;
+    qt.setBusCheck(sessionBusIsSilent);
     installBackend(&qt);
     Platform platform;
     const SignalWatch report({SIGUSR1}, [&] { writeStatusReport(platform.media, qt.paints()); });

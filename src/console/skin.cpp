@@ -11,6 +11,7 @@
 #include "persist/openmenu.h"
 #include "texts/links.h"
 #include "texts/localised.h"
+#include "texts/localised_dialog.h"
 #include "texts/menu.h"
 
 namespace tandrel
@@ -132,6 +133,7 @@ void frmMedia::nameInLanguage()
     slidemenu().mnuSlideLeft.Caption = localised("slidemenu.mnuSlideLeft");
     backend().setBoxTexts({localised("box.yes"), localised("box.no"), localised("box.ok"), localised("system.minimise"),
                            localised("system.close")});
+    backend().setFileDialogTexts(localisedDialogTexts());
     showMode();
 }
 

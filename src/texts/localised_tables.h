@@ -7,6 +7,7 @@ namespace tandrel
 {
 
 std::span<const TextRow> consoleTexts();
+std::span<const TextRow> dialogTexts();
 std::span<const TextRow> helpTexts();
 std::span<const TextRow> messageTexts();
 std::span<const TextRow> windowTexts();

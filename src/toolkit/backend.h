@@ -116,6 +116,34 @@ struct FileDialog {
     bool several = false;
 };
 
+/// What that dialog says where the toolkit draws it. "&" stands before the letter of an access key, "%1" for a name.
+struct FileDialogTexts {
+    Text open = "&Open";
+    Text save = "&Save";
+    Text choose = "&Choose";
+    Text cancel = "Cancel";
+    Text lookIn = "Look &in:";
+    Text fileName = "File &name:";
+    Text folderName = "Fol&der:";
+    Text fileTypes = "Files of &type:";
+    Text name = "Name";
+    Text size = "Size";
+    Text kind = "Type";
+    Text date = "Modified";
+    Text folder = "Folder";
+    Text home = "Home";
+    Text desktop = "Desktop";
+    Text videos = "Videos";
+    Text music = "Music";
+    Text computer = "Computer";
+    Text up = "One folder up";
+    Text empty = "Nothing of this type here";
+    Text unreadable = "This folder can't be read.";
+    Text notThere = "There is no \"%1\" here.";
+    Text oneOnly = "Only one file can be chosen.";
+    Text replace = "\"%1\" is there already. Save once more to replace it.";
+};
+
 class Backend
 {
 public:
@@ -140,6 +168,7 @@ public:
     virtual Bitmap picture(const Text&, int, int) { return {}; }
     /// What the buttons of message boxes and of the windows' own menu say, in the user's language.
     virtual void setBoxTexts(const BoxTexts&) {}
+    virtual void setFileDialogTexts(const FileDialogTexts&) {}
     /// Ends the event loop.
     virtual void quit() {}
     virtual void beep() {}

@@ -19,11 +19,17 @@
 #include "texts/menu.h"
 #include "toolkit/program.h"
 #include "toolkit/qt/qt_backend.h"
+#include "toolkit/screen.h"
 
 #include <QApplication>
 #include <QCursor>
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
 
+#include <chrono>
 #include <cstdio>
+#include <filesystem>
 #include <functional>
 #include <map>
 
@@ -70,6 +76,71 @@ void popUp(Menu& head)
     PopupMenu(head);
 }
 
+void makeFile(const QString& path, qint64 size)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || !file.resize(size))
+        std::fprintf(stderr, "%s can't be written\n", qPrintable(path));
+    file.setFileTime(QDateTime(QDate(2026, 3, 14), QTime(15, 9).addSecs(static_cast<int>(size % 7000))),
+                     QFileDevice::FileModificationTime);
+}
+
+/// A home with folders and films, which holds what the user of the pictures has.
+QString makeHome()
+{
+    const QString home = QDir::tempPath() + QStringLiteral("/tandrel-gallery/home");
+    for (const char* folder : {"Videos/Holidays", "Videos/Regatta 2025", "Music", "Desktop"})
+        QDir().mkpath(home + QLatin1Char('/') + QLatin1String(folder));
+    const std::pair<const char*, qint64> films[] = {
+        {"Crossing the strait.mp4", 734003217},
+        {"Harbour at dawn.avi", 182456789},
+        {"Take 1.mp4", 41234567},
+        {"Take 2.mp4", 39876543},
+        {"Take 10.mp4", 45678901},
+        {"Night race.mkv", 1534003217},
+        {"Lighthouse.webm", 8765432},
+        {"notes.txt", 812},
+    };
+    for (const auto& [name, size] : films)
+        makeFile(home + QStringLiteral("/Videos/") + QLatin1String(name), size);
+    constexpr std::chrono::seconds kSpring(1773500400);
+    for (const char* folder : {"/Videos/Holidays", "/Videos/Regatta 2025"})
+        std::filesystem::last_write_time(home.toStdString() + folder,
+                                         std::chrono::file_clock::from_sys(std::chrono::sys_seconds(kSpring)));
+    return home;
+}
+
+/// The real dialog; what is chosen is printed, a path a line.
+void chooseFiles(FileDialog::Kind kind)
+{
+    frmMedia();
+    const QString home = makeHome();
+    qputenv("HOME", home.toUtf8());
+    FileDialog dialog;
+    dialog.kind = kind;
+    dialog.title = kind == FileDialog::Kind::Folder ? "Choose a folder" : localised("title.openMultiple");
+    dialog.folder = home.toStdString() + "/Videos/";
+    dialog.several = kind == FileDialog::Kind::Open;
+    if (kind != FileDialog::Kind::Folder)
+        dialog.filters = {{"Supported Media Files", {"*.avi", "*.mkv", "*.mp4", "*.webm"}}, {"All Files", {"*"}}};
+    for (const Text& path : backend().chooseFiles(dialog))
+        std::printf("%s\n", path.c_str());
+    std::fflush(stdout);
+    backend().later(0, [] { backend().quit(); });
+}
+
+/// The dialog of a program whose active window covers the screen.
+void chooseBeforeCover()
+{
+    frmMedia();
+    static const auto cover = std::make_shared<Form>("cover", Frame::Bare, TwipsRect{0, 0, 0, 0});
+    cover->load();
+    cover->Move({0, 0, screen().Width(), screen().Height()});
+    cover->setFullScreen(true);
+    cover->Show();
+    backend().later(500, [] { chooseFiles(FileDialog::Kind::Open); });
+}
+
 const std::map<std::string, std::function<void()>>& windows()
 {
     static const std::map<std::string, std::function<void()>> all{
@@ -95,6 +166,10 @@ const std::map<std::string, std::function<void()>>& windows()
              frmMedia();
              backend().messageBox(localised("message.makePrimary"), BoxStyle::YesNoQuestion, AppTitle);
          }},
+        {"fileDialog", [] { chooseFiles(FileDialog::Kind::Open); }},
+        {"coveredDialog", chooseBeforeCover},
+        {"folderDialog", [] { chooseFiles(FileDialog::Kind::Folder); }},
+        {"saveDialog", [] { chooseFiles(FileDialog::Kind::Save); }},
         {"menu",
          [] {
              frmMedia();

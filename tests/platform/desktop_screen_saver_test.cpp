@@ -5,6 +5,7 @@
 #include "platform/dbus/session_idle_bus.h"
 #include "platform/x11/connection.h"
 #include "platform/x11/screen_saver.h"
+#include "private_bus.h"
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
@@ -13,7 +14,6 @@
 #include <QDBusVirtualObject>
 #include <QElapsedTimer>
 #include <QProcess>
-#include <QTemporaryDir>
 
 #include <chrono>
 #include <csignal>
@@ -22,10 +22,7 @@
 #include <gmock/gmock.h>
 #include <optional>
 #include <string>
-#include <sys/socket.h>
-#include <sys/un.h>
 #include <thread>
-#include <unistd.h>
 #include <vector>
 #include <xcb/screensaver.h>
 
@@ -42,7 +39,6 @@ using namespace std::chrono_literals;
 constexpr const char* kService = "org.freedesktop.ScreenSaver";
 constexpr const char* kPath = "/org/freedesktop/ScreenSaver";
 constexpr const char* kOldPath = "/ScreenSaver";
-constexpr const char* kBusVariable = "DBUS_SESSION_BUS_ADDRESS";
 
 std::unique_ptr<IdleBus> sessionBus() { return makeSessionIdleBus("A player", "A test plays"); }
 
@@ -117,77 +113,6 @@ private:
     QDBusServiceWatcher watcher_;
     std::vector<QDBusMessage> kept_;
     unsigned cookies_ = 40;
-};
-
-/// A session bus of its own, which the environment names until the end of the object.
-class PrivateBus
-{
-public:
-    PrivateBus()
-    {
-        daemon_.start(QStringLiteral("dbus-daemon"),
-                      {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--nopidfile"),
-                       QStringLiteral("--print-address=1"), QStringLiteral("--address=unix:tmpdir=/tmp")});
-        EXPECT_TRUE(comesTrue([this] { return daemon_.canReadLine(); }));
-        address = QString::fromLatin1(daemon_.readLine()).trimmed();
-        qputenv(kBusVariable, address.toLatin1());
-    }
-    ~PrivateBus()
-    {
-        qunsetenv(kBusVariable);
-        end();
-    }
-    void end()
-    {
-        daemon_.kill();
-        daemon_.waitForFinished();
-    }
-
-    QString address;
-
-private:
-    QProcess daemon_;
-};
-
-/// A socket that takes connections and never says a word, named by the environment until the end of the object.
-class SilentBus
-{
-public:
-    SilentBus() : socket_(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0))
-    {
-        const std::string path = (folder_.path() + QStringLiteral("/bus")).toStdString();
-        sockaddr_un name{};
-        name.sun_family = AF_UNIX;
-        path.copy(static_cast<char*>(name.sun_path), sizeof name.sun_path - 1);
-        EXPECT_EQ(::bind(socket_, reinterpret_cast<const sockaddr*>(&name), sizeof name), 0);
-        EXPECT_EQ(::listen(socket_, 8), 0);
-        qputenv(kBusVariable, QByteArray::fromStdString("unix:path=" + path));
-    }
-    ~SilentBus()
-    {
-        qunsetenv(kBusVariable);
-        for (const int caller : callers_)
-            ::close(caller);
-        ::close(socket_);
-    }
-
-    /// True once more for each caller that has begun to talk.
-    bool hasNewCaller()
-    {
-        char first = 0;
-        if (const int caller = ::accept4(socket_, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK); caller >= 0)
-            callers_.push_back(caller);
-        if (callers_.size() == heard_ || ::recv(callers_.back(), &first, 1, 0) != 1)
-            return false;
-        heard_ = callers_.size();
-        return true;
-    }
-
-private:
-    QTemporaryDir folder_;
-    int socket_;
-    std::vector<int> callers_;
-    std::size_t heard_ = 0;
 };
 
 /// The same program once more, as one of the others that it can be.

@@ -2,6 +2,7 @@
 
 #include "media/shared_state.h"
 #include "texts/localised.h"
+#include "texts/localised_dialog.h"
 
 #include <gmock/gmock.h>
 
@@ -81,7 +82,7 @@ TEST_F(TextsLocalised, EveryFormHasItsRows)
     EXPECT_THAT(rows,
                 UnorderedElementsAre(Pair("frmMedia", 24), Pair("menu", 2), Pair("openmenu", 5), Pair("slidemenu", 2),
                                      Pair("frmHelp", 27), Pair("message", 7), Pair("frmToolTip", 2), Pair("title", 3),
-                                     Pair("frmPrev", 2), Pair("box", 3), Pair("system", 2)));
+                                     Pair("frmPrev", 2), Pair("box", 3), Pair("system", 2), Pair("dialog", 24)));
 }
 
 TEST_F(TextsLocalised, KeysAreUniqueAndNameAGroup)
@@ -140,12 +141,35 @@ TEST_F(TextsLocalised, OnlyTheseTextsAreThoseOfEnglish)
         for (std::size_t column = 1; column < kTextLanguages.size(); ++column)
             if (one.texts[column] == one.texts.front())
                 same.insert(Text(one.key) + " " + Text(kTextLanguages[column]));
-    EXPECT_THAT(same,
-                UnorderedElementsAre("frmMedia.imgPause FR", "frmMedia.imgPause DE", "frmMedia.Label6 ES",
-                                     "frmMedia.Label6 FR", "frmMedia.Label6 PT", "frmMedia.Label4 ES",
-                                     "frmMedia.Label4 FR", "frmMedia.Label4 IT", "frmMedia.Label4 PT",
-                                     "frmMedia.InvertSlider FR", "frmMedia.InvertSlider IT", "frmMedia.InvertSlider PT",
-                                     "box.no ES", "box.no IT", "box.ok FR", "box.ok IT", "box.ok DE", "box.ok PT"));
+    EXPECT_THAT(same, UnorderedElementsAre(
+                          "frmMedia.imgPause FR", "frmMedia.imgPause DE", "frmMedia.Label6 ES", "frmMedia.Label6 FR",
+                          "frmMedia.Label6 PT", "frmMedia.Label4 ES", "frmMedia.Label4 FR", "frmMedia.Label4 IT",
+                          "frmMedia.Label4 PT", "frmMedia.InvertSlider FR", "frmMedia.InvertSlider IT",
+                          "frmMedia.InvertSlider PT", "box.no ES", "box.no IT", "box.ok FR", "box.ok IT", "box.ok DE",
+                          "box.ok PT", "dialog.computer IT", "dialog.computer DE", "dialog.home IT", "dialog.kind FR",
+                          "dialog.name DE", "dialog.videos DE"));
+}
+
+TEST_F(TextsLocalised, TheDialogNamesWhatItSpeaksOf)
+{
+    for (const TextRow& one : textTable())
+        for (const auto text : one.texts)
+            EXPECT_EQ(count(text, "%1"), one.key == "dialog.notThere" || one.key == "dialog.replace" ? 1 : 0) << text;
+}
+
+TEST_F(TextsLocalised, TheDialogHasItsTextsInTheLanguageInUse)
+{
+    Language = "DE";
+    const FileDialogTexts texts = localisedDialogTexts();
+    EXPECT_EQ(texts.open, "Ö&ffnen");
+    EXPECT_EQ(texts.cancel, "Abbrechen");
+    EXPECT_EQ(texts.lookIn, "Suchen &in:");
+    EXPECT_EQ(texts.size, "Größe");
+    EXPECT_EQ(texts.folder, "Ordner");
+    EXPECT_EQ(texts.replace, localised("dialog.replace"));
+    Language = "EN";
+    EXPECT_EQ(localisedDialogTexts().open, FileDialogTexts().open);
+    EXPECT_EQ(localisedDialogTexts().replace, FileDialogTexts().replace);
 }
 
 // Spots.

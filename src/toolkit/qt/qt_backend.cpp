@@ -12,6 +12,7 @@
 #include "toolkit/timer.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QMouseEvent>
 #include <QScreen>
 #include <QTimer>
@@ -151,8 +152,10 @@ void QtBackend::endBoxes()
     boxesEnded_ = true;
     if (QWidget* menu = QApplication::activePopupWidget())
         menu->close();
-    if (auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
-        box->done(QDialog::Rejected);
+    // A box may be up above a dialog for files.
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (auto* box = qobject_cast<QDialog*>(window); box && box->isModal() && box->isVisible())
+            box->done(QDialog::Rejected);
     for (const auto& form : openForms())
         if (const QWidget* window = form->isLoaded() ? QWidget::find(form->hWnd()) : nullptr;
             window && window->isModal() && window->isVisible())

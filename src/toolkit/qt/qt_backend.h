@@ -5,8 +5,10 @@
 
 #include <QObject>
 
+#include <functional>
 #include <map>
 #include <memory>
+#include <vector>
 
 class QTimer;
 
@@ -25,10 +27,12 @@ public:
     void timerGone(Timer& timer) override;
     void mousePointerChanged(Integer shape) override;
     BoxAnswer messageBox(const Text& text, BoxStyle style, const Text& title) override;
+    std::vector<Text> chooseFiles(const FileDialog& what) override;
     Menu* popUp(Menu& head) override;
     Bitmap picture(const Text& name, int width, int height) override;
     void setBoxTexts(const BoxTexts& texts) override { boxTexts_ = texts; }
     const BoxTexts& boxTexts() const { return boxTexts_; }
+    void setFileDialogTexts(const FileDialogTexts& texts) override { fileDialogTexts_ = texts; }
     void later(int ms, std::function<void()> task) override;
     void quit() override;
     void beep() override;
@@ -47,6 +51,10 @@ public:
         PressedByKey(const PressedByKey&) = delete;
     };
 
+    /// Tells whether the session bus takes callers and says nothing; it is asked on another thread, and may wait.
+    /// Without it, or where it says no, the desktop's own dialog for files is used where there is one.
+    void setBusCheck(std::function<bool()> busIsSilent) { busIsSilent_ = std::move(busIsSilent); }
+
     /// How many paintings of windows and controls there were so far: a window at rest costs none.
     long paints() const { return paints_; }
 
@@ -55,8 +63,13 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    std::vector<Text> chooseSomewhere(const FileDialog& what);
+
     std::map<Timer*, std::unique_ptr<QTimer>> timers_;
     BoxTexts boxTexts_;
+    FileDialogTexts fileDialogTexts_;
+    std::function<bool()> busIsSilent_;
+    bool desktopIsSilent_ = false;
     bool pointerSet_ = false;
     bool boxesEnded_ = false;
     long paints_ = 0;

@@ -55,6 +55,37 @@ QComboBox::drop-down { border: none; width: {26}; }
 QComboBox::down-arrow { image: url(:/skin/arrow_down.svg); width: {12}; height: {12}; }
 QComboBox QAbstractItemView { background: %glass; selection-background-color: %deep; border: 1px solid %rim;
                               outline: none; padding: {4}; }
+QLabel[role="hint"] { color: %group; font-size: {12}; }
+QLineEdit { background: %glass; border: 1px solid %rim; border-radius: {8}; padding: {4} {10}; font-size: {13};
+            selection-background-color: %deep; selection-color: %text; }
+QLineEdit:hover { border-color: %moves; }
+QLineEdit:focus { border: 2px solid %moves; padding: {3} {9}; }
+QToolButton { background: %button; border: 1px solid %rim; border-radius: {8}; padding: {5} {7}; }
+QToolButton:hover { background: %hover; border-color: %moves; }
+QToolButton:pressed { background: %pressed; }
+QToolButton:focus { border: 2px solid %moves; padding: {4} {6}; }
+QTreeView, QListWidget { background: %glass; border: 1px solid %rim; border-radius: {8}; padding: {3}; outline: none;
+                         font-size: {12}; }
+QTreeView:focus, QListWidget:focus { border: 1px solid %moves; }
+QListWidget#filePlaces { background: transparent; border-color: transparent; }
+QListWidget#filePlaces:focus { border-color: %moves; }
+QTreeView::item { height: {25}; border: none; padding: 0 {4}; }
+QListWidget::item { height: {28}; border-radius: {6}; padding: 0 {6}; }
+QTreeView::item:hover, QListWidget::item:hover { background: %base; }
+QTreeView::item:selected, QListWidget::item:selected { background: %deep; color: %text; }
+QListWidget#filePlaces::item:selected:!active, QListWidget#filePlaces::item:selected { background: %button; }
+QListWidget#filePlaces::item:hover:!selected { background: %hoverdim; }
+QHeaderView { background: transparent; border: none; }
+QHeaderView::section { background: transparent; color: %quiet; border: none; border-bottom: 1px solid %rim;
+                       padding: {4} {8}; font-size: {11}; }
+QHeaderView::section:hover { color: %text; }
+QHeaderView::up-arrow { image: url(:/skin/sort_up.svg); width: {9}; height: {9}; }
+QHeaderView::down-arrow { image: url(:/skin/sort_down.svg); width: {9}; height: {9}; }
+QScrollBar:vertical { background: transparent; width: {10}; margin: {2}; }
+QScrollBar::handle:vertical { background: %button; border-radius: {3}; min-height: {28}; }
+QScrollBar::handle:vertical:hover { background: %hover; }
+QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
+QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }
 QProgressBar { background: %glass; border: 1px solid %rim; border-radius: {4}; }
 QProgressBar::chunk { background: %moves; border-radius: {3}; }
 QToolTip { background: %glass; color: %text; border: 1px solid %rim; padding: {4} {6}; font-size: {12}; }
@@ -90,6 +121,8 @@ QString sheet()
         {"%body", palette::kBase},
         {"%glass", palette::kGlassBottom},
         {"%button", palette::kBodyTop},
+        {"%base", palette::kBase},
+        {"%hoverdim", palette::kBase.lighter(130)},
         {"%hover", palette::kBodyTop.lighter(125)},
         {"%pressed", palette::kBodyBottom},
     };
