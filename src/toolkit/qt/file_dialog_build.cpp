@@ -119,29 +119,8 @@ QLayout* FileDialogWindow::makeTop()
 
 QLayout* FileDialogWindow::makeMiddle()
 {
-    places_ = named(new QListWidget, "filePlaces");
-    places_->setIconSize(scaledSize({kIcon, kIcon}));
-    places_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    const auto go = [this](const QListWidgetItem* item) { enter(item->data(Qt::UserRole).toByteArray()); };
-    connect(places_, &QListWidget::itemClicked, this, go);
-    connect(places_, &QListWidget::itemActivated, this, go);
-    list_ = named(new FileListView(&body()), "fileList");
-    list_->setModel(&model_);
-    list_->setColumnHidden(FileModel::Size, choosesFolders());
-    list_->setIconSize(scaledSize({kIcon, kIcon}));
-    list_->setSelectionMode(what_.several ? QAbstractItemView::ExtendedSelection : QAbstractItemView::SingleSelection);
-    list_->sortByColumn(preferences().column, preferences().order);
-    list_->chosen = [this] {
-        edited_ = false;
-        const auto entries = selectedEntries();
-        // A folder is gone into, also where folders are what is chosen.
-        if (entries.size() == 1 && entries.front().isFolder)
-            enter(pathIn(folder_, entries.front().name));
-        else if (!entries.empty())
-            acceptSelection();
-    };
-    list_->goUp = [this] { enter(parentFolder(folder_)); };
-    connect(list_->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] { selectionChanged(); });
+    makePlaces();
+    makeList();
     auto* row = new QHBoxLayout;
     row->setSpacing(scaledPixels(kGap));
     row->addWidget(places_);
@@ -149,7 +128,30 @@ QLayout* FileDialogWindow::makeMiddle()
     return row;
 }
 
-QLayout* FileDialogWindow::makeBottom()
+void FileDialogWindow::makePlaces()
+{
+    places_ = named(new QListWidget, "filePlaces");
+    places_->setIconSize(scaledSize({kIcon, kIcon}));
+    places_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    const auto go = [this](const QListWidgetItem* item) { enter(item->data(Qt::UserRole).toByteArray()); };
+    connect(places_, &QListWidget::itemClicked, this, go);
+    connect(places_, &QListWidget::itemActivated, this, go);
+}
+
+void FileDialogWindow::makeList()
+{
+    list_ = named(new FileListView(&body()), "fileList");
+    list_->setModel(&model_);
+    list_->setColumnHidden(FileModel::Size, choosesFolders());
+    list_->setIconSize(scaledSize({kIcon, kIcon}));
+    list_->setSelectionMode(what_.several ? QAbstractItemView::ExtendedSelection : QAbstractItemView::SingleSelection);
+    list_->sortByColumn(preferences().column, preferences().order);
+    list_->chosen = [this] { acceptRows(); };
+    list_->goUp = [this] { enter(parentFolder(folder_)); };
+    connect(list_->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] { selectionChanged(); });
+}
+
+void FileDialogWindow::makeName()
 {
     hint_ = named(new QLabel, "fileHint");
     hint_->setProperty("role", QStringLiteral("hint"));
@@ -160,21 +162,35 @@ QLayout* FileDialogWindow::makeBottom()
         edited_ = true;
         hint({});
     });
+}
+
+void FileDialogWindow::makeFilter()
+{
     filter_ = named(new QComboBox, "fileFilter");
     filter_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     filter_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     for (const FileDialog::Filter& one : what_.filters)
         filter_->addItem(rendered(one.name));
     connect(filter_, &QComboBox::currentIndexChanged, this, [this] { applyFilter(); });
-    const Text& does = choosesFolders()                       ? texts_.choose
-                       : what_.kind == FileDialog::Kind::Save ? texts_.save
-                                                              : texts_.open;
+}
+
+void FileDialogWindow::makeButtons()
+{
+    const bool saves = what_.kind == FileDialog::Kind::Save;
+    const Text& does = choosesFolders() ? texts_.choose : saves ? texts_.save : texts_.open;
     accept_ = named(new QPushButton(rendered(does)), "accept");
     accept_->setDefault(true);
     connect(accept_, &QPushButton::clicked, this, [this] { acceptChoice(); });
     reject_ = named(new QPushButton(rendered(texts_.cancel)), "reject");
     reject_->setAutoDefault(false);
     connect(reject_, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+QLayout* FileDialogWindow::makeBottom()
+{
+    makeName();
+    makeFilter();
+    makeButtons();
     auto* grid = new QGridLayout;
     grid->setSpacing(scaledPixels(kGap));
     grid->addWidget(hint_, 0, 0, 1, 3);
@@ -186,8 +202,10 @@ QLayout* FileDialogWindow::makeBottom()
     grid->addWidget(filter_, 2, 1);
     grid->addWidget(reject_, 2, 2);
     grid->setColumnStretch(1, 1);
-    kinds->setVisible(!what_.filters.empty());
-    filter_->setVisible(!what_.filters.empty());
+    if (what_.filters.empty()) {
+        kinds->hide();
+        filter_->hide();
+    }
     return grid;
 }
 

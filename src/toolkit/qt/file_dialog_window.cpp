@@ -108,6 +108,17 @@ void FileDialogWindow::acceptChoice()
         acceptSelection();
 }
 
+void FileDialogWindow::acceptRows()
+{
+    edited_ = false;
+    const std::vector<FileEntry> entries = selectedEntries();
+    // A folder is gone into, also where folders are what is chosen.
+    if (entries.size() == 1 && entries.front().isFolder)
+        enter(pathIn(folder_, entries.front().name));
+    else if (!entries.empty())
+        acceptSelection();
+}
+
 void FileDialogWindow::acceptSelection()
 {
     const std::vector<FileEntry> entries = selectedEntries();

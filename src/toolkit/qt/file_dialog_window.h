@@ -37,7 +37,12 @@ private:
     void build();
     QLayout* makeTop();
     QLayout* makeMiddle();
+    void makePlaces();
+    void makeList();
     QLayout* makeBottom();
+    void makeName();
+    void makeFilter();
+    void makeButtons();
     void fillPlaces();
     void fillLookIn();
 
@@ -50,6 +55,8 @@ private:
     /// What the button and Enter do.
     void acceptChoice();
     void acceptSelection();
+    /// What a double click on a row and Enter in the list do.
+    void acceptRows();
     void acceptTyped();
     void acceptTypedOne(const QString& name);
     void acceptToSave(const QByteArray& path);
