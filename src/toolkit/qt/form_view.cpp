@@ -6,6 +6,7 @@
 #include "toolkit/qt/way_back.h"
 #include "toolkit/qt/x11_hints.h"
 
+#include "toolkit/activation.h"
 #include "toolkit/screen.h"
 
 #include <QElapsedTimer>
@@ -17,8 +18,32 @@ namespace tandrel
 
 namespace
 {
+
 constexpr qint64 kScreenWaitMs = 60;
-}
+
+/// Activates a window that was not on the screen yet when it was asked for, unless another form has become the active
+/// one meanwhile: the window system would do it all the same, and take the keys away from that one.
+class ActivationAtExpose : public QObject
+{
+public:
+    ActivationAtExpose(const Form& form, QWidget& widget) : QObject(&widget), form_(form), widget_(widget) {}
+
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() != QEvent::Expose || !widget_.windowHandle()->isExposed())
+            return false;
+        if (widget_.isVisible() && activeForm() == &form_)
+            widget_.activateWindow();
+        deleteLater();
+        return false;
+    }
+
+private:
+    const Form& form_;
+    QWidget& widget_;
+};
+
+} // namespace
 
 QtFormView::QtFormView(Form& form) : form_(form), widget_(new FormWidget(form)) {}
 
@@ -85,7 +110,11 @@ void QtFormView::raise() { widget_->raise(); }
 void QtFormView::activate()
 {
     widget_->raise();
-    widget_->activateWindow();
+    QWindow* window = widget_->windowHandle();
+    if (window->isExposed())
+        widget_->activateWindow();
+    else if (!activationWaits_)
+        window->installEventFilter(activationWaits_ = new ActivationAtExpose(form_, *widget_));
     widget_->update();
 }
 

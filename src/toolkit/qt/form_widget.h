@@ -96,6 +96,7 @@ private:
     Form& form_;
     QPointer<FormWidget> widget_;
     QPointer<QWidget> wayBack_;
+    QPointer<QObject> activationWaits_;
     /// Whoever waits for the end of the form, the last one on top.
     std::vector<QEventLoop*> waiting_;
     void endWaiting();
