@@ -38,6 +38,7 @@ void frmMedia::onActivate()
     InvertSlider.SetFocus();
     if (!heldByCommand)
         screen().MousePointer = pointer::kDefault;
+    keepSpareWindows();
 }
 
 bool frmMedia::markOwner()

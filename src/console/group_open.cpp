@@ -25,6 +25,7 @@ void frmMedia::cmdOpen()
         return;
     Text chosen;
     GetFiles("Open Multiple Video...", chosen);
+    const OpenAhead ahead(List1.entries());
     Unload<class frmToolTip>();
     if (!chosen.empty() && hasResult(chosen))
         endRecentDialog();
@@ -39,6 +40,7 @@ void frmMedia::openPaths(const std::vector<Text>& paths)
     if (!prepareGroup())
         return;
     takeGroup(paths);
+    const OpenAhead ahead(List1.entries());
     openGroup();
 }
 

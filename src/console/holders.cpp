@@ -13,6 +13,7 @@
 #include "texts/frm_wait.h"
 #include "texts/menu.h"
 #include "toolkit/holder.h"
+#include "video/slots.h"
 
 namespace tandrel
 {
@@ -47,6 +48,7 @@ TANDREL_HOLDER(share)
 
 void forgetForms()
 {
+    forgetSpareWindows();
     Holder<class frmStart>::forget();
     Holder<class frmMedia>::forget();
     Holder<class frmPanel>::forget();

@@ -54,6 +54,7 @@ void frmMedia::OpenSingleVideo()
         endRecentDialog();
     if (!hasNewFile(chosen))
         return;
+    const OpenAhead ahead(List1.entries());
     endOtherMedia();
     tellFirstTip();
     stopJump();
@@ -75,6 +76,7 @@ void frmMedia::OpenSingleVideoMKV()
     GetFiles2("Open MKV Video...", chosen);
     if (!hasNewFile(chosen))
         return;
+    const OpenAhead ahead(List1.entries());
     Unload<class frmToolTip>();
     if (hasResult(chosen))
         endRecentDialog();
@@ -151,10 +153,7 @@ void frmMedia::runBatch(const std::function<void()>& work)
     frmWait().Show();
     frmWait().showProgress(0, List1.ListCount());
     holdTimers(true);
-    {
-        const OpenAhead ahead(List1.entries());
-        trap(work);
-    }
+    trap(work);
     holdTimers(false);
     Unload<class frmWait>();
     screen().MousePointer = pointer::kDefault;

@@ -164,6 +164,8 @@ public:
     virtual Menu* popUp(Menu& head);
     /// Runs `task` so many ms later, at once where nothing is seen.
     virtual void later(int ms, std::function<void()> task);
+    /// Runs `task` once there is nothing else to do. Only a program on a screen ever waits: elsewhere it never runs.
+    virtual void whenIdle(std::function<void()>) {}
     /// A drawing of the skin at this size, in black where it is clear. Empty where nothing is seen.
     virtual Bitmap picture(const Text&, int, int) { return {}; }
     /// What the buttons of message boxes and of the windows' own menu say, in the user's language.

@@ -2,11 +2,34 @@
 
 #include "console/frm_media.h"
 #include "console/holders.h"
+#include "toolkit/program.h"
+#include "toolkit/screen.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tandrel
 {
+
+namespace
+{
+
+std::vector<std::shared_ptr<frmChild>>& spares()
+{
+    static std::vector<std::shared_ptr<frmChild>> windows;
+    return windows;
+}
+
+std::shared_ptr<frmChild> newWindow()
+{
+    if (spares().empty())
+        return newForm<frmChild>();
+    auto window = std::move(spares().back());
+    spares().pop_back();
+    return window;
+}
+
+} // namespace
 
 void forEachLive(const std::function<void(frmChild&)>& visit)
 {
@@ -92,13 +115,32 @@ void dropFailedSlots()
     }
 }
 
+void keepSpareWindows()
+{
+    const auto wanted = [] { return MaxVideos - static_cast<int>(liveCount()); };
+    if (static_cast<int>(spares().size()) >= wanted() || frmMedia().ClosingDown)
+        return;
+    backend().whenIdle([wanted] {
+        // What is under way now will ask again.
+        if (programEnded() || screen().MousePointer() != pointer::kDefault ||
+            static_cast<int>(spares().size()) >= wanted())
+            return;
+        spares().push_back(newForm<frmChild>());
+        spares().back()->load();
+        keepSpareWindows();
+    });
+}
+
+void forgetSpareWindows() { spares().clear(); }
+
 frmChild& newSlot(const Text& path)
 {
     const auto index = static_cast<std::size_t>(static_cast<std::int32_t>(NextSlot));
-    const auto slot = newForm<frmChild>();
+    const auto slot = newWindow();
     VideoWindows.resize(index + 1);
     VideoWindows[index] = slot;
     slot->load();
+    slot->Volume = frmMedia().VolumeSlider.Value;
     slot->Caption = "§" + path;
     slot->MediaFile = CurrentAlias;
     return *slot;

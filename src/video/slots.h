@@ -42,6 +42,13 @@ void dropFailedSlots();
 /// A new window at index `NextSlot`: what stood there is replaced, and the table ends with it.
 frmChild& newSlot(const Text& path);
 
+/// Makes windows ahead, one by one while nothing else is to be done, so that there is one for every video that still
+/// has room: a window takes longer to make than to show.
+void keepSpareWindows();
+
+/// Lets go of them, which the end of all forms has ended.
+void forgetSpareWindows();
+
 /// " [ name ] " and 50 blanks: the title of the console.
 Text titleFor(const Text& name);
 

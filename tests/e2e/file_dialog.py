@@ -34,12 +34,17 @@ def wait_gone(display, window, limit=20):
     wait_for(gone, limit, "the end of the dialog")
 
 
-def enter(display, text):
-    """Puts a text into the field of the name and presses Enter. Alt+N leads into the field in all languages; where a folder
-    is asked for it begins there."""
+def type_name(display, text):
+    """Puts a text into the field of the name. Alt+N leads into the field in all languages; where a folder is asked for it
+    begins there."""
     display.run("xdotool", "key", "--clearmodifiers", "alt+n")
     display.run("xdotool", "key", "--clearmodifiers", "ctrl+a")
     display.run("xdotool", "type", "--clearmodifiers", "--delay", "4", text)
+
+
+def enter(display, text):
+    """Puts a text into the field of the name and presses Enter."""
+    type_name(display, text)
     display.run("xdotool", "key", "--clearmodifiers", "Return")
 
 

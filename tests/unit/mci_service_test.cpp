@@ -231,6 +231,19 @@ TEST_F(MciServiceTest, APlayIsNotHeldBackForLong)
     EXPECT_EQ(answer, "400");
 }
 
+TEST_F(MciServiceTest, WhoeverTellsWhenItIsIdleMayTakeTwoSecondsForAHandler)
+{
+    ASSERT_EQ(send("open film alias A"), 0);
+    mci.idle();
+    EXPECT_EQ(send("Play A"), 0);
+    clock.advance(1900ms);
+    EXPECT_EQ(send("status A length"), 0);
+    EXPECT_FALSE(engine->state("film")->running);
+    clock.advance(100ms);
+    EXPECT_EQ(send("status A length"), 0);
+    EXPECT_TRUE(engine->state("film")->running);
+}
+
 TEST_F(MciServiceTest, PlaysOfAGroupStartTogether)
 {
     for (const char* alias : {"A", "B", "C"})

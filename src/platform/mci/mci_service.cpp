@@ -13,8 +13,10 @@ namespace
 {
 using namespace std::chrono_literals;
 
-// A play that nobody told the service to go on with is not held back for longer than this.
+// A play is held back for no longer than this where nobody ever told the service to go on, and for no longer than that
+// where somebody does, whose handlers may take their time.
 constexpr auto kLongestHold = 50ms;
+constexpr auto kLongestHandler = 2s;
 // Those of a group that are ready wait for the others, but not for one that does not come to its place.
 constexpr auto kLongestGathering = 2s;
 constexpr double kFullVolume = 1000;
@@ -90,10 +92,7 @@ MciService::~MciService() { closeAll(); }
 
 int MciService::send(std::string_view text, std::span<char> answer)
 {
-    if (gathering_)
-        startTogether();
-    else
-        startThoseWaitingSince(now_() - kLongestHold);
+    startThoseForgotten();
     answer_.clear();
     const Command command = parseCommand(text);
     const int result = command.headError != 0 ? command.headError : run(command);
@@ -101,8 +100,17 @@ int MciService::send(std::string_view text, std::span<char> answer)
     return result;
 }
 
+void MciService::startThoseForgotten()
+{
+    if (gathering_)
+        startTogether();
+    else
+        startThoseWaitingSince(now_() - (tellsIdle_ ? kLongestHandler : kLongestHold));
+}
+
 bool MciService::idle()
 {
+    tellsIdle_ = true;
     // Of all the places that an opening handler gives a picture only the last is worth drawing.
     for (const Entry& entry : devices_)
         entry.device->show();

@@ -85,6 +85,8 @@ private:
     std::vector<Entry>::iterator find(std::string_view alias);
     int smallestFreeId() const;
     void startThoseWaitingSince(Device::Moment latest);
+    /// What a command begins with: not every caller tells when it is idle.
+    void startThoseForgotten();
     /// All that wait for their start begin together once each stands where it is to begin. False if some still wait.
     bool startTogether();
     /// The device that a command would go to; null for one that would be refused.
@@ -98,6 +100,8 @@ private:
     std::vector<Entry> devices_;
     /// The caller has been idle, and some plays still wait for others.
     bool gathering_ = false;
+    /// The caller tells when it is idle.
+    bool tellsIdle_ = false;
     /// What the command under way answers.
     std::string answer_;
 };

@@ -1,7 +1,9 @@
 #include "platform/mpv/early_opens.h"
 
 #include <algorithm>
+#include <chrono>
 #include <system_error>
+#include <thread>
 
 namespace tandrel
 {
@@ -12,44 +14,86 @@ using namespace std::chrono_literals;
 
 constexpr auto kPulse = 50ms;
 
-bool isDone(const std::future<EarlyOpens::Result>& result)
-{
-    // What could not have a thread of its own is done when it is asked for.
-    return result.wait_for(0s) != std::future_status::timeout;
-}
+int mostAtATime() { return std::max(2, static_cast<int>(std::thread::hardware_concurrency())); }
 
-std::future<EarlyOpens::Result> start(EarlyOpens::Open open)
+template <class Jobs>
+auto jobFor(Jobs& jobs, const std::string& path)
 {
-    try {
-        return std::async(std::launch::async, open);
-    } catch (const std::system_error&) {
-        return std::async(std::launch::deferred, std::move(open));
-    }
+    return std::find_if(jobs.begin(), jobs.end(), [&](const auto& job) { return job->path == path; });
 }
 } // namespace
 
-EarlyOpens::~EarlyOpens()
+EarlyOpens::~EarlyOpens() { drop(); }
+
+void EarlyOpens::begin(const std::string& path, Open open)
 {
-    drop();
-    for (auto& result : dropped_)
-        result.wait();
+    auto job = std::make_shared<Job>();
+    job->path = path;
+    job->open = std::move(open);
+    begun_.push_back(job);
+    {
+        const std::lock_guard lock(mutex_);
+        if (working_ >= mostAtATime()) {
+            waiting_.push_back(std::move(job));
+            return;
+        }
+    }
+    addWorker(std::move(job));
 }
 
-void EarlyOpens::begin(const std::string& path, Open open) { begun_.push_back({path, start(std::move(open))}); }
+bool EarlyOpens::isBegun(const std::string& path) const { return jobFor(begun_, path) != begun_.end(); }
 
-bool EarlyOpens::isBegun(const std::string& path) const
+void EarlyOpens::addWorker(JobRef first)
 {
-    return std::any_of(begun_.begin(), begun_.end(), [&](const Entry& entry) { return entry.path == path; });
+    std::erase_if(workers_,
+                  [](const std::future<void>& worker) { return worker.wait_for(0s) == std::future_status::ready; });
+    {
+        const std::lock_guard lock(mutex_);
+        ++working_;
+    }
+    const auto run = [this, first = std::move(first)] { work(first); };
+    try {
+        workers_.push_back(std::async(std::launch::async, run));
+    } catch (const std::system_error&) {
+        // Without a thread to spare the caller has to wait.
+        run();
+    }
 }
 
-std::optional<EarlyOpens::Result> EarlyOpens::take(const std::string& path, const std::function<void()>& pulse)
+void EarlyOpens::work(JobRef job)
 {
-    const auto found =
-        std::find_if(begun_.begin(), begun_.end(), [&](const Entry& entry) { return entry.path == path; });
-    if (found == begun_.end())
-        return {};
-    std::future<Result> result = std::move(found->result);
+    while (job) {
+        job->result.set_value(job->open());
+        // Whatever the job still holds goes here, not with whoever has taken its result.
+        job = next();
+    }
+}
+
+EarlyOpens::JobRef EarlyOpens::next()
+{
+    const std::lock_guard lock(mutex_);
+    if (waiting_.empty() || working_ > mostAtATime()) {
+        --working_;
+        return nullptr;
+    }
+    JobRef job = std::move(waiting_.front());
+    waiting_.pop_front();
+    return job;
+}
+
+EarlyOpens::Result EarlyOpens::take(const std::string& path, const std::function<void()>& pulse)
+{
+    const auto found = jobFor(begun_, path);
+    const JobRef job = *found;
     begun_.erase(found);
+    bool isWaiting = false;
+    {
+        const std::lock_guard lock(mutex_);
+        isWaiting = std::erase(waiting_, job) > 0;
+    }
+    if (isWaiting)
+        addWorker(job);
+    std::future<Result> result = job->result.get_future();
     while (result.wait_for(kPulse) == std::future_status::timeout)
         if (pulse)
             pulse();
@@ -58,15 +102,9 @@ std::optional<EarlyOpens::Result> EarlyOpens::take(const std::string& path, cons
 
 void EarlyOpens::drop()
 {
-    for (Entry& entry : begun_)
-        dropped_.push_back(std::move(entry.result));
     begun_.clear();
-    clearDropped();
-}
-
-void EarlyOpens::clearDropped()
-{
-    std::erase_if(dropped_, [](const std::future<Result>& result) { return isDone(result); });
+    const std::lock_guard lock(mutex_);
+    waiting_.clear();
 }
 
 } // namespace tandrel

@@ -1,5 +1,4 @@
-/// Files that are opened on threads of their own, each ahead of the command that asks for it or while that command
-/// waits.
+/// Files that are opened on threads of their own, ahead of the command that asks for them or while that command waits.
 #pragma once
 
 #include "platform/mpv/mpv_device.h"
@@ -7,11 +6,15 @@
 #include <deque>
 #include <functional>
 #include <future>
+#include <mutex>
 #include <string>
+#include <vector>
 
 namespace tandrel
 {
 
+/// All is called on one thread. As many files are opened at a time as there are processors: opened all at once, they
+/// would all be done at the end, and whoever waits for the first would have lost the time.
 class EarlyOpens
 {
 public:
@@ -22,29 +25,41 @@ public:
     /// Opens a file; runs on another thread, and takes 5 s at most.
     using Open = std::function<Result()>;
 
+    EarlyOpens() = default;
     /// Waits for what is still being opened, and lets go of it.
     ~EarlyOpens();
+    EarlyOpens(const EarlyOpens&) = delete;
+    EarlyOpens& operator=(const EarlyOpens&) = delete;
 
-    /// Begins to open `path`.
+    /// Begins to open `path`, behind those begun before.
     void begin(const std::string& path, Open open);
-    /// Takes over what was begun for this path; nothing if there is none. Blocks until it is done, `pulse` running
-    /// about every 50 ms meanwhile.
-    std::optional<Result> take(const std::string& path, const std::function<void()>& pulse);
-    /// Lets go of all that has not been taken: what is done now, the others with a later call.
-    void drop();
     bool isBegun(const std::string& path) const;
+    /// Takes over what was begun for this path, which has to be there. Blocks until it is done, and never behind
+    /// others; `pulse` runs about every 50 ms meanwhile.
+    Result take(const std::string& path, const std::function<void()>& pulse);
+    /// Lets go of all that has not been taken.
+    void drop();
 
 private:
-    struct Entry {
+    struct Job {
         std::string path;
-        std::future<Result> result;
+        Open open;
+        std::promise<Result> result;
     };
+    using JobRef = std::shared_ptr<Job>;
 
-    void clearDropped();
+    void addWorker(JobRef first);
+    void work(JobRef job);
+    JobRef next();
 
-    std::deque<Entry> begun_;
-    /// Nobody wants these; each goes when its thread has ended.
-    std::deque<std::future<Result>> dropped_;
+    /// In the order of their beginning.
+    std::deque<JobRef> begun_;
+    std::mutex mutex_;
+    /// Those that no worker has taken up.
+    std::deque<JobRef> waiting_;
+    int working_ = 0;
+    /// Last, so that their threads have ended before anything else here goes.
+    std::vector<std::future<void>> workers_;
 };
 
 } // namespace tandrel

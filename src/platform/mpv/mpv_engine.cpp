@@ -118,17 +118,17 @@ OpenResult MpvEngine::open(const std::string& path, std::optional<WindowHandle> 
         return {OpenFailure::NoWindow, nullptr};
     if (!shown || !early_.isBegun(path))
         begin(path, shown);
-    auto result = early_.take(path, whileWaiting);
+    EarlyOpens::Result result = early_.take(path, whileWaiting);
     stock_.keep(std::max(0, options_.mostDevices - openDevices()));
-    if (!result || result->failure != OpenFailure::None)
-        return {result ? result->failure : OpenFailure::NotPlayable, nullptr};
-    result->device->setPulse([this] {
+    if (result.failure != OpenFailure::None)
+        return {result.failure, nullptr};
+    result.device->setPulse([this] {
         if (whileWaiting)
             whileWaiting();
     });
     if (shown)
-        result->device->moveInto(*parent, pixelRatio(parent));
-    return {OpenFailure::None, std::move(result->device)};
+        result.device->moveInto(*parent, pixelRatio(parent));
+    return {OpenFailure::None, std::move(result.device)};
 }
 } // namespace
 

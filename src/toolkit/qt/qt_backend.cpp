@@ -26,6 +26,8 @@ namespace tandrel
 namespace
 {
 
+constexpr int kIdleMs = 30;
+
 constexpr int kIconSize = 128;
 
 Long twipsPerPixel(double dotsPerInch) { return 1440.0 / dotsPerInch; }
@@ -143,6 +145,12 @@ Bitmap QtBackend::picture(const Text& name, int width, int height)
 }
 
 void QtBackend::later(int ms, std::function<void()> task) { QTimer::singleShot(ms, this, std::move(task)); }
+
+void QtBackend::whenIdle(std::function<void()> task)
+{
+    // Behind what has just been done there is often more to come.
+    QTimer::singleShot(kIdleMs, this, std::move(task));
+}
 
 // A plain quit would ask every window to close first, which is for the forms to decide.
 void QtBackend::quit() { QCoreApplication::exit(0); }

@@ -34,6 +34,7 @@ public:
     const BoxTexts& boxTexts() const { return boxTexts_; }
     void setFileDialogTexts(const FileDialogTexts& texts) override { fileDialogTexts_ = texts; }
     void later(int ms, std::function<void()> task) override;
+    void whenIdle(std::function<void()> task) override;
     void quit() override;
     void beep() override;
 
