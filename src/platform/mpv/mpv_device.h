@@ -5,6 +5,7 @@
 #include "platform/mpv/media_tracks.h"
 #include "platform/mpv/mpv_channel.h"
 #include "platform/mpv/picture_window.h"
+#include "platform/mpv/step_stills.h"
 
 #include <future>
 
@@ -24,6 +25,8 @@ public:
 
     /// Loads the file, once. With `withoutSound` its sound is not even decoded, unless there is nothing else.
     OpenFailure load(const std::string& file, bool withoutSound);
+    /// Lets steps use pictures that are decoded apart from the player, where that is possible. After a load, once.
+    void keepPictures(const StepTools& tools, const MediaSource& source);
 
     const MediaFacts& facts() const override { return facts_; }
     void play() override;
@@ -52,6 +55,8 @@ private:
         Seeking,
         /// A step on was sent; the player holds again when it is done.
         Stepping,
+        /// A step back waits for its picture, which is being decoded.
+        Filling,
         /// The new place was asked for.
         Reading
     };
@@ -95,11 +100,34 @@ private:
     bool correctSeek();
     bool correctStep();
     bool correctEnd();
+    bool correctReturn();
     /// Lets seeks begin further ahead of their target; false if they do that already.
     bool growMargin();
     void forgetMoves();
+    void forgetPictures();
     void sendEnd();
     void stepBack();
+    void sendExactSeek(double place);
+    void sendStepOn();
+
+    double samePicture() const;
+    bool isSamePicture(double one, double other) const;
+    double playerTime(double place) const;
+    /// Steps may follow, at rest here.
+    void expectSteps(double place);
+    void expectStepsWhilePausing();
+    /// Goes on with a step back: shows its picture, or waits for it, or leaves it to the player.
+    void lookForPicture();
+    /// Shows a picture without the player. False if that cannot be done.
+    bool show(const KeptPicture& picture);
+    /// True if a step on is done, or under way; otherwise it is up to the player.
+    bool stepOnWithoutPlayer();
+    /// The player shows the right picture already.
+    void uncoverPlayer();
+    void bringPlayerHere();
+    void restAtPicture(bool steppedOn);
+    void runFromStill();
+    void sizePictures(PictureSize size);
     void turnSound(bool on);
     bool isExpected(double seconds) const;
     /// How far a running device has probably come since then, in seconds.
@@ -108,6 +136,10 @@ private:
     std::shared_ptr<void> inUse_;
     MpvChannel channel_;
     std::unique_ptr<PictureWindow> window_;
+    /// Null where the player does all steps by itself.
+    std::unique_ptr<StepStills> stills_;
+    /// Where the player rests while a picture is shown without it.
+    std::optional<double> behind_;
     double pixelRatio_;
     std::future<void> closed_;
     Moment closeDeadline_;
@@ -133,6 +165,10 @@ private:
     /// A step on is under way; a step back is to follow.
     bool stepsOn_ = false;
     bool thenBack_ = false;
+    bool thenOn_ = false;
+    double steppedFrom_ = 0;
+    /// The place of the picture that the player is being brought to.
+    std::optional<double> returnTo_;
     /// How far ahead of their target seeks begin, as a row of a table.
     std::size_t margin_ = 0;
 

@@ -17,6 +17,10 @@ namespace tandrel
 
 namespace
 {
+constexpr int kStepWorkers = 2;
+// What pictures for steps back take at most, of all devices together.
+constexpr std::size_t kStepBytes = 480 * 1024 * 1024;
+
 class MpvEngine final : public MediaEngine
 {
 public:
@@ -31,6 +35,8 @@ public:
 
 private:
     WindowSystem& windowSystem();
+    /// What a decoder of the graphics card makes, or a renderer there, is not like what the processor makes.
+    bool keepsPictures() const { return !settings_.hardwareDecoding && settings_.videoOutput != "gpu"; }
     double pixelRatio(std::optional<WindowHandle> window) const;
     int openDevices() const { return static_cast<int>(inUse_.use_count()) - 1; }
 
@@ -39,6 +45,7 @@ private:
     std::unique_ptr<WindowSystem> windowSystem_;
     /// Each device holds a share.
     std::shared_ptr<void> inUse_ = std::make_shared<char>();
+    StepTools stepTools_{std::make_shared<StepWorkers>(kStepWorkers), std::make_shared<StepBudget>(kStepBytes)};
     HandleStock stock_;
 };
 
@@ -85,6 +92,7 @@ OpenResult MpvEngine::open(const std::string& path, std::optional<WindowHandle> 
     if (media.failure != OpenFailure::None)
         return {media.failure, nullptr};
 
+    const MediaSource source{media.absolute, markOf(media.absolute), 0};
     mpv_handle* handle = stock_.take();
     if (handle == nullptr)
         return {OpenFailure::TimedOut, nullptr};
@@ -94,6 +102,8 @@ OpenResult MpvEngine::open(const std::string& path, std::optional<WindowHandle> 
     const OpenFailure failure = device->load(media.absolute, options_.outputs && settings_.audioOutput.empty());
     if (failure != OpenFailure::None)
         return {failure, nullptr};
+    if (keepsPictures())
+        device->keepPictures(stepTools_, source);
     return {OpenFailure::None, std::move(device)};
 }
 } // namespace
