@@ -10,6 +10,8 @@ namespace
 // Beyond that more pictures are of no use; with fewer they are made more often than it pays.
 constexpr std::size_t kMostPictures = 600;
 constexpr std::size_t kFewestPictures = 12;
+// What somebody who waits gets at first: pictures before these need not even be decoded in full.
+constexpr std::size_t kFirstPictures = 48;
 
 /// Gives pictures back to the system on a thread that nobody waits for.
 class Disposal final : public StepJob
@@ -95,11 +97,11 @@ std::shared_ptr<StepFill> StepCache::order(StepOrder order)
     return shelf_->job;
 }
 
-std::shared_ptr<StepFill> StepCache::orderUpTo(double time)
+std::shared_ptr<StepFill> StepCache::orderUpTo(double time, std::size_t most)
 {
     target_ = time;
     shelf_->failed = false;
-    return order({.target = time, .older = false, .most = capacity(), .size = {}, .tolerance = 0, .discarded = {}});
+    return order({.target = time, .older = false, .most = most, .size = {}, .tolerance = 0, .discarded = {}});
 }
 
 std::shared_ptr<StepFill> StepCache::orderOlder(std::size_t room, std::deque<KeptPicture> discarded)
@@ -132,9 +134,15 @@ void StepCache::aim(double time, Moment due)
         const bool there = shelf_->row.find(time) || (shelf_->job != nullptr && shelf_->job->covers(time));
         if (shelf_->doubtful || there || capacity() < kFewestPictures)
             return;
-        job = orderUpTo(time);
+        job = orderUpTo(time, capacity());
     }
     send(job, due);
+}
+
+bool StepCache::comesSoon(double time) const
+{
+    const StepFill& job = *shelf_->job;
+    return job.covers(time) && (job.begun() || job.most() <= kFirstPictures);
 }
 
 StepCache::Answer StepCache::before(double time, KeptPicture& found)
@@ -152,7 +160,7 @@ StepCache::Answer StepCache::before(double time, KeptPicture& found)
         const bool first = shelf_->row.find(time).has_value();
         if (shelf_->failed || (first && shelf_->complete))
             return Answer::Elsewhere;
-        const bool comes = shelf_->job != nullptr && (shelf_->job->older() ? first : shelf_->job->covers(time));
+        const bool comes = shelf_->job != nullptr && (shelf_->job->older() ? first : comesSoon(time));
         if (!comes && !first && (shelf_->row.misses(time) || (shelf_->job == nullptr && target_ == time))) {
             // It was looked for, and there is no picture of this time.
             shelf_->doubtful = true;
@@ -161,7 +169,7 @@ StepCache::Answer StepCache::before(double time, KeptPicture& found)
         if (!comes && first)
             fresh = orderOlder(std::max(kFewestPictures, capacity() / 2), shelf_->row.keepBehind(time, capacity() / 2));
         else if (!comes)
-            fresh = orderUpTo(time);
+            fresh = orderUpTo(time, std::min(capacity(), kFirstPictures));
         awaited = shelf_->job;
     }
     send(fresh, {});

@@ -47,8 +47,10 @@ private:
     /// Under the lock. The job is told to the workers by `send`, without it.
     std::shared_ptr<StepFill> order(StepOrder order);
     void cancelJob();
+    /// True if the job brings pictures up to this time, as fast as that can be done.
+    bool comesSoon(double time) const;
     std::shared_ptr<StepFill> orderOlder(std::size_t room, std::deque<KeptPicture> discarded);
-    std::shared_ptr<StepFill> orderUpTo(double time);
+    std::shared_ptr<StepFill> orderUpTo(double time, std::size_t most);
     void send(const std::shared_ptr<StepFill>& job, Moment due);
     void hurry(const std::shared_ptr<StepFill>& job);
 

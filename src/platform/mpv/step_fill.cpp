@@ -13,7 +13,7 @@ namespace
 constexpr std::array kMargins{0.0, 1.0, 4.0, 16.0};
 // So many pictures before the first one kept are decoded in full, because they come in another order than they are
 // read.
-constexpr double kReordered = 40;
+constexpr double kReordered = 24;
 } // namespace
 
 StepFill::StepFill(std::shared_ptr<StepShelf> shelf, std::shared_ptr<StepBudget> budget, MediaSource source,
@@ -54,6 +54,7 @@ bool StepFill::work(Moment until)
 
 bool StepFill::begin()
 {
+    begun_ = true;
     order_.discarded.clear();
     if (!order_.older) {
         StepRow old(order_.tolerance);

@@ -51,7 +51,8 @@ public:
     /// True where the pictures up to this time will be among those that it brings.
     bool covers(double time) const;
     bool older() const { return order_.older; }
-    double target() const { return order_.target; }
+    std::size_t most() const { return order_.most; }
+    bool begun() const { return begun_; }
 
     bool work(Moment until) override;
 
@@ -74,6 +75,7 @@ private:
     std::unique_ptr<GopReader> reader_;
     Scaler scaler_;
     StepRow row_;
+    std::atomic<bool> begun_ = false;
     std::size_t margin_ = 0;
     bool atKeyFrame_ = false;
     bool complete_ = false;
