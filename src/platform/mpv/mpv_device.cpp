@@ -44,8 +44,10 @@ void MpvDevice::beginClose()
 {
     if (closed_.valid())
         return;
-    if (stills_ != nullptr)
+    if (stills_ != nullptr) {
         stills_->close();
+        mpv_set_wakeup_callback(channel_.handle(), nullptr, nullptr);
+    }
     closeDeadline_ = now() + (hung_ ? 0s : kCloseLimit);
     closed_ = destroyHandle(channel_.release());
 }
@@ -176,6 +178,8 @@ void MpvDevice::pause()
         askPlace();
 }
 
+bool MpvDevice::waitsForPlayer() const { return stage_ != Stage::Rest && stage_ != Stage::Filling; }
+
 bool MpvDevice::settle()
 {
     drain();
@@ -191,7 +195,7 @@ bool MpvDevice::settle()
         if (polls && awaited_ == 0)
             awaited_ = channel_.ask("pause", MPV_FORMAT_FLAG);
         channel_.wait([this](const mpv_event& event) { hear(event); }, polls ? now() + kStepPoll : deadline,
-                      [this] { return stage_ == Stage::Rest; });
+                      [&] { return !waitsForPlayer() || (stage_ == Stage::Stepping) != polls; });
     }
     gaveUp_ = stage_ != Stage::Rest;
     if (stills_ != nullptr && !gaveUp_)

@@ -7,6 +7,7 @@
 #include "platform/mpv/picture_window.h"
 #include "platform/mpv/step_stills.h"
 
+#include <functional>
 #include <future>
 
 namespace tandrel
@@ -130,6 +131,7 @@ private:
     void sizePictures(PictureSize size);
     void turnSound(bool on);
     bool isExpected(double seconds) const;
+    bool waitsForPlayer() const;
     /// How far a running device has probably come since then, in seconds.
     double reckonedSince(Moment moment) const;
 
@@ -138,6 +140,7 @@ private:
     std::unique_ptr<PictureWindow> window_;
     /// Null where the player does all steps by itself.
     std::unique_ptr<StepStills> stills_;
+    std::function<void()> wake_;
     /// Where the player rests while a picture is shown without it.
     std::optional<double> behind_;
     double pixelRatio_;

@@ -45,7 +45,8 @@ private:
     std::unique_ptr<WindowSystem> windowSystem_;
     /// Each device holds a share.
     std::shared_ptr<void> inUse_ = std::make_shared<char>();
-    StepTools stepTools_{std::make_shared<StepWorkers>(kStepWorkers), std::make_shared<StepBudget>(kStepBytes)};
+    StepTools stepTools_{std::make_shared<StepWorkers>(kStepWorkers), std::make_shared<StepBudget>(kStepBytes),
+                         options_.wake};
     HandleStock stock_;
 };
 

@@ -22,6 +22,7 @@ void MpvDevice::keepPictures(const StepTools& tools, const MediaSource& source)
 {
     if (facts_.frameRate <= 0 || !seekable_)
         return;
+    wake_ = tools.wake;
     stills_ = std::make_unique<StepStills>(tools, MediaSource{source.path, source.mark, facts_.frameRate},
                                            samePicture(), window_.get());
 }
@@ -116,6 +117,10 @@ void MpvDevice::bringPlayerHere()
 {
     forgetMoves();
     returnTo_ = place_;
+    // What is to follow has to be sent even if nobody asks.
+    if (wake_)
+        mpv_set_wakeup_callback(
+            channel_.handle(), [](void* wake) { (*static_cast<std::function<void()>*>(wake))(); }, &wake_);
     sendExactSeek(place_);
 }
 
@@ -132,6 +137,8 @@ void MpvDevice::restAtPicture(bool steppedOn)
     if (stills_ == nullptr || running_)
         return;
     stills_->uncover();
+    if (wake_)
+        mpv_set_wakeup_callback(channel_.handle(), nullptr, nullptr);
     if (steppedOn && !stills_->cache().follows(playerTime(steppedFrom_), playerTime(place_)))
         expectSteps(place_);
 }

@@ -29,15 +29,15 @@ private:
 };
 } // namespace
 
-StepCache::StepCache(std::shared_ptr<StepWorkers> workers, std::shared_ptr<StepBudget> budget, MediaSource source,
-                     double tolerance)
-    : workers_(std::move(workers)),
-      budget_(std::move(budget)),
+StepCache::StepCache(const StepTools& tools, MediaSource source, double tolerance)
+    : workers_(tools.workers),
+      budget_(tools.budget),
       source_(std::move(source)),
       tolerance_(tolerance),
       shelf_(std::make_shared<StepShelf>())
 {
     shelf_->row = StepRow(tolerance_);
+    shelf_->wake = tools.wake;
     budget_->join();
 }
 

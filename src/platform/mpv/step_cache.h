@@ -6,6 +6,14 @@
 namespace tandrel
 {
 
+/// What all devices of an engine share.
+struct StepTools {
+    std::shared_ptr<StepWorkers> workers;
+    std::shared_ptr<StepBudget> budget;
+    /// May be called from any thread when there is news for somebody who does not wait; may be empty.
+    std::function<void()> wake;
+};
+
 /// For one thread, which waits only where it says so.
 class StepCache
 {
@@ -13,8 +21,7 @@ public:
     using Moment = StepJob::Moment;
 
     /// `tolerance`: what times of the same picture may differ by.
-    StepCache(std::shared_ptr<StepWorkers> workers, std::shared_ptr<StepBudget> budget, MediaSource source,
-              double tolerance);
+    StepCache(const StepTools& tools, MediaSource source, double tolerance);
     ~StepCache();
     StepCache(const StepCache&) = delete;
     StepCache& operator=(const StepCache&) = delete;

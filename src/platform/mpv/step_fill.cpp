@@ -144,6 +144,8 @@ void StepFill::end(State state)
     scaler_.reset();
     publish(state);
     row_ = StepRow(order_.tolerance);
+    if (shelf_->wake)
+        shelf_->wake();
 }
 
 void StepFill::publish(State state)

@@ -6,6 +6,7 @@
 #include "platform/mpv/step_workers.h"
 
 #include <condition_variable>
+#include <functional>
 #include <mutex>
 
 namespace tandrel
@@ -28,6 +29,8 @@ struct StepShelf {
     /// Nothing comes before the oldest picture.
     bool complete = false;
     std::optional<PictureColours> colours;
+    /// Called without the lock when a job has ended; never changes.
+    std::function<void()> wake;
 };
 
 /// What to decode.

@@ -4,7 +4,7 @@ namespace tandrel
 {
 
 StepStills::StepStills(const StepTools& tools, MediaSource source, double tolerance, PictureWindow* window)
-    : cache_(tools.workers, tools.budget, std::move(source), tolerance)
+    : cache_(tools, std::move(source), tolerance)
 {
     if (window == nullptr)
         return;

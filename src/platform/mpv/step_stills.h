@@ -8,12 +8,6 @@
 namespace tandrel
 {
 
-/// What all devices of an engine share.
-struct StepTools {
-    std::shared_ptr<StepWorkers> workers;
-    std::shared_ptr<StepBudget> budget;
-};
-
 class StepStills
 {
 public:
