@@ -50,7 +50,7 @@ VIDEOS = [
     ("gops_uneven.mkv", "25", 75, 0, H264 + ["-g", "20", "-sc_threshold", "0"] + UNEVEN),
     ("gops.ts", "25", 75, 3, ["-c:v", "mpeg2video", "-q:v", "4", "-bf", "2", "-c:a", "mp2", "-output_ts_offset", "10"]),
     ("gops_h264.ts", "25", 100, 0, H264 + ["-g", "25", "-sc_threshold", "0", "-output_ts_offset", "3"]),
-    ("gops_vp9.webm", "30", 90, 0, ["-c:v", "libvpx-vp9", "-b:v", "500k", "-g", "30", "-deadline", "realtime",
+    ("gops_vp9.webm", "30", 90, 0, ["-c:v", "libvpx-vp9", "-pix_fmt", "yuv420p", "-b:v", "500k", "-g", "30", "-deadline", "realtime",
                                     "-cpu-used", "8"]),
     ("gops_hevc.mp4", "25", 75, 0, ["-c:v", "libx265", "-preset", "ultrafast", "-x265-params",
                                     "keyint=25:log-level=error", "-pix_fmt", "yuv420p"]),

@@ -36,8 +36,8 @@ TEST(StepBudget, PicturesTakeTheirPartAndGiveItBack)
 {
     constexpr PictureSize size{474, 333};
     const std::size_t one = StepPicture::bytesOf(size);
-    EXPECT_GE(one, 474u * 333 * 3 / 2);
-    EXPECT_LE(one, 474u * 333 * 3 / 2 * 11 / 10) << "hardly more than the pixels take";
+    EXPECT_GE(one, 474u * 333 * 2);
+    EXPECT_LE(one, 474u * 333 * 2 * 11 / 10) << "hardly more than the pixels take";
     const auto budget = std::make_shared<StepBudget>(2 * one);
     auto first = StepPicture::make(size, {}, budget);
     const auto second = StepPicture::make(size, {}, budget);

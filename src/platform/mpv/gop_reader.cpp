@@ -211,7 +211,10 @@ bool GopReader::isPlain()
     if (!matrix || !contains(kPixelFormats, frame_->format) || frame_->color_trc == AVCOL_TRC_SMPTE2084 ||
         frame_->color_trc == AVCOL_TRC_ARIB_STD_B67)
         return false;
-    const PictureColours colours{*matrix, isFullRange(*frame_)};
+    PictureColours colours{*matrix, isFullRange(*frame_)};
+    const auto told = frame_->chroma_location;
+    const auto usual = colours.fullRange ? AVCHROMA_LOC_CENTER : AVCHROMA_LOC_LEFT;
+    avcodec_enum_to_chroma_pos(&colours.colourX, &colours.colourY, told == AVCHROMA_LOC_UNSPECIFIED ? usual : told);
     if (!colours_) {
         colours_ = colours;
         width_ = frame_->width;

@@ -5,6 +5,7 @@
 
 extern "C" {
 #include <libavutil/frame.h>
+#include <libavutil/opt.h>
 #include <libswscale/swscale.h>
 }
 
@@ -19,6 +20,10 @@ constexpr int kColumns = 32;
 // What the player tells its own scaler (mpv_handle.cpp).
 constexpr int kScalerFlags = SWS_FAST_BILINEAR;
 constexpr int kPixelBytes = 4;
+constexpr int kMiddle = 128;
+// On its way to the screen the player's scaler makes colours for pairs of pixels of every row. With fewer there would
+// be a difference to be seen.
+constexpr AVPixelFormat kKept = AV_PIX_FMT_YUV422P;
 
 std::size_t roundedUp(int length, int step) { return static_cast<std::size_t>((length + step - 1) / step * step); }
 
@@ -27,7 +32,7 @@ struct Layout {
         : brightStride(roundedUp(size.width, kColumns)),
           colourStride(roundedUp((size.width + 1) / 2, kColumns)),
           brightBytes(brightStride * static_cast<std::size_t>(size.height)),
-          colourBytes(colourStride * static_cast<std::size_t>((size.height + 1) / 2))
+          colourBytes(colourStride * static_cast<std::size_t>(size.height))
     {
     }
     std::size_t brightStride, colourStride, brightBytes, colourBytes;
@@ -58,6 +63,35 @@ AVPixelFormat plain(int format)
     default:
         return static_cast<AVPixelFormat>(format);
     }
+}
+
+struct ScalerEnd {
+    PictureSize size;
+    AVPixelFormat format;
+};
+
+/// The context before it is ready, so that more can be told it.
+Scaler makeScaler(const ScalerEnd& source, const ScalerEnd& target)
+{
+    Scaler scaler(sws_alloc_context());
+    const auto set = [&](const char* option, int value) { av_opt_set_int(scaler.get(), option, value, 0); };
+    if (scaler == nullptr)
+        return scaler;
+    set("srcw", source.size.width);
+    set("srch", source.size.height);
+    set("src_format", source.format);
+    set("dstw", target.size.width);
+    set("dsth", target.size.height);
+    set("dst_format", target.format);
+    set("sws_flags", kScalerFlags);
+    return scaler;
+}
+
+bool makeReady(Scaler& scaler)
+{
+    if (scaler != nullptr && sws_init_context(scaler.get(), nullptr, nullptr) < 0)
+        scaler.reset();
+    return scaler != nullptr;
 }
 
 void setColours(SwsContext* context, const PictureColours& colours, bool targetFullRange)
@@ -102,11 +136,17 @@ StepPicture::~StepPicture()
 bool StepPicture::fillFrom(const AVFrame& frame, Scaler& scaler)
 {
     if (scaler == nullptr) {
-        scaler.reset(sws_getContext(frame.width, frame.height, plain(frame.format), size_.width, size_.height,
-                                    AV_PIX_FMT_YUV420P, kScalerFlags, nullptr, nullptr, nullptr));
+        scaler = makeScaler({{frame.width, frame.height}, plain(frame.format)}, {size_, kKept});
         if (scaler == nullptr)
             return false;
         setColours(scaler.get(), colours_, colours_.fullRange);
+        av_opt_set_int(scaler.get(), "src_h_chr_pos", colours_.colourX, 0);
+        av_opt_set_int(scaler.get(), "src_v_chr_pos", colours_.colourY, 0);
+        // As the player does for a screen, to the pixel.
+        av_opt_set_int(scaler.get(), "dst_h_chr_pos", kMiddle, 0);
+        av_opt_set_int(scaler.get(), "dst_v_chr_pos", kMiddle, 0);
+        if (!makeReady(scaler))
+            return false;
     }
     const Planes planes(block_, Layout(size_));
     return sws_scale(scaler.get(), frame.data, frame.linesize, 0, frame.height, planes.data.data(),
@@ -115,11 +155,12 @@ bool StepPicture::fillFrom(const AVFrame& frame, Scaler& scaler)
 
 std::vector<std::uint8_t> StepPicture::pixels(PictureSize size) const
 {
-    const Scaler scaler(sws_getContext(size_.width, size_.height, AV_PIX_FMT_YUV420P, size.width, size.height,
-                                       AV_PIX_FMT_BGRA, kScalerFlags, nullptr, nullptr, nullptr));
+    Scaler scaler = makeScaler({size_, kKept}, {size, AV_PIX_FMT_BGRA});
     if (scaler == nullptr)
         return {};
     setColours(scaler.get(), colours_, true);
+    if (!makeReady(scaler))
+        return {};
     const Planes planes(block_, Layout(size_));
     const int stride = kPixelBytes * size.width;
     // The scaler may write a block beyond the last pixel.

@@ -27,6 +27,9 @@ struct PictureColours {
     /// As libswscale counts matrices (SWS_CS_...).
     int matrix = 0;
     bool fullRange = false;
+    /// Where in a block of pixels its colour was taken, in 256ths of a pixel.
+    int colourX = 0;
+    int colourY = 128;
 
     bool operator==(const PictureColours&) const = default;
 };
@@ -36,7 +39,7 @@ struct FreeScaler {
 };
 using Scaler = std::unique_ptr<SwsContext, FreeScaler>;
 
-/// Planar YUV with one pair of colour values for four pixels, which is the smallest that shows no loss.
+/// Planar YUV with a pair of colour values for two pixels: half of what the screen takes.
 class StepPicture
 {
 public:
