@@ -58,6 +58,8 @@ tandrel_media_test(steps_kept NODISPLAY
   unit/step_row_test.cpp
   unit/step_workers_test.cpp)
 
+target_link_libraries(steps_kept PRIVATE PkgConfig::codecs)
+
 tandrel_media_test(steps_screen DISPLAY contract/steps_screen_test.cpp)
 
 add_test(NAME mci_tool COMMAND xvfb-run -a -s "-screen 0 1920x1080x24 -s 0 -noreset" ${Python3_EXECUTABLE}

@@ -8,6 +8,10 @@
 #include <fstream>
 #include <gtest/gtest.h>
 
+extern "C" {
+#include <libavutil/log.h>
+}
+
 namespace tandrel
 {
 
@@ -51,6 +55,11 @@ protected:
     StepTools tools{std::make_shared<StepWorkers>(2), budget, {}};
     std::unique_ptr<StepCache> cache;
 };
+
+/// The decoders' library is as silent as in the program.
+const struct Silence {
+    Silence() { av_log_set_level(AV_LOG_QUIET); }
+} kSilence;
 
 struct KeptRow {
     const char* name;

@@ -82,6 +82,9 @@ StepFill::State StepFill::readOne()
     case GopReader::Result::Picture:
         return take();
     case GopReader::Result::End:
+        // The seek may have led behind the last key frame.
+        if (row_.empty() && seekFurther())
+            return State::Going;
         return order_.older ? State::Doubtful : State::Done;
     case GopReader::Result::Doubtful:
         break;

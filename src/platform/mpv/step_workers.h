@@ -40,7 +40,7 @@ class StepWorkers
 public:
     using Moment = StepJob::Moment;
 
-    explicit StepWorkers(int threads, std::chrono::milliseconds piece = std::chrono::milliseconds(500))
+    explicit StepWorkers(int threads, std::chrono::milliseconds piece = std::chrono::seconds(1))
         : most_(threads), piece_(piece)
     {
     }
