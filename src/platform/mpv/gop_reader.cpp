@@ -24,7 +24,10 @@ constexpr std::array kCodecs{AV_CODEC_ID_H264,  AV_CODEC_ID_HEVC, AV_CODEC_ID_MP
                              AV_CODEC_ID_MPEG4, AV_CODEC_ID_VP8,  AV_CODEC_ID_VP9,        AV_CODEC_ID_AV1};
 constexpr std::array kPixelFormats{AV_PIX_FMT_YUV420P,  AV_PIX_FMT_YUV422P,  AV_PIX_FMT_YUV444P,
                                    AV_PIX_FMT_YUVJ420P, AV_PIX_FMT_YUVJ422P, AV_PIX_FMT_YUVJ444P};
-constexpr std::int64_t kMostPixels = 8192LL * 4608;
+// Larger ones take too much memory in a decoder alone.
+constexpr std::int64_t kMostPixels = 4096LL * 2304;
+// Until the next picture comes, or whatever else is asked for. Nobody waits for longer.
+constexpr auto kLongestPicture = std::chrono::seconds(5);
 constexpr int kNoVideo = AV_DISPOSITION_ATTACHED_PIC | AV_DISPOSITION_TIMED_THUMBNAILS | AV_DISPOSITION_STILL_IMAGE;
 
 template <typename List, typename Value>
@@ -60,7 +63,9 @@ void GopReader::closeInput(AVFormatContext** format) { avformat_close_input(form
 void GopReader::freeDecoder(AVCodecContext** decoder) { avcodec_free_context(decoder); }
 void GopReader::freeFrame(AVFrame** frame) { av_frame_free(frame); }
 void GopReader::freePacket(AVPacket** packet) { av_packet_free(packet); }
-int GopReader::isCancelled(void* mark) { return *static_cast<const std::atomic<bool>*>(mark) ? 1 : 0; }
+int GopReader::refuses(void* self) { return static_cast<const GopReader*>(self)->mustEnd() ? 1 : 0; }
+
+void GopReader::beginLimit() { limit_ = std::chrono::steady_clock::now() + kLongestPicture; }
 
 GopReader::GopReader(const MediaSource& source, const std::atomic<bool>& cancelled)
     : source_(source), cancelled_(cancelled)
@@ -73,18 +78,19 @@ bool GopReader::open()
 {
     frame_.reset(av_frame_alloc());
     packet_.reset(av_packet_alloc());
+    beginLimit();
     return frame_ != nullptr && packet_ != nullptr && openFormat() && openDecoder();
 }
 
 bool GopReader::openFormat()
 {
-    input_ = std::make_unique<MediaInput>(source_.path, source_.mark, cancelled_);
+    input_ = std::make_unique<MediaInput>(source_.path, source_.mark, [this] { return mustEnd(); });
     AVFormatContext* format = input_->context() == nullptr ? nullptr : avformat_alloc_context();
     if (format == nullptr)
         return false;
     format->pb = input_->context();
     format->flags |= AVFMT_FLAG_CUSTOM_IO;
-    format->interrupt_callback = {&GopReader::isCancelled, const_cast<std::atomic<bool>*>(&cancelled_)};
+    format->interrupt_callback = {&GopReader::refuses, this};
     AVDictionary* options = nullptr;
     // No further files, as for the player.
     av_dict_set(&options, "protocol_whitelist", "none", 0);
@@ -141,6 +147,7 @@ bool GopReader::seek(double seconds)
     const double stamp = std::floor((seconds + start_) / av_q2d(stream_->time_base));
     if (std::abs(stamp) > 9e15)
         return false;
+    beginLimit();
     avcodec_flush_buffers(decoder_.get());
     began_.reset();
     draining_ = false;
@@ -151,7 +158,8 @@ void GopReader::skimWhile(bool skim) { decoder_->skip_frame = skim ? AVDISCARD_N
 
 GopReader::Result GopReader::next()
 {
-    while (!cancelled_) {
+    beginLimit();
+    while (!mustEnd()) {
         const int got = avcodec_receive_frame(decoder_.get(), frame_.get());
         if (got == AVERROR_EOF)
             return Result::End;
@@ -201,6 +209,8 @@ std::optional<GopReader::Result> GopReader::judge()
     }
     time_ = time;
     if (frame_->decode_error_flags != 0 || (frame_->flags & (AV_FRAME_FLAG_CORRUPT | AV_FRAME_FLAG_DISCARD)) != 0)
+        return Result::Doubtful;
+    if (av_frame_get_side_data(frame_.get(), AV_FRAME_DATA_DISPLAYMATRIX) != nullptr)
         return Result::Doubtful;
     return isPlain() ? Result::Picture : Result::Doubtful;
 }

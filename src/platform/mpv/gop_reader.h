@@ -4,6 +4,8 @@
 #include "platform/mpv/media_input.h"
 #include "platform/mpv/step_picture.h"
 
+#include <atomic>
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <string>
@@ -62,7 +64,11 @@ private:
     static void freeDecoder(AVCodecContext** decoder);
     static void freeFrame(AVFrame** frame);
     static void freePacket(AVPacket** packet);
-    static int isCancelled(void* mark);
+    static int refuses(void* self);
+
+    /// True when it has been cancelled, or what is being done takes too long.
+    bool mustEnd() const { return cancelled_ || std::chrono::steady_clock::now() > limit_; }
+    void beginLimit();
 
     bool openFormat();
     AVStream* chooseStream() const;
@@ -76,6 +82,7 @@ private:
 
     const MediaSource source_;
     const std::atomic<bool>& cancelled_;
+    std::chrono::steady_clock::time_point limit_;
     std::unique_ptr<MediaInput> input_;
     std::unique_ptr<AVFormatContext, Freed<AVFormatContext, &closeInput>> format_;
     std::unique_ptr<AVCodecContext, Freed<AVCodecContext, &freeDecoder>> decoder_;

@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <unistd.h>
+#include <utility>
 
 extern "C" {
 #include <libavformat/avio.h>
@@ -29,8 +30,8 @@ FileMark markOf(const std::string& path)
     return markFrom(facts);
 }
 
-MediaInput::MediaInput(const std::string& path, const FileMark& mark, const std::atomic<bool>& cancelled)
-    : cancelled_(cancelled), file_(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK))
+MediaInput::MediaInput(const std::string& path, const FileMark& mark, std::function<bool()> refuses)
+    : refuses_(std::move(refuses)), file_(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK))
 {
     struct stat facts {
     };
@@ -56,7 +57,7 @@ MediaInput::~MediaInput()
 int MediaInput::read(void* self, unsigned char* buffer, int size)
 {
     const auto& input = *static_cast<MediaInput*>(self);
-    if (input.cancelled_)
+    if (input.refuses_())
         return AVERROR_EXIT;
     const ssize_t count = ::read(input.file_, buffer, static_cast<std::size_t>(size));
     if (count < 0)
@@ -67,7 +68,7 @@ int MediaInput::read(void* self, unsigned char* buffer, int size)
 std::int64_t MediaInput::seek(void* self, std::int64_t offset, int origin)
 {
     const auto& input = *static_cast<MediaInput*>(self);
-    if (input.cancelled_)
+    if (input.refuses_())
         return AVERROR_EXIT;
     if ((origin & AVSEEK_SIZE) != 0) {
         struct stat facts {

@@ -1,8 +1,8 @@
 /// A file as the demuxer's library reads it: this file and no other, and no longer than wanted.
 #pragma once
 
-#include <atomic>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <sys/stat.h>
 
@@ -32,8 +32,8 @@ FileMark markOf(const std::string& path);
 class MediaInput
 {
 public:
-    /// Nothing can be read any more from the moment `cancelled` is true.
-    MediaInput(const std::string& path, const FileMark& mark, const std::atomic<bool>& cancelled);
+    /// Nothing can be read while `refuses` says so.
+    MediaInput(const std::string& path, const FileMark& mark, std::function<bool()> refuses);
     ~MediaInput();
     MediaInput(const MediaInput&) = delete;
     MediaInput& operator=(const MediaInput&) = delete;
@@ -45,7 +45,7 @@ private:
     static int read(void* self, unsigned char* buffer, int size);
     static std::int64_t seek(void* self, std::int64_t offset, int origin);
 
-    const std::atomic<bool>& cancelled_;
+    const std::function<bool()> refuses_;
     int file_;
     AVIOContext* context_ = nullptr;
 };

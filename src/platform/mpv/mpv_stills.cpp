@@ -148,6 +148,11 @@ void MpvDevice::runFromStill()
     if (stills_ == nullptr)
         return;
     stills_->cache().drop();
+    if (stage_ == Stage::Filling) {
+        // The step has been waited for in vain.
+        forgetMoves();
+        stage_ = Stage::Rest;
+    }
     if (!behind_)
         return;
     if (isSamePicture(*behind_, place_))

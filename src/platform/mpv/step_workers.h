@@ -8,7 +8,6 @@
 #include <memory>
 #include <mutex>
 #include <thread>
-#include <vector>
 
 namespace tandrel
 {
@@ -40,11 +39,8 @@ class StepWorkers
 public:
     using Moment = StepJob::Moment;
 
-    explicit StepWorkers(int threads, std::chrono::milliseconds piece = std::chrono::seconds(1))
-        : most_(threads), piece_(piece)
-    {
-    }
-    /// Cancels everything and waits for the pieces under way.
+    explicit StepWorkers(int threads, std::chrono::milliseconds piece = std::chrono::seconds(1));
+    /// Cancels everything and waits for the pieces under way, for 2 s at most: a decoder that hangs is left to itself.
     ~StepWorkers();
     StepWorkers(const StepWorkers&) = delete;
     StepWorkers& operator=(const StepWorkers&) = delete;
@@ -62,21 +58,29 @@ private:
     };
     using Queue = std::list<Entry>;
 
-    void run();
-    /// What to work at now; the end of the queue if there is nothing.
-    Queue::iterator pick(Moment now);
-    /// Sleeps until something may have become due.
-    void rest(std::unique_lock<std::mutex>& lock);
+    /// What the threads share, the last of which takes it along.
+    struct Office {
+        explicit Office(std::chrono::milliseconds longest) : piece(longest) {}
+
+        void run();
+        /// What to work at now; the end of the queue if there is nothing.
+        Queue::iterator pick(Moment now);
+        /// Sleeps until something may have become due.
+        void rest(std::unique_lock<std::mutex>& lock);
+
+        const std::chrono::milliseconds piece;
+        std::mutex mutex;
+        std::condition_variable changed;
+        Queue queue;
+        /// What is being worked at.
+        Queue busy;
+        bool ending = false;
+        int threads = 0;
+        std::condition_variable threadEnded;
+    };
 
     const int most_;
-    const std::chrono::milliseconds piece_;
-    std::mutex mutex_;
-    std::condition_variable changed_;
-    Queue queue_;
-    /// What is being worked at.
-    Queue busy_;
-    bool ending_ = false;
-    std::vector<std::thread> threads_;
+    const std::shared_ptr<Office> office_;
 };
 
 } // namespace tandrel
