@@ -8,6 +8,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <numeric>
+#include <random>
 
 namespace tandrel
 {
@@ -244,6 +245,53 @@ TEST_F(Steps, AVanishedParentIsSurvived)
     }
     EXPECT_EQ(send("Play A"), 0);
     EXPECT_EQ(send("close A"), 0);
+}
+
+TEST_F(Steps, ClosedRightBehindAPlay)
+{
+    for (int round = 0; round < 5; ++round) {
+        openAt("gops.mp4", 90);
+        stepTo(90, 86);
+        EXPECT_EQ(send("Play A"), 0);
+        mci.idle();
+        EXPECT_EQ(send("close A"), 0);
+        EXPECT_TRUE(window.windowsInside().empty());
+    }
+}
+
+TEST_F(Steps, MixedWithAllElseShowWhatTheyTell)
+{
+    openAt("gops.mp4", 75);
+    std::mt19937 dice(4711);
+    int frame = 75;
+    for (int round = 0; round < 150; ++round) {
+        const int throws = static_cast<int>(dice() % 20);
+        std::string command = throws < 11 ? "step A reverse" : "step A";
+        if (throws < 16) {
+            frame = std::clamp(frame + (throws < 11 ? -1 : 1), 0, 149);
+            EXPECT_EQ(send(command), 0);
+        } else if (throws == 16) {
+            frame = static_cast<int>(dice() % 150);
+            EXPECT_EQ(send("seek A to " + std::to_string(frame)), 0);
+        } else if (throws == 17) {
+            EXPECT_EQ(send("put A window at 0 0 " + std::to_string(200 + dice() % 100) + " 200"), 0);
+            EXPECT_EQ(send("put A window at 0 0 320 240"), 0);
+        } else if (frame < 120) {
+            EXPECT_EQ(send("Play A"), 0);
+            if (throws == 18) {
+                EXPECT_TRUE(waitUntil([&] { return number("status A position") > frame + 1; }));
+            }
+            EXPECT_EQ(send("Pause A"), 0);
+            const int paused = static_cast<int>(number("status A position"));
+            EXPECT_GE(paused, frame);
+            frame = paused;
+        }
+        // Often nobody asks before the next command.
+        if (dice() % 3 > 0)
+            continue;
+        ASSERT_EQ(number("status A position"), frame) << round;
+        ASSERT_TRUE(showsFrame(frame)) << round;
+    }
 }
 
 class StepColours : public Steps, public testing::WithParamInterface<const char*>

@@ -50,7 +50,7 @@ void MpvDevice::stepBack()
 
 void MpvDevice::lookForPicture()
 {
-    const bool first = place_ * facts_.frameRate < 0.5;
+    const bool first = place_ <= samePicture();
     KeptPicture found;
     auto answer = StepCache::Answer::Elsewhere;
     if (stills_ != nullptr && stills_->able() && origin_ && !first)
