@@ -247,6 +247,36 @@ TEST_F(Steps, AVanishedParentIsSurvived)
     EXPECT_EQ(send("close A"), 0);
 }
 
+TEST_F(Steps, WithTimeForThePlayerToFollow)
+{
+    openAt("gops.mp4", 120);
+    const auto letPass = [&](std::chrono::milliseconds time) {
+        const auto end = std::chrono::steady_clock::now() + time;
+        return waitUntil([&] { return std::chrono::steady_clock::now() >= end; });
+    };
+    int frame = 120;
+    const auto step = [&](int change) {
+        stepTo(frame, frame + change);
+        frame += change;
+    };
+    // Before it follows, on its way, and when it has arrived.
+    for (const auto time : {300ms, 705ms, 720ms, 760ms, 1100ms}) {
+        for (const int change : {-5, 2, -3, 4}) {
+            step(change);
+            ASSERT_TRUE(letPass(time));
+            EXPECT_EQ(number("status A position"), frame);
+            EXPECT_TRUE(showsFrame(frame));
+        }
+    }
+    EXPECT_EQ(send("Play A"), 0);
+    EXPECT_TRUE(waitUntil([&] {
+        const int seen = window.frameIn(kPicture).value_or(-1);
+        EXPECT_GE(seen, frame);
+        EXPECT_LE(seen, frame + 30);
+        return seen >= frame + 10;
+    }));
+}
+
 TEST_F(Steps, ClosedRightBehindAPlay)
 {
     for (int round = 0; round < 5; ++round) {

@@ -79,7 +79,7 @@ void Device::put(const PixelRect& place)
 void Device::show()
 {
     // A step may need several moves, each of which is sent when the one before is known to be done.
-    if (stepped_)
+    if (!running_)
         media_->read();
     if (!placeWanted_)
         return;

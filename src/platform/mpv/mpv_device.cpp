@@ -45,6 +45,7 @@ void MpvDevice::beginClose()
     if (closed_.valid())
         return;
     if (stills_ != nullptr) {
+        endFollowing();
         stills_->close();
         mpv_set_wakeup_callback(channel_.handle(), nullptr, nullptr);
     }
@@ -61,6 +62,8 @@ void MpvDevice::drain()
 
 void MpvDevice::hear(const mpv_event& event)
 {
+    if (following_)
+        hearFollowing(event);
     switch (event.event_id) {
     case MPV_EVENT_COMMAND_REPLY:
         if (stage_ == Stage::Sent && event.reply_userdata == awaited_)
@@ -206,6 +209,7 @@ bool MpvDevice::settle()
 MediaReading MpvDevice::read()
 {
     drain();
+    followLater();
     if (!running_ || ended_)
         return {place_, ended_};
     if (stage_ == Stage::Rest) {

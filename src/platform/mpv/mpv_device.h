@@ -7,6 +7,7 @@
 #include "platform/mpv/picture_window.h"
 #include "platform/mpv/step_stills.h"
 
+#include <atomic>
 #include <functional>
 #include <future>
 
@@ -109,6 +110,8 @@ private:
     void sendEnd();
     void stepBack();
     void sendExactSeek(double place);
+    double exactTarget(double place) const;
+    std::string seekText(double target) const;
     void sendStepOn();
 
     double samePicture() const;
@@ -126,6 +129,11 @@ private:
     /// The player shows the right picture already.
     void uncoverPlayer();
     void bringPlayerHere();
+    /// Brings the player along in the background when no step has come for a while, so that a play begins at once.
+    void followLater();
+    void wakeForPlayer(bool on);
+    void hearFollowing(const mpv_event& event);
+    void endFollowing();
     void restAtPicture(bool steppedOn);
     void runFromStill();
     void sizePictures(PictureSize size);
@@ -141,7 +149,19 @@ private:
     /// Null where the player does all steps by itself.
     std::unique_ptr<StepStills> stills_;
     std::function<void()> wake_;
-    /// Where the player rests while a picture is shown without it.
+    /// When the picture shown without the player came up, and whether the player has yet to follow there.
+    Moment shownAt_;
+    bool followWanted_ = false;
+
+    /// The player is on its way to a picture shown without it, and nobody waits for that.
+    struct Following {
+        Stage stage = Stage::Sent;
+        /// The command, later the question for the place.
+        std::uint64_t awaited = 0;
+    };
+    std::optional<Following> following_;
+    std::shared_ptr<std::atomic<bool>> turn_;
+    /// Where the player rests while a picture is shown without it; less than 0 while it is being brought along.
     std::optional<double> behind_;
     double pixelRatio_;
     std::future<void> closed_;

@@ -99,18 +99,25 @@ void MpvDevice::sendEnd()
     sendMove(kSeekToEnd);
 }
 
-void MpvDevice::sendExactSeek(double place)
+void MpvDevice::sendExactSeek(double place) { sendSeek(exactTarget(place)); }
+
+double MpvDevice::exactTarget(double place) const
 {
     const bool hasFrames = facts_.frameRate > 0;
-    sendSeek(hasFrames ? place + kSeekTolerance - std::min(kSeekTolerance, 0.5 / facts_.frameRate) : place);
+    return hasFrames ? place + kSeekTolerance - std::min(kSeekTolerance, 0.5 / facts_.frameRate) : place;
+}
+
+std::string MpvDevice::seekText(double target) const
+{
+    char text[40];
+    std::snprintf(text, sizeof text, "%.9f", target + origin_.value_or(0));
+    return text;
 }
 
 void MpvDevice::sendSeek(double target)
 {
     target_ = target;
-    char text[40];
-    std::snprintf(text, sizeof text, "%.9f", target + origin_.value_or(0));
-    sendMove({"seek", text, "absolute+exact"});
+    sendMove({"seek", seekText(target).c_str(), "absolute+exact"});
 }
 
 void MpvDevice::sendMove(std::initializer_list<const char*> command)
@@ -119,6 +126,7 @@ void MpvDevice::sendMove(std::initializer_list<const char*> command)
     if (stills_ != nullptr)
         stills_->uncoverAfterSeek(channel_.handle());
     behind_.reset();
+    endFollowing();
     awaited_ = channel_.command(command);
     stage_ = Stage::Sent;
     placeAsked_ = 0;

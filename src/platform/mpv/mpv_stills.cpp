@@ -13,6 +13,9 @@ using namespace std::chrono_literals;
 
 // A pause that is over sooner than this costs nothing.
 constexpr auto kGrace = 200ms;
+// Somebody who steps on and on is not to be disturbed by a player that decodes.
+constexpr auto kBeforeFollowing = 700ms;
+constexpr double kOnItsWay = -1e9;
 // A running device is further on than it said, by less than this. Seconds.
 constexpr double kUnheardOf = 0.2;
 constexpr double kStampTolerance = 0.001;
@@ -23,6 +26,7 @@ void MpvDevice::keepPictures(const StepTools& tools, const MediaSource& source)
     if (facts_.frameRate <= 0 || !seekable_)
         return;
     wake_ = tools.wake;
+    turn_ = tools.follows;
     stills_ = std::make_unique<StepStills>(tools, MediaSource{source.path, source.mark, facts_.frameRate},
                                            samePicture(), window_.get());
 }
@@ -81,7 +85,10 @@ bool MpvDevice::show(const KeptPicture& picture)
     placeAsked_ = 0;
     forgetMoves();
     stage_ = Stage::Rest;
+    followWanted_ = true;
+    shownAt_ = std::chrono::steady_clock::now();
     stills_->cache().prepareFor(picture.time);
+    stills_->cache().wakeAt(shownAt_ + kBeforeFollowing);
     return true;
 }
 
@@ -91,7 +98,7 @@ bool MpvDevice::stepOnWithoutPlayer()
         return false;
     // Never beyond the player: to bring it on takes as long as a seek.
     const auto next = stills_->cache().behind(playerTime(place_));
-    if (next && next->time <= playerTime(*behind_) + samePicture() && show(*next))
+    if (next && (following_ || next->time <= playerTime(*behind_) + samePicture()) && show(*next))
         return true;
     if (stills_->cache().isFollowed(playerTime(place_), playerTime(*behind_))) {
         uncoverPlayer();
@@ -106,6 +113,58 @@ bool MpvDevice::stepOnWithoutPlayer()
     return true;
 }
 
+void MpvDevice::followLater()
+{
+    const bool due = followWanted_ && behind_ && stage_ == Stage::Rest && !following_ &&
+                     std::chrono::steady_clock::now() - shownAt_ >= kBeforeFollowing;
+    // One after the other: the others' steps have a processor left.
+    if (!due || isSamePicture(*behind_, place_) || turn_->exchange(true))
+        return;
+    followWanted_ = false;
+    behind_ = kOnItsWay;
+    const std::string target = seekText(exactTarget(place_));
+    following_ = Following{Stage::Sent, channel_.command({"seek", target.c_str(), "absolute+exact"})};
+    wakeForPlayer(true);
+}
+
+void MpvDevice::hearFollowing(const mpv_event& event)
+{
+    Following& move = *following_;
+    const bool answers = event.reply_userdata == move.awaited;
+    if (event.event_id == MPV_EVENT_COMMAND_REPLY && answers && move.stage == Stage::Sent)
+        move.stage = Stage::Taken;
+    else if (event.event_id == MPV_EVENT_SEEK && move.stage == Stage::Taken)
+        move.stage = Stage::Seeking;
+    if (event.event_id == MPV_EVENT_COMMAND_REPLY && answers && event.error < 0)
+        endFollowing();
+    else if (event.event_id == MPV_EVENT_PLAYBACK_RESTART && move.stage == Stage::Seeking)
+        move = {Stage::Reading, channel_.ask("time-pos", MPV_FORMAT_DOUBLE)};
+    else if (event.event_id == MPV_EVENT_GET_PROPERTY_REPLY && answers && move.stage == Stage::Reading) {
+        if (event.error >= 0 && behind_)
+            behind_ = *static_cast<const double*>(static_cast<const mpv_event_property*>(event.data)->data) - *origin_;
+        endFollowing();
+    }
+}
+
+void MpvDevice::endFollowing()
+{
+    if (!following_)
+        return;
+    following_.reset();
+    wakeForPlayer(false);
+    *turn_ = false;
+    // Others may be waiting for their turn.
+    stills_->cache().wakeAt({});
+}
+
+void MpvDevice::wakeForPlayer(bool on)
+{
+    if (!wake_)
+        return;
+    const auto call = [](void* wake) { (*static_cast<std::function<void()>*>(wake))(); };
+    mpv_set_wakeup_callback(channel_.handle(), on ? +call : nullptr, on ? &wake_ : nullptr);
+}
+
 void MpvDevice::uncoverPlayer()
 {
     place_ = *behind_;
@@ -115,12 +174,11 @@ void MpvDevice::uncoverPlayer()
 
 void MpvDevice::bringPlayerHere()
 {
+    endFollowing();
     forgetMoves();
     returnTo_ = place_;
     // What is to follow has to be sent even if nobody asks.
-    if (wake_)
-        mpv_set_wakeup_callback(
-            channel_.handle(), [](void* wake) { (*static_cast<std::function<void()>*>(wake))(); }, &wake_);
+    wakeForPlayer(true);
     sendExactSeek(place_);
 }
 
@@ -137,8 +195,7 @@ void MpvDevice::restAtPicture(bool steppedOn)
     if (stills_ == nullptr || running_)
         return;
     stills_->uncover();
-    if (wake_)
-        mpv_set_wakeup_callback(channel_.handle(), nullptr, nullptr);
+    wakeForPlayer(false);
     if (steppedOn && !stills_->cache().follows(playerTime(steppedFrom_), playerTime(place_)))
         expectSteps(place_);
 }

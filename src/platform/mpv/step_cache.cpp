@@ -27,6 +27,20 @@ public:
 private:
     StepRow row_;
 };
+/// Calls somebody on time.
+class Alarm final : public StepJob
+{
+public:
+    explicit Alarm(std::function<void()> wake) : wake_(std::move(wake)) {}
+    bool work(Moment) override
+    {
+        wake_();
+        return false;
+    }
+
+private:
+    const std::function<void()> wake_;
+};
 } // namespace
 
 StepCache::StepCache(const StepTools& tools, MediaSource source, double tolerance)
@@ -217,6 +231,12 @@ bool StepCache::isFollowed(double time, double next)
 {
     const std::lock_guard lock(shelf_->mutex);
     return shelf_->row.isFollowed(time, next);
+}
+
+void StepCache::wakeAt(Moment due)
+{
+    if (shelf_->wake)
+        workers_->post(std::make_shared<Alarm>(shelf_->wake), due);
 }
 
 void StepCache::wait(Moment deadline)

@@ -12,6 +12,8 @@ struct StepTools {
     std::shared_ptr<StepBudget> budget;
     /// May be called from any thread when there is news for somebody who does not wait; may be empty.
     std::function<void()> wake;
+    /// Held by the one device whose player is being brought along.
+    std::shared_ptr<std::atomic<bool>> follows = std::make_shared<std::atomic<bool>>(false);
 };
 
 /// For one thread, which waits only where it says so.
@@ -46,6 +48,8 @@ public:
     /// True if these two are such neighbours.
     bool isFollowed(double time, double next);
 
+    /// Has `wake` called at that time.
+    void wakeAt(Moment due);
     /// Waits for pictures that are coming.
     void wait(Moment deadline);
 
