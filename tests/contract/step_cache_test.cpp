@@ -7,6 +7,8 @@
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <iterator>
+#include <random>
 
 extern "C" {
 #include <libavutil/log.h>
@@ -141,6 +143,32 @@ TEST_F(Kept, ATruncatedFileAsFarAsItGoes)
     EXPECT_NEAR(*found, 19 / 25.0, 0.001);
     cache->drop();
     EXPECT_FALSE(before(99 / 25.0));
+}
+
+TEST_F(Kept, DamagedFilesDoNoHarm)
+{
+    const test::TemporaryFolder folder;
+    std::mt19937 dice(815);
+    int found = 0;
+    for (const char* name : {"gops.mp4", "gops_open.mkv", "gops.ts", "gops_hevc.mp4", "gops_vp9.webm", "video.mpg"}) {
+        std::ifstream in(testMedia(name), std::ios::binary);
+        const std::string whole((std::istreambuf_iterator<char>(in)), {});
+        ASSERT_FALSE(whole.empty());
+        for (int round = 0; round < 12; ++round) {
+            std::string damaged = whole;
+            // From a single byte to one in every hundred.
+            const std::size_t count = 1 + dice() % (round % 2 == 0 ? 3 : damaged.size() / 100);
+            for (std::size_t index = 0; index < count; ++index)
+                damaged[dice() % damaged.size()] = static_cast<char>(dice());
+            folder.write("damaged", damaged);
+            use(folder.path("damaged"), 25);
+            cache->setSize({160, 120});
+            const auto older = before(2);
+            found += older ? 1 : 0;
+            EXPECT_TRUE(!older || (*older < 2 && *older > 1)) << name << " " << round;
+        }
+    }
+    EXPECT_GT(found, 0) << "some are hardly damaged";
 }
 
 TEST_F(Kept, MemoryStaysWithinTheBudgetAndComesBack)
