@@ -230,7 +230,7 @@ TEST_F(Steps, TakeNoInputAndLeaveNothing)
     EXPECT_TRUE(hasStill());
     EXPECT_FALSE(window.anyInsideTakesInput());
     EXPECT_EQ(send("close A"), 0);
-    EXPECT_TRUE(window.windowsInside().empty());
+    EXPECT_TRUE(waitUntil([&] { return window.windowsInside().empty(); }));
     EXPECT_TRUE(waitUntil([&] { return !window.frameIn(kPicture); }));
 }
 
@@ -285,7 +285,7 @@ TEST_F(Steps, ClosedRightBehindAPlay)
         EXPECT_EQ(send("Play A"), 0);
         mci.idle();
         EXPECT_EQ(send("close A"), 0);
-        EXPECT_TRUE(window.windowsInside().empty());
+        EXPECT_TRUE(waitUntil([&] { return window.windowsInside().empty(); }));
     }
 }
 
