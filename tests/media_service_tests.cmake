@@ -37,6 +37,7 @@ endfunction()
 tandrel_media_test(mci_contract NODISPLAY
   contract/contract_bench.cpp
   contract/mci_contract_devices_test.cpp
+  contract/mci_contract_steps_test.cpp
   contract/mci_contract_text_test.cpp
   contract/mci_contract_transport_test.cpp)
 
@@ -49,6 +50,17 @@ tandrel_media_test(mci_unit NODISPLAY
   unit/mci_parser_test.cpp
   unit/mci_service_test.cpp
   unit/mci_tracing_test.cpp)
+
+# Steps: what is kept of pictures, and what the player's own pictures say to that.
+tandrel_media_test(steps_kept NODISPLAY
+  contract/step_cache_test.cpp
+  unit/step_budget_test.cpp
+  unit/step_row_test.cpp
+  unit/step_workers_test.cpp)
+
+target_link_libraries(steps_kept PRIVATE PkgConfig::codecs)
+
+tandrel_media_test(steps_screen DISPLAY contract/steps_screen_test.cpp)
 
 add_test(NAME mci_tool COMMAND xvfb-run -a -s "-screen 0 1920x1080x24 -s 0 -noreset" ${Python3_EXECUTABLE}
          ${CMAKE_CURRENT_SOURCE_DIR}/contract/mci_tool_test.py $<TARGET_FILE:tandrel-mci> ${TANDREL_TEST_MEDIA})

@@ -63,6 +63,13 @@ double pixelRatioOf(WindowHandle window)
     return widget ? widget->devicePixelRatioF() : qGuiApp->devicePixelRatio();
 }
 
+/// Lets the event loop come round once more, and with it the service's `idle`. From any thread.
+void wakeLoop()
+{
+    if (QAbstractEventDispatcher* loop = QAbstractEventDispatcher::instance(qApp->thread()))
+        loop->wakeUp();
+}
+
 /// All services of the program, made in the order in which they need each other.
 struct Platform {
     Platform()
@@ -86,7 +93,8 @@ struct Platform {
     DesktopScreenSaver screenSaver{makeSessionIdleBus("Tandrel Player", "A video fills the screen"), xScreenSaver};
     X11HotKeys hotKeys;
     LinuxDriveDoor door;
-    MciService media{makeMpvEngine({.outputs = true, .pixelRatio = &pixelRatioOf, .mostDevices = 12}), &door};
+    MciService media{
+        makeMpvEngine({.outputs = true, .pixelRatio = &pixelRatioOf, .wake = &wakeLoop, .mostDevices = 12}), &door};
     std::unique_ptr<Mci> trace;
 };
 

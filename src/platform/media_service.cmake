@@ -5,11 +5,13 @@ tandrel_library(platform/mci USES platform LINKS Threads::Threads SOURCES
   mci_service.cpp
   tracing_mci.cpp)
 
-tandrel_library(platform/mpv USES platform/mci LINKS PkgConfig::mpv PkgConfig::xcb PkgConfig::x11 Threads::Threads
+tandrel_library(platform/mpv USES platform/mci LINKS PkgConfig::mpv PkgConfig::codecs PkgConfig::xcb PkgConfig::x11 Threads::Threads
                              ${CMAKE_DL_LIBS} SOURCES
   early_opens.cpp
+  gop_reader.cpp
   graphics_probe.cpp
   input_methods.cpp
+  media_input.cpp
   media_path.cpp
   media_tracks.cpp
   mpv_channel.cpp
@@ -18,8 +20,18 @@ tandrel_library(platform/mpv USES platform/mci LINKS PkgConfig::mpv PkgConfig::x
   mpv_handle.cpp
   mpv_loading.cpp
   mpv_moves.cpp
+  mpv_stills.cpp
   output_choice.cpp
   picture_window.cpp
+  step_budget.cpp
+  step_cache.cpp
+  step_fill.cpp
+  step_picture.cpp
+  step_row.cpp
+  step_stills.cpp
+  step_workers.cpp
+  still_watch.cpp
+  still_window.cpp
   x_errors.cpp)
 # The headers of this folder name libmpv's and xcb's types.
 target_link_libraries(tandrel_platform_mpv PUBLIC PkgConfig::mpv PkgConfig::xcb)

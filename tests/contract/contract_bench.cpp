@@ -20,6 +20,7 @@ public:
     {
         engine_->add(testMedia("h264_30.mp4"), {.length = 10, .frameRate = 30, .width = 320, .height = 240});
         engine_->add(testMedia("h264_25.mp4"), {.length = 10, .frameRate = 25, .width = 320, .height = 240});
+        engine_->add(testMedia("gops.mp4"), {.length = 5, .frameRate = 30, .width = 320, .height = 240});
         engine_->add(testMedia("short.mp4"), {.length = 2, .frameRate = 30, .width = 320, .height = 240});
         engine_->add(testMedia("long_sound.mp4"), {.length = 2, .frameRate = 25, .width = 320, .height = 240});
         engine_->add(testMedia("anamorphic.mp4"), {.length = 1, .frameRate = 25, .width = 427, .height = 240});

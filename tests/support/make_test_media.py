@@ -43,9 +43,29 @@ VIDEOS = [
     ("offset.ts", "25", 75, 3, NO_B + AAC + ["-output_ts_offset", "10"]),
     ("uneven.mkv", "25", 75, 0, NO_B + UNEVEN),
     ("live.mkv", "25", 75, 0, NO_B + ["-f", "matroska", "-live", "1"]),
+    # Several key frames, for steps across them.
+    ("gops.mp4", "30", 150, 5, H264 + AAC + ["-g", "40", "-keyint_min", "40", "-sc_threshold", "0"]),
+    ("gops_late.mp4", "30", 90, 0, H264 + ["-g", "30", "-sc_threshold", "0", "-output_ts_offset", "2"]),
+    ("gops_open.mkv", "25", 100, 0, H264 + ["-x264-params", "open-gop=1:keyint=25:min-keyint=25:scenecut=0:bframes=3"]),
+    ("gops_uneven.mkv", "25", 75, 0, H264 + ["-g", "20", "-sc_threshold", "0"] + UNEVEN),
+    ("gops.ts", "25", 75, 3, ["-c:v", "mpeg2video", "-q:v", "4", "-bf", "2", "-c:a", "mp2", "-output_ts_offset", "10"]),
+    ("gops_h264.ts", "25", 100, 0, H264 + ["-g", "25", "-sc_threshold", "0", "-output_ts_offset", "3"]),
+    ("gops_vp9.webm", "30", 90, 0, ["-c:v", "libvpx-vp9", "-pix_fmt", "yuv420p", "-b:v", "500k", "-g", "30", "-deadline", "realtime",
+                                    "-cpu-used", "8"]),
+    ("gops_hevc.mp4", "25", 75, 0, ["-c:v", "libx265", "-preset", "ultrafast", "-x265-params",
+                                    "keyint=25:log-level=error", "-pix_fmt", "yuv420p"]),
+    ("gops_cut.mp4", "25", 100, 0, H264 + ["-g", "30", "-sc_threshold", "0", "-movflags", "+faststart"]),
     ("raw.h264", "25", 75, 0, NO_B + ["-f", "h264"]),
 ]
 SOUNDS = [("sound.mp3", ["-c:a", "libmp3lame"]), ("sound.m4a", AAC)]
+
+# name, size, arguments for the encoder: twenty pictures in colour
+COLOURS = [
+    ("colours_720.mp4", "1280x720", NO_B),
+    ("colours_240.mp4", "320x240", NO_B),
+    ("colours_709.mp4", "320x240", NO_B + ["-colorspace", "bt709"]),
+    ("colours_full.mp4", "320x240", NO_B + ["-pix_fmt", "yuvj420p"]),
+]
 
 TEXTS = {
     "empty.avi": "",
@@ -87,6 +107,11 @@ def make_video(folder, row):
         ffmpeg(arguments + [str(folder / name)])
 
 
+def make_colours(folder, row):
+    name, size, codec = row
+    ffmpeg(["-f", "lavfi", "-i", f"testsrc2=size={size}:rate=25", "-frames:v", "20"] + codec + [str(folder / name)])
+
+
 def make_sound(folder, row):
     ffmpeg([part.format(seconds=3) for part in SINE] + row[1] + [str(folder / row[0])])
 
@@ -106,6 +131,7 @@ def main():
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
         jobs = [pool.submit(make_video, folder, row) for row in VIDEOS]
         jobs += [pool.submit(make_sound, folder, row) for row in SOUNDS]
+        jobs += [pool.submit(make_colours, folder, row) for row in COLOURS]
         for job in jobs:
             job.result()
 
@@ -113,6 +139,8 @@ def main():
     ffmpeg(["-i", short, "-c", "copy", "-metadata:s:v", "rotate=90", str(folder / "turned.mp4")])
     ffmpeg(["-i", short, "-frames:v", "1", str(folder / "picture.png")])
     cut(folder, "h264_30.mp4", "cut_with_index.mp4", 0.6)
+    ffmpeg(["-i", str(folder / "gops.mp4"), "-c", "copy", "-metadata:s:v", "rotate=180", str(folder / "gops_turned.mp4")])
+    cut(folder, "gops_cut.mp4", "gops_cut.mp4", 0.6)
     cut(folder, "short.mp4", "cut_without_index.mp4", 0.5)
     for name, text in TEXTS.items():
         (folder / name).write_text(text)

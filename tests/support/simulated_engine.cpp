@@ -65,6 +65,7 @@ public:
     }
 
     bool settle() override { return !medium_.hangs; }
+    void makeReadyToPlay() override { movedUntil_ = std::max(movedUntil_, engine_.clock_.now() + medium_.readyTime); }
     bool ready() override { return !medium_.hangs && engine_.clock_.now() >= movedUntil_; }
 
     MediaReading read() override

@@ -40,6 +40,8 @@ struct SimulatedMedium {
     bool hangs = false;
     /// How long a seek takes before its device is ready.
     std::chrono::milliseconds seekTime{0};
+    /// And how long it takes to be ready to play with others.
+    std::chrono::milliseconds readyTime{0};
 };
 
 /// What a test can see of an open device.

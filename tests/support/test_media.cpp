@@ -79,7 +79,7 @@ TestWindow::~TestWindow() = default;
 
 WindowHandle TestWindow::handle() const { return connection_->window; }
 
-GreyImage TestWindow::look(const PixelRect& part) const
+std::vector<unsigned char> TestWindow::lookInColour(const PixelRect& part) const
 {
     xcb_connection_t* server = connection_->server;
     const auto cookie =
@@ -87,16 +87,29 @@ GreyImage TestWindow::look(const PixelRect& part) const
                       static_cast<std::int16_t>(part.top), static_cast<std::uint16_t>(part.width()),
                       static_cast<std::uint16_t>(part.height()), ~0u);
     const Reply<xcb_get_image_reply_t> reply(xcb_get_image_reply(server, cookie, nullptr));
-    GreyImage image;
+    std::vector<unsigned char> colours;
     constexpr int kBytesInPixel = 4;
-    if (reply == nullptr || xcb_get_image_data_length(reply.get()) < kBytesInPixel * part.width() * part.height())
+    const int pixels = part.width() * part.height();
+    if (reply == nullptr || xcb_get_image_data_length(reply.get()) < kBytesInPixel * pixels)
+        return colours;
+    const std::uint8_t* data = xcb_get_image_data(reply.get());
+    for (int index = 0; index < pixels; ++index)
+        for (const int colour : {2, 1, 0})
+            colours.push_back(data[kBytesInPixel * index + colour]);
+    return colours;
+}
+
+GreyImage TestWindow::look(const PixelRect& part) const
+{
+    const auto colours = lookInColour(part);
+    GreyImage image;
+    if (colours.empty())
         return image;
     image.width = part.width();
     image.height = part.height();
     // The green of a grey picture.
-    const std::uint8_t* data = xcb_get_image_data(reply.get()) + 1;
-    for (int index = 0; index < image.width * image.height; ++index)
-        image.pixels.push_back(data[kBytesInPixel * index]);
+    for (std::size_t index = 1; index < colours.size(); index += 3)
+        image.pixels.push_back(colours[index]);
     return image;
 }
 

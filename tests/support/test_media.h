@@ -36,6 +36,8 @@ public:
     WindowHandle handle() const;
     /// What this part of the window shows now, other windows inside it included.
     GreyImage look(const PixelRect& part) const;
+    /// The same in colour: red, green and blue of each pixel. Empty where nothing can be seen.
+    std::vector<unsigned char> lookInColour(const PixelRect& part) const;
     /// The number of the frame in this part of the window, if it is one.
     std::optional<int> frameIn(const PixelRect& part) const { return readFrameNumber(look(part)); }
     /// The handles of the windows inside this one, at any depth.

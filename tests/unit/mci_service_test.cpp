@@ -122,6 +122,23 @@ TEST_F(MciServiceTest, OneThatNeverFindsItsPlaceHoldsTheOthersForTwoSecondsOnly)
     EXPECT_TRUE(engine->state("stuck")->running);
 }
 
+TEST_F(MciServiceTest, WhoeverHasToGetReadyForACommonStartIsToldOnce)
+{
+    engine->add("lazy", {.length = 10, .frameRate = 25, .readyTime = 200ms});
+    for (const char* name : {"film", "lazy"}) {
+        ASSERT_EQ(send(std::string("open ") + name), 0);
+        EXPECT_EQ(send(std::string("Play ") + name), 0);
+    }
+    EXPECT_TRUE(mci.idle());
+    clock.advance(150ms);
+    EXPECT_TRUE(mci.idle());
+    EXPECT_FALSE(engine->state("film")->running);
+    clock.advance(50ms);
+    EXPECT_FALSE(mci.idle()) << "asking again does not begin it anew";
+    EXPECT_TRUE(engine->state("film")->running);
+    EXPECT_TRUE(engine->state("lazy")->running);
+}
+
 TEST_F(MciServiceTest, OneAloneDoesNotWaitForItsSeek)
 {
     engine->add("seeker", {.length = 10, .frameRate = 25, .seekTime = 300ms});

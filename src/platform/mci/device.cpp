@@ -79,6 +79,9 @@ void Device::put(const PixelRect& place)
 
 void Device::show()
 {
+    // A step may need several moves, each of which is sent when the one before is known to be done.
+    if (!running_)
+        media_->read();
     if (!placeWanted_)
         return;
     media_->put(*placeWanted_);

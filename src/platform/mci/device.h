@@ -47,6 +47,7 @@ public:
     bool settle() { return settleInTime(); }
     /// None is under way. Never blocks.
     bool ready() { return media_->ready(); }
+    void makeReadyToPlay() { media_->makeReadyToPlay(); }
     void setVolume(double volume) { media_->setVolume(volume); }
     const MediaFacts& facts() const { return media_->facts(); }
     MediaReading read() { return media_->read(); }

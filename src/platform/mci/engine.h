@@ -69,6 +69,9 @@ public:
     virtual bool settle() = 0;
     /// What was asked of this device is done. Never blocks.
     virtual bool ready() = 0;
+    /// A play is to come, together with others': whatever has to be done before it begins now, and the device is not
+    /// ready until that is done. Never blocks.
+    virtual void makeReadyToPlay() {}
     /// Of a settled device at rest: exactly the frame shown. Of a running one: where it should
     /// be by the newest news of it. Blocks only where those are old, for 50 ms at most.
     virtual MediaReading read() = 0;

@@ -120,16 +120,17 @@ bool MciService::idle()
 bool MciService::startTogether()
 {
     const Device::Moment patience = now_() - kLongestGathering;
-    int waiting = 0;
-    bool complete = true;
-    for (const Entry& entry : devices_) {
-        Device& device = *entry.device;
-        if (!device.waitsForStartSince(Device::Moment::max()))
-            continue;
-        ++waiting;
-        complete = complete && (device.ready() || device.waitsForStartSince(patience));
-    }
-    gathering_ = waiting > 1 && !complete;
+    std::vector<Device*> waiting;
+    for (const Entry& entry : devices_)
+        if (entry.device->waitsForStartSince(Device::Moment::max()))
+            waiting.push_back(entry.device.get());
+    if (waiting.size() > 1 && !gathering_)
+        for (Device* device : waiting)
+            device->makeReadyToPlay();
+    const bool complete = std::all_of(waiting.begin(), waiting.end(), [&](Device* device) {
+        return device->ready() || device->waitsForStartSince(patience);
+    });
+    gathering_ = waiting.size() > 1 && !complete;
     if (!gathering_)
         startThoseWaitingSince(Device::Moment::max());
     return !gathering_;

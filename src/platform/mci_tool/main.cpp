@@ -1,5 +1,6 @@
 // Reads command strings from standard input, a line each, and prints the result and the answer of each, a tab between.
-// With --window it opens a window, and puts its handle in place of every %H.
+// With --window it opens a window, and puts its handle in place of every %H; with --window=WIDTHxHEIGHT one of this
+// size.
 
 #include "platform/mci/drive_door.h"
 #include "platform/mci/mci_service.h"
@@ -16,6 +17,7 @@
 #include <string>
 #include <string_view>
 #include <unistd.h>
+#include <utility>
 
 namespace
 {
@@ -80,6 +82,20 @@ bool bringsPicture(const std::string& line)
     return verb == tandrel::Verb::Open || verb == tandrel::Verb::Seek || verb == tandrel::Verb::Step;
 }
 
+/// What an argument says about the window; empty if it is none.
+std::optional<std::pair<std::uint16_t, std::uint16_t>> windowSize(const char* argument)
+{
+    if (std::strcmp(argument, "--window") == 0)
+        return std::pair<std::uint16_t, std::uint16_t>{640, 480};
+    std::uint16_t width = 0;
+    std::uint16_t height = 0;
+    int length = 0;
+    const int found = std::sscanf(argument, "--window=%5hux%5hu%n", &width, &height, &length);
+    if (found != 2 || argument[length] != '\0' || width == 0 || height == 0)
+        return {};
+    return std::pair{width, height};
+}
+
 void run(tandrel::MciService& service, tandrel::Mci& mci, const std::string& handle)
 {
     Lines lines;
@@ -108,11 +124,12 @@ int main(int argc, char** argv)
 {
     std::unique_ptr<tandrel::ToolWindow> window;
     for (int index = 1; index < argc; ++index) {
-        if (std::strcmp(argv[index], "--window") != 0) {
-            std::fprintf(stderr, "usage: %s [--window]\n", argv[0]);
+        const auto size = windowSize(argv[index]);
+        if (!size) {
+            std::fprintf(stderr, "usage: %s [--window[=WIDTHxHEIGHT]]\n", argv[0]);
             return 2;
         }
-        window = std::make_unique<tandrel::ToolWindow>("tandrel-mci");
+        window = std::make_unique<tandrel::ToolWindow>("tandrel-mci", size->first, size->second);
         if (window->handle() == 0) {
             std::fprintf(stderr, "%s: there is no X server to open a window on\n", argv[0]);
             return 1;

@@ -9,19 +9,18 @@ namespace tandrel
 
 namespace
 {
-constexpr std::uint16_t kWidth = 640;
-constexpr std::uint16_t kHeight = 480;
 constexpr int kShowLimitMs = 2000;
 } // namespace
 
-ToolWindow::ToolWindow(const char* title) : connection_(xcb_connect(nullptr, nullptr))
+ToolWindow::ToolWindow(const char* title, std::uint16_t width, std::uint16_t height)
+    : connection_(xcb_connect(nullptr, nullptr))
 {
     if (xcb_connection_has_error(connection_) != 0)
         return;
     const xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(connection_)).data;
     window_ = xcb_generate_id(connection_);
     const std::uint32_t values[]{screen->black_pixel, XCB_EVENT_MASK_EXPOSURE};
-    xcb_create_window(connection_, XCB_COPY_FROM_PARENT, window_, screen->root, 0, 0, kWidth, kHeight, 0,
+    xcb_create_window(connection_, XCB_COPY_FROM_PARENT, window_, screen->root, 0, 0, width, height, 0,
                       XCB_WINDOW_CLASS_INPUT_OUTPUT, screen->root_visual, XCB_CW_BACK_PIXEL | XCB_CW_EVENT_MASK,
                       values);
     xcb_change_property(connection_, XCB_PROP_MODE_REPLACE, window_, XCB_ATOM_WM_NAME, XCB_ATOM_STRING, 8,

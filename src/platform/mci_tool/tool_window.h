@@ -3,16 +3,17 @@
 
 #include "platform/services.h"
 
+#include <cstdint>
 #include <xcb/xcb.h>
 
 namespace tandrel
 {
 
-/// 640 by 480 pixels, on the screen when the constructor returns; `handle` is 0 where there is no X server.
+/// On the screen when the constructor returns; `handle` is 0 where there is no X server.
 class ToolWindow
 {
 public:
-    explicit ToolWindow(const char* title);
+    ToolWindow(const char* title, std::uint16_t width, std::uint16_t height);
     ~ToolWindow();
     ToolWindow(const ToolWindow&) = delete;
     ToolWindow& operator=(const ToolWindow&) = delete;

@@ -20,7 +20,8 @@ class EarlyOpens
 public:
     struct Result {
         OpenFailure failure = OpenFailure::None;
-        std::unique_ptr<MpvDevice> device;
+        std::unique_ptr<MpvDevice> device = nullptr;
+        MediaSource source = {};
     };
     /// Opens a file; runs on another thread, and takes 5 s at most.
     using Open = std::function<Result()>;

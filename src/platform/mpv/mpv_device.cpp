@@ -44,6 +44,11 @@ void MpvDevice::beginClose()
 {
     if (closed_.valid())
         return;
+    if (stills_ != nullptr) {
+        endFollowing();
+        stills_->close();
+        mpv_set_wakeup_callback(channel_.handle(), nullptr, nullptr);
+    }
     closeDeadline_ = now() + (hung_ ? 0s : kCloseLimit);
     closed_ = destroyHandle(channel_.release());
 }
@@ -51,10 +56,14 @@ void MpvDevice::beginClose()
 void MpvDevice::drain()
 {
     channel_.drain([this](const mpv_event& event) { hear(event); });
+    if (stage_ == Stage::Filling)
+        lookForPicture();
 }
 
 void MpvDevice::hear(const mpv_event& event)
 {
+    if (following_)
+        hearFollowing(event);
     switch (event.event_id) {
     case MPV_EVENT_COMMAND_REPLY:
         if (stage_ == Stage::Sent && event.reply_userdata == awaited_)
@@ -141,13 +150,14 @@ void MpvDevice::notePlace(double time)
 void MpvDevice::play()
 {
     // A step ends in a pause of its own, which would undo the play; and sound comes on at rest only.
-    if (stage_ == Stage::Stepping || soundIsOff_)
+    if (stage_ == Stage::Stepping || stage_ == Stage::Filling || soundIsOff_)
         settle();
     drain();
     if (ended_)
         return;
     if (place_ < silentFrom_)
         turnSound(true);
+    runFromStill();
     // libmpv pauses by itself at an end, of which a running device may not have heard before it was sent elsewhere.
     channel_.set("pause", false);
     if (running_)
@@ -163,6 +173,7 @@ void MpvDevice::pause()
     if (!running_)
         return;
     channel_.set("pause", true);
+    expectStepsWhilePausing();
     running_ = false;
     if (stage_ == Stage::Rest)
         stage_ = Stage::Reading;
@@ -170,19 +181,28 @@ void MpvDevice::pause()
         askPlace();
 }
 
+bool MpvDevice::waitsForPlayer() const { return stage_ != Stage::Rest && stage_ != Stage::Filling; }
+
 bool MpvDevice::settle()
 {
     drain();
     // What was waited for in vain once is not waited for again: the program has to go on.
     const auto deadline = now() + (gaveUp_ ? 0s : kSettleLimit);
     while (stage_ != Stage::Rest && now() < deadline) {
+        if (stage_ == Stage::Filling) {
+            stills_->cache().wait(deadline);
+            lookForPicture();
+            continue;
+        }
         const bool polls = stage_ == Stage::Stepping;
         if (polls && awaited_ == 0)
             awaited_ = channel_.ask("pause", MPV_FORMAT_FLAG);
         channel_.wait([this](const mpv_event& event) { hear(event); }, polls ? now() + kStepPoll : deadline,
-                      [this] { return stage_ == Stage::Rest; });
+                      [&] { return !waitsForPlayer() || (stage_ == Stage::Stepping) != polls; });
     }
     gaveUp_ = stage_ != Stage::Rest;
+    if (stills_ != nullptr && !gaveUp_)
+        stills_->sync();
     return !gaveUp_;
 }
 
@@ -198,6 +218,7 @@ bool MpvDevice::ready()
 MediaReading MpvDevice::read()
 {
     drain();
+    followLater();
     if (!running_ || ended_)
         return {place_, ended_};
     if (stage_ == Stage::Rest) {
@@ -249,9 +270,10 @@ void MpvDevice::put(const PixelRect& place)
 {
     if (window_ == nullptr)
         return;
-    window_->put({scaled(place.left, pixelRatio_), scaled(place.top, pixelRatio_), scaled(place.right, pixelRatio_),
-                  scaled(place.bottom, pixelRatio_)},
-                 facts_.width);
+    const PixelRect inPixels{scaled(place.left, pixelRatio_), scaled(place.top, pixelRatio_),
+                             scaled(place.right, pixelRatio_), scaled(place.bottom, pixelRatio_)};
+    window_->put(inPixels, facts_.width);
+    sizePictures({inPixels.width() > 0 ? canvasWidth(inPixels.width(), facts_.width) : 0, inPixels.height()});
 }
 
 } // namespace tandrel

@@ -5,7 +5,10 @@
 #include "platform/mpv/media_tracks.h"
 #include "platform/mpv/mpv_channel.h"
 #include "platform/mpv/picture_window.h"
+#include "platform/mpv/step_stills.h"
 
+#include <atomic>
+#include <functional>
 #include <future>
 
 namespace tandrel
@@ -28,6 +31,8 @@ public:
     void moveInto(WindowHandle parent, double pixelRatio);
     /// Runs about every 50 ms while a call blocks. Not to be set before the load is done.
     void setPulse(std::function<void()> pulse) { channel_.setPulse(std::move(pulse)); }
+    /// Lets steps use pictures that are decoded apart from the player, where that is possible. After a load, once.
+    void keepPictures(const StepTools& tools, const MediaSource& source);
 
     const MediaFacts& facts() const override { return facts_; }
     void play() override;
@@ -37,6 +42,7 @@ public:
     void step(StepDirection direction) override;
     bool settle() override;
     bool ready() override;
+    void makeReadyToPlay() override;
     MediaReading read() override;
     FrameCounts counts() override;
     void setVolume(double volume) override;
@@ -57,6 +63,8 @@ private:
         Seeking,
         /// A step on was sent; the player holds again when it is done.
         Stepping,
+        /// A step back waits for its picture, which is being decoded.
+        Filling,
         /// The new place was asked for.
         Reading
     };
@@ -100,19 +108,67 @@ private:
     bool correctSeek();
     bool correctStep();
     bool correctEnd();
+    bool correctReturn();
     /// Lets seeks begin further ahead of their target; false if they do that already.
     bool growMargin();
     void forgetMoves();
+    void forgetPictures();
     void sendEnd();
     void stepBack();
+    void sendExactSeek(double place);
+    double exactTarget(double place) const;
+    std::string seekText(double target) const;
+    void sendStepOn();
+
+    double samePicture() const;
+    bool isSamePicture(double one, double other) const;
+    double playerTime(double place) const;
+    /// Steps may follow, at rest here.
+    void expectSteps(double place);
+    void expectStepsWhilePausing();
+    /// Goes on with a step back: shows its picture, or waits for it, or leaves it to the player.
+    void lookForPicture();
+    /// Shows a picture without the player. False if that cannot be done.
+    bool show(const KeptPicture& picture);
+    /// True if a step on is done, or under way; otherwise it is up to the player.
+    bool stepOnWithoutPlayer();
+    /// The player shows the right picture already.
+    void uncoverPlayer();
+    void bringPlayerHere();
+    /// Brings the player along in the background when no step has come for a while, so that a play begins at once.
+    void followLater();
+    void wakeForPlayer(bool on);
+    void hearFollowing(const mpv_event& event);
+    void endFollowing();
+    void restAtPicture(bool steppedOn);
+    void runFromStill();
+    void sizePictures(PictureSize size);
     void turnSound(bool on);
     bool isExpected(double seconds) const;
+    bool waitsForPlayer() const;
     /// How far a running device has probably come since then, in seconds.
     double reckonedSince(Moment moment) const;
 
     std::shared_ptr<void> inUse_;
     MpvChannel channel_;
     std::unique_ptr<PictureWindow> window_;
+    /// Null where the player does all steps by itself.
+    std::unique_ptr<StepStills> stills_;
+    std::function<void()> wake_;
+    /// When the picture shown without the player came up, and whether the player has yet to follow there.
+    Moment shownAt_;
+    bool followWanted_ = false;
+
+    /// The player is on its way to a picture shown without it, and nobody waits for that.
+    struct Following {
+        Stage stage = Stage::Sent;
+        /// The command, later the question for the place.
+        std::uint64_t awaited = 0;
+    };
+    std::optional<Following> following_;
+    std::shared_ptr<std::atomic<bool>> turn_;
+    /// Where the player rests while a picture is shown without it; less than 0 while it is being brought along.
+    std::optional<double> behind_;
     double pixelRatio_;
     std::future<void> closed_;
     Moment closeDeadline_;
@@ -138,6 +194,10 @@ private:
     /// A step on is under way; a step back is to follow.
     bool stepsOn_ = false;
     bool thenBack_ = false;
+    bool thenOn_ = false;
+    double steppedFrom_ = 0;
+    /// The place of the picture that the player is being brought to.
+    std::optional<double> returnTo_;
     /// How far ahead of their target seeks begin, as a row of a table.
     std::size_t margin_ = 0;
 

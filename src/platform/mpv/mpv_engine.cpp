@@ -18,6 +18,10 @@ namespace tandrel
 
 namespace
 {
+constexpr int kStepWorkers = 2;
+// What pictures for steps back take at most, of all devices together.
+constexpr std::size_t kStepBytes = 480 * 1024 * 1024;
+
 class MpvEngine final : public MediaEngine
 {
 public:
@@ -33,6 +37,8 @@ public:
 
 private:
     WindowSystem& windowSystem();
+    /// What a decoder of the graphics card makes, or a renderer there, is not like what the processor makes.
+    bool keepsPictures() const { return !settings_.hardwareDecoding && settings_.videoOutput != "gpu"; }
     double pixelRatio(std::optional<WindowHandle> window) const;
     int openDevices() const { return static_cast<int>(inUse_.use_count()) - 1; }
     /// Begins to open a file whose picture, if it is to be `shown`, gets its parent later.
@@ -43,6 +49,8 @@ private:
     std::unique_ptr<WindowSystem> windowSystem_;
     /// Each device holds a share.
     std::shared_ptr<void> inUse_ = std::make_shared<char>();
+    StepTools stepTools_{std::make_shared<StepWorkers>(kStepWorkers), std::make_shared<StepBudget>(kStepBytes),
+                         options_.wake};
     HandleStock stock_;
     EarlyOpens early_;
 };
@@ -92,15 +100,17 @@ void MpvEngine::begin(const std::string& path, bool shown)
     early_.begin(path, [this, path, window, share = std::move(share), withoutSound]() mutable -> EarlyOpens::Result {
         const MediaPath media = findMedia(path);
         if (media.failure != OpenFailure::None)
-            return {media.failure, nullptr};
+            return {media.failure};
+        // Of the file as it is before anybody reads it.
+        const MediaSource source{media.absolute, markOf(media.absolute), 0};
         mpv_handle* handle = stock_.take();
         if (handle == nullptr)
-            return {OpenFailure::TimedOut, nullptr};
+            return {OpenFailure::TimedOut};
         auto device = std::make_unique<MpvDevice>(handle, std::move(*window), 1, std::move(share));
         const OpenFailure failure = device->load(media.absolute, withoutSound);
         if (failure != OpenFailure::None)
-            return {failure, nullptr};
-        return {OpenFailure::None, std::move(device)};
+            return {failure};
+        return {OpenFailure::None, std::move(device), source};
     });
 }
 
@@ -128,6 +138,8 @@ OpenResult MpvEngine::open(const std::string& path, std::optional<WindowHandle> 
     });
     if (shown)
         result.device->moveInto(*parent, pixelRatio(parent));
+    if (keepsPictures())
+        result.device->keepPictures(stepTools_, result.source);
     return {OpenFailure::None, std::move(result.device)};
 }
 } // namespace

@@ -14,6 +14,8 @@ struct MpvOptions {
     bool outputs = true;
     /// Device pixels to a logical pixel in this window; 1 where not set.
     std::function<double(WindowHandle)> pixelRatio;
+    /// Called from any thread when a device has to be looked at soon (MediaDevice::read); may be empty.
+    std::function<void()> wake = {};
     /// How many devices the program opens at most: so many players are kept ready.
     int mostDevices = 12;
 };

@@ -36,15 +36,14 @@ void MpvDevice::seek(double seconds)
         return;
     gaveUp_ = false;
     double target = seconds;
-    if (facts_.frameRate > 0) {
-        const double frame = std::floor(seconds * facts_.frameRate + kTimeEpsilon);
-        target = frame / facts_.frameRate + kSeekTolerance - std::min(kSeekTolerance, 0.5 / facts_.frameRate);
-    }
+    if (facts_.frameRate > 0)
+        target = std::floor(seconds * facts_.frameRate + kTimeEpsilon) / facts_.frameRate;
     forgetMoves();
+    forgetPictures();
     if (!running_)
         wanted_ = seconds;
     correction_ = Correction::None;
-    sendSeek(target);
+    sendExactSeek(target);
     // Whoever asks for a time between two units wants to hear the lower one.
     place_ = lastRead_ = std::max(0.0, seconds - kTimeEpsilon);
 }
@@ -57,7 +56,14 @@ void MpvDevice::seekToEnd()
         return;
     gaveUp_ = false;
     forgetMoves();
+    forgetPictures();
     sendEnd();
+}
+
+void MpvDevice::forgetPictures()
+{
+    if (stills_ != nullptr)
+        stills_->cache().drop();
 }
 
 void MpvDevice::step(StepDirection direction)
@@ -71,18 +77,18 @@ void MpvDevice::step(StepDirection direction)
         sendEnd();
     } else if (direction == StepDirection::Backward) {
         stepBack();
-    } else if (!pictureIsPast_) {
-        channel_.command({"frame-step"});
-        stage_ = Stage::Stepping;
-        stepsOn_ = true;
-        awaited_ = 0;
+    } else if (!pictureIsPast_ && !stepOnWithoutPlayer()) {
+        sendStepOn();
     }
 }
 
-void MpvDevice::stepBack()
+void MpvDevice::sendStepOn()
 {
-    backFrom_ = place_;
-    sendMove({"frame-back-step"});
+    steppedFrom_ = place_;
+    channel_.command({"frame-step"});
+    stage_ = Stage::Stepping;
+    stepsOn_ = true;
+    awaited_ = 0;
 }
 
 void MpvDevice::sendEnd()
@@ -93,16 +99,34 @@ void MpvDevice::sendEnd()
     sendMove(kSeekToEnd);
 }
 
+void MpvDevice::sendExactSeek(double place) { sendSeek(exactTarget(place)); }
+
+double MpvDevice::exactTarget(double place) const
+{
+    const bool hasFrames = facts_.frameRate > 0;
+    return hasFrames ? place + kSeekTolerance - std::min(kSeekTolerance, 0.5 / facts_.frameRate) : place;
+}
+
+std::string MpvDevice::seekText(double target) const
+{
+    char text[40];
+    std::snprintf(text, sizeof text, "%.9f", target + origin_.value_or(0));
+    return text;
+}
+
 void MpvDevice::sendSeek(double target)
 {
     target_ = target;
-    char text[40];
-    std::snprintf(text, sizeof text, "%.9f", target + origin_.value_or(0));
-    sendMove({"seek", text, "absolute+exact"});
+    sendMove({"seek", seekText(target).c_str(), "absolute+exact"});
 }
 
 void MpvDevice::sendMove(std::initializer_list<const char*> command)
 {
+    // What stands in front of the player stays until the player has moved.
+    if (stills_ != nullptr)
+        stills_->uncoverAfterSeek(channel_.handle());
+    behind_.reset();
+    endFollowing();
     awaited_ = channel_.command(command);
     stage_ = Stage::Sent;
     placeAsked_ = 0;
@@ -122,12 +146,14 @@ void MpvDevice::forgetMoves()
 {
     wanted_.reset();
     backFrom_.reset();
-    endWanted_ = stepsOn_ = thenBack_ = false;
+    returnTo_.reset();
+    endWanted_ = stepsOn_ = thenBack_ = thenOn_ = false;
 }
 
 void MpvDevice::placeKnown()
 {
-    if ((wanted_ && correctSeek()) || (backFrom_ && correctStep()) || (endWanted_ && correctEnd()))
+    if ((wanted_ && correctSeek()) || (backFrom_ && correctStep()) || (endWanted_ && correctEnd()) ||
+        (returnTo_ && correctReturn()))
         return;
     if (stepsOn_ && pictureIsPast_) {
         // The step has brought the last picture, whose time only a seek without the sound can tell.
@@ -138,10 +164,15 @@ void MpvDevice::placeKnown()
     if (endWanted_)
         silentFrom_ = place_ - kSilentEnd;
     const bool back = thenBack_;
+    const bool on = thenOn_;
+    const bool steppedOn = stepsOn_;
     forgetMoves();
     stage_ = Stage::Rest;
+    restAtPicture(steppedOn);
     if (back)
         stepBack();
+    else if (on)
+        sendStepOn();
 }
 
 bool MpvDevice::isExpected(double seconds) const

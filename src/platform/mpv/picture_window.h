@@ -50,6 +50,9 @@ public:
     /// The window to draw in. It fills this one, up to a few pixels wider.
     WindowHandle canvas() const { return canvas_; }
     void moveInto(WindowHandle parent);
+    /// The window around the canvas, for others to put something in front of that.
+    WindowHandle frame() const { return window_; }
+    WindowSystem& system() const { return system_; }
     /// Shows the window at this place, or hides it if the rectangle is empty. The picture to come is so wide by itself.
     void put(const PixelRect& place, int nativeWidth);
 
