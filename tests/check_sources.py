@@ -6,7 +6,7 @@ import re
 import sys
 
 # Folder below src/ -> folders whose headers it may include beside its own.
-FORMS = {"console", "video", "fullscreen", "texts"}
+FORMS = {"console", "video", "fullscreen", "texts", "persist"}
 BASE = {"platform", "toolkit"}
 MAY_INCLUDE = {
     "platform": set(),
@@ -20,11 +20,11 @@ MAY_INCLUDE = {
     "toolkit/qt": {"platform", "toolkit"},
     "desktop": BASE,
     "media": BASE | {"desktop"},
-    "persist": BASE,
-    "console": BASE | FORMS | {"desktop", "media", "persist"},
+    "persist": BASE | FORMS | {"desktop", "media"},
+    "console": BASE | FORMS | {"desktop", "media"},
     "video": BASE | FORMS | {"desktop", "media"},
     "fullscreen": BASE | FORMS | {"desktop", "media"},
-    "texts": BASE | FORMS | {"desktop", "media", "persist"},
+    "texts": BASE | FORMS | {"desktop", "media"},
     "app": BASE | {"console", "media", "toolkit/qt", "platform/mci", "platform/mpv", "platform/dbus", "platform/x11",
             "platform/xdg", "app"},
 }
@@ -34,6 +34,7 @@ LIBRARIES = {
     r"^dbus/": {"platform/dbus"},
     r"^mpv/": {"platform/mpv"},
     r"^vlc/": {"platform/vlc"},
+    r"^lib(av|sw)": {"platform/mpv"},
 }
 # A form's header names the toolkit, plain types and what it owns; never another form.
 FORM_HEADERS_MAY = {"toolkit", "desktop", "media", "platform"}

@@ -164,8 +164,8 @@ public:
     /// The title says, in English or in the user's language and in whatever letters, that no media are selected.
     bool titleSaysNoMedia() const;
 
-    // What the user chooses goes to `List1`, and what of it is new to `List2` too. `chosen` takes the selection as a
-    // text, empty where nothing was chosen. An error ends the operation with a box of its own.
+    // What is chosen and new goes to both lists. `chosen` takes the selection as a text, empty where there was none. An
+    // error ends the operation with a box of its own.
     /// Several files, beside what is open.
     void GetFiles(Text title, Text& chosen);
     /// One file that replaces what is open.
@@ -183,8 +183,7 @@ public:
 
     /// Opens files as a group beside what is open: those that are new, as far as there is room. No tip comes up.
     void openPaths(const std::vector<Text>& paths);
-    /// The same for what was dropped on a window: folders and what isn't there are left out, and the rest goes to the
-    /// recent files.
+    /// The same for what was dropped: folders and what isn't there are left out, the rest goes to the recent files.
     void openDropped(const std::vector<Text>& paths);
 
     /// A message in the program's own form, which waits for the user.
