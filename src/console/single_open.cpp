@@ -143,7 +143,12 @@ void frmMedia::tellFirstTip()
     if (!FirstOpenTip)
         return;
     screen().MousePointer = pointer::kDefault;
+    // While the tip is up, files that another start has handed over may come and go through the list.
+    const std::vector<Text> chosen = List1.entries();
     tell(localised("message.tipFullScreen"));
+    List1.Clear();
+    for (const Text& path : chosen)
+        List1.AddItem(path);
     FirstOpenTip = false;
     screen().MousePointer = pointer::kHourglass;
 }

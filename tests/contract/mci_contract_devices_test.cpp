@@ -56,6 +56,48 @@ TEST_P(MciContract, AFailedOpenLeavesNothingBehind)
     EXPECT_EQ(answer, "1");
 }
 
+TEST_P(MciContract, AnnouncedFilesOpenLikeOthers)
+{
+    const std::vector<std::string> names{"short.mp4", "text.avi", "h264_30.mp4", "nowhere.mp4", "h264_25.mp4"};
+    const std::vector<int> results{0, 296, 0, 275, 0};
+    std::vector<std::string> paths;
+    for (const std::string& name : names)
+        paths.push_back(testMedia(name));
+    mci().prepare(paths);
+    for (std::size_t index = 0; index < names.size(); ++index)
+        EXPECT_EQ(open(names[index], std::to_string(index)), results[index]) << names[index];
+    EXPECT_EQ(ask("status 0 length"), "2000");
+    EXPECT_EQ(ask("status 2 position"), "0");
+    EXPECT_EQ(send("seek 4 to 4000"), 0);
+    EXPECT_EQ(ask("status 4 position"), "4000");
+    mci().prepare({});
+}
+
+TEST_P(MciContract, WhatWasAnnouncedNeedNotBeOpened)
+{
+    for (int round = 0; round < 3; ++round) {
+        mci().prepare({testMedia("short.mp4"), testMedia("h264_30.mp4"), testMedia("h264_25.mp4")});
+        EXPECT_EQ(open("h264_25.mp4"), 0) << "another order";
+        EXPECT_EQ(open("short.mp4", "B"), 0);
+        EXPECT_EQ(open("short.mp4", "C"), 0) << "once more than announced";
+        mci().prepare({});
+        EXPECT_EQ(open("h264_30.mp4", "D"), 0);
+        EXPECT_EQ(ask("status D length"), "10000");
+        EXPECT_EQ(send("close all"), 0);
+    }
+    mci().prepare({testMedia("short.mp4"), testMedia("h264_30.mp4")});
+}
+
+TEST_P(MciContract, ManyFilesAreAnnouncedAtOnce)
+{
+    const std::vector<std::string> paths(30, testMedia("short.mp4"));
+    mci().prepare(paths);
+    for (int index = 0; index < 30; ++index)
+        ASSERT_EQ(open("short.mp4", "A" + std::to_string(index)), 0);
+    EXPECT_EQ(answer, "30");
+    EXPECT_EQ(ask("status A29 length"), "2000");
+}
+
 TEST_P(MciContract, CloseEndsTheDevice)
 {
     ASSERT_EQ(open("short.mp4"), 0);

@@ -115,6 +115,18 @@ class ScreenOf : public Screen, public testing::WithParamInterface<VideoRow>
 };
 } // namespace
 
+TEST_F(Screen, AnAnnouncedPictureComesUpInItsWindow)
+{
+    mci.prepare({testMedia("h264_30.mp4"), testMedia("h264_25.mp4")});
+    ASSERT_EQ(open("h264_30.mp4"), 0);
+    EXPECT_TRUE(showsFrame(0));
+    EXPECT_EQ(send("set A time format frames"), 0);
+    EXPECT_EQ(send("seek A to 77"), 0);
+    EXPECT_TRUE(showsFrame(77));
+    EXPECT_EQ(send("put A window at 320 240 320 240"), 0);
+    EXPECT_TRUE(showsFrame(77, {320, 240, 640, 480}));
+}
+
 TEST_P(ScreenOf, SeeksAndStepsShowTheFrameTheyName)
 {
     const VideoRow& video = GetParam();

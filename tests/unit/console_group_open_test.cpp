@@ -478,6 +478,18 @@ TEST_F(ConsoleGroupOpen, TheTipComesBeforeTheFirstOpenOnly)
     EXPECT_FALSE(console().FirstOpenTip);
 }
 
+TEST_F(ConsoleGroupOpen, FilesThatAreHandedOverWhileTheTipIsUpDoNotMixWithTheChosenOnes)
+{
+    start("0");
+    world.backend.whileModal["frmUpdate"] = [this](Form&) {
+        console().List1.Clear();
+        console().List1.AddItem(film(7));
+    };
+    choose({0, 1});
+    EXPECT_THAT(console().List1.entries(), ElementsAre(film(0), film(1)));
+    EXPECT_THAT(startingWith(commands(), "Play"), ElementsAre("Play A ", "Play B "));
+}
+
 TEST_F(ConsoleGroupOpen, WhileThePointerIsTheHourglassTheOpenCommandReturnsAtOnce)
 {
     start("0");

@@ -212,10 +212,14 @@ WindowHandle QtFormView::handle() const { return static_cast<WindowHandle>(widge
 
 void QtFormView::waitModal()
 {
-    if (const auto* qt = dynamic_cast<const QtBackend*>(&backend()); qt && qt->boxesEnded()) {
+    auto* qt = dynamic_cast<QtBackend*>(&backend());
+    if (qt && qt->boxesEnded()) {
         form_.Hide();
         return;
     }
+    // The form waits for the user, whatever the program is busy with.
+    if (qt)
+        qt->mousePointerChanged(pointer::kDefault);
     QEventLoop loop;
     waiting_.push_back(&loop);
     const auto alive = form_.shared_from_this();
@@ -223,6 +227,8 @@ void QtFormView::waitModal()
     // The view may have ended inside the loop, and with it this object.
     if (alive->isLoaded())
         std::erase(waiting_, &loop);
+    if (qt)
+        qt->mousePointerChanged(tandrel::screen().mousePointer());
 }
 
 } // namespace tandrel

@@ -12,6 +12,7 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QTimer>
 #include <QUrl>
 
 namespace tandrel
@@ -32,6 +33,15 @@ Qt::WindowFlags flagsFor(const Form& form)
 Text localPath(const QUrl& url)
 {
     return QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1()).toStdString();
+}
+
+std::vector<Text> localPaths(const QMimeData& data)
+{
+    std::vector<Text> paths;
+    for (const QUrl& url : data.urls())
+        if (url.isLocalFile())
+            paths.push_back(markPath(localPath(url)));
+    return paths;
 }
 
 } // namespace
@@ -232,18 +242,21 @@ void FormWidget::closeEvent(QCloseEvent* event)
 
 void FormWidget::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (event->mimeData()->hasUrls())
+    if (!localPaths(*event->mimeData()).empty())
         event->acceptProposedAction();
 }
 
 void FormWidget::dropEvent(QDropEvent* event)
 {
-    std::vector<Text> paths;
-    for (const QUrl& url : event->mimeData()->urls())
-        if (url.isLocalFile())
-            paths.push_back(markPath(localPath(url)));
-    if (form_ && form_->DropFiles && !paths.empty())
-        form_->run([this, paths] { form_->DropFiles(paths); });
+    const std::vector<Text> paths = localPaths(*event->mimeData());
+    if (!form_ || !form_->DropFiles || paths.empty())
+        return;
+    event->acceptProposedAction();
+    // Whoever the files come from waits for the end of this event, and what is done with them may take its time.
+    QTimer::singleShot(0, this, [this, paths] {
+        if (form_ && form_->isLoaded())
+            form_->run([this, paths] { form_->DropFiles(paths); });
+    });
 }
 
 } // namespace tandrel
