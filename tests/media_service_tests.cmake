@@ -46,6 +46,7 @@ tandrel_media_test(media_screen DISPLAY contract/screen_test.cpp)
 tandrel_media_test(media_files NODISPLAY contract/media_files_test.cpp)
 
 tandrel_media_test(mci_unit NODISPLAY
+  unit/mci_early_opens_test.cpp
   unit/mci_outputs_test.cpp
   unit/mci_parser_test.cpp
   unit/mci_service_test.cpp

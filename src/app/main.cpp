@@ -66,6 +66,9 @@ double pixelRatioOf(WindowHandle window)
 /// Lets the event loop come round once more, and with it the service's `idle`. From any thread.
 void wakeLoop()
 {
+    // What is left over from a slow end may still call.
+    if (qApp == nullptr)
+        return;
     if (QAbstractEventDispatcher* loop = QAbstractEventDispatcher::instance(qApp->thread()))
         loop->wakeUp();
 }

@@ -1,5 +1,6 @@
 // What every activation of the console does: it takes the files that later starts have handed over.
 
+#include "toolkit/activation.h"
 #include "console/command_line.h"
 #include "console/frm_media.h"
 #include "console/holders.h"
@@ -54,7 +55,18 @@ bool frmMedia::markOwner()
     return settled;
 }
 
-bool frmMedia::handoverIsDue() const { return handover::exists() && !handoverUnreadable_ && !handoverStuck_; }
+bool frmMedia::handoverIsDue() const
+{
+    return opening_ == 0 && handover::exists() && !handoverUnreadable_ && !handoverStuck_;
+}
+
+void frmMedia::takeNoHandover(bool on)
+{
+    opening_ += on ? 1 : -1;
+    // The activation that the command ended with has left them where they were.
+    if (!on && isLoaded() && !isEnding() && activeForm() == this && handoverIsDue())
+        run([this] { onActivate(); });
+}
 
 void frmMedia::takeHandover()
 {

@@ -2,16 +2,16 @@
 #pragma once
 
 #include "console/button_ids.h"
+#include "console/console_controls.h"
 #include "console/placement.h"
 #include "media/console_face.h"
-#include "toolkit/form.h"
 
 namespace tandrel
 {
 
 class frmChild;
 
-class frmMedia : public Form, public ConsoleFace
+class frmMedia : public ConsoleControls, public ConsoleFace
 {
 public:
     frmMedia();
@@ -67,82 +67,6 @@ public:
     ListBox List1;
     ListBox List2;
 
-    // The body, whose picture is the outline too, and the surface that the console is dragged by.
-    Image Maschera{*this, "Maschera", {0, 0, 13500, 3180}, "console"};
-    Image imgBody{*this, "imgBody", {0, 0, 13500, 3180}, "console"};
-    Label Sposta{*this, "Sposta", {0, 0, 13500, 3180}};
-
-    // The display.
-    Label lblTitleBar{*this, "lblTitleBar", {570, 795, 4200, 300}, kNoTitle};
-    Label lblCurTime{*this, "lblCurTime", {570, 1170, 2310, 630}, "0:00:00"};
-    Label Label7{*this, "Label7", {585, 1830, 2250, 240}, "Current"};
-    Label Label6{*this, "Label6", {3000, 1230, 1050, 240}, "Total"};
-    Label lblDuration{*this, "lblDuration", {3000, 1455, 1140, 330}, "0:00:00"};
-    Label lblSpeed{*this, "lblSpeed", {4140, 1485, 630, 270}, "0x"};
-    Label lblMode{*this, "lblMode", {3000, 1830, 1770, 240}};
-
-    // What moves the selected video. Tab goes through the controls in the order in which they stand here.
-    Image imgPlay{*this, "imgPlay", {6180, 540, 1140, 1140}, "play"};
-    Image imgPause{*this, "imgPause", {6495, 1800, 510, 510}, "pause"};
-    Image imgRwd{*this, "imgRwd", {5550, 930, 540, 540}, "rewind"};
-    Image imgFwd{*this, "imgFwd", {7410, 930, 540, 540}, "forward"};
-    Image imgReplay{*this, "imgReplay", {5910, 1665, 450, 450}, "replay"};
-    Image imgOpen{*this, "imgOpen", {7140, 1665, 450, 450}, "open"};
-    Slider SeekSlider{*this, "SeekSlider", {360, 2400, 12780, 300}, false};
-
-    // What acts on all videos.
-    Label lblGroup{*this, "lblGroup", {8730, 735, 2850, 240}, "All videos"};
-    Image imgBack{*this, "imgBack", {8655, 1035, 450, 450}, "back"};
-    Image imgPauseAll{*this, "imgPauseAll", {9270, 1035, 450, 450}, "pause_all"};
-    Image imgStep{*this, "imgStep", {9885, 1035, 450, 450}, "step"};
-    Image imgResync{*this, "imgResync", {10500, 1035, 450, 450}, "resync"};
-    Image imgMute{*this, "imgMute", {11115, 1035, 450, 450}, "mute"};
-
-    // Tools.
-    Image imgResize{*this, "imgResize", {8505, 1725, 390, 390}, "layout"};
-    Image imgVideo{*this, "imgVideo", {8970, 1725, 390, 390}, "video"};
-    Image imgAudio{*this, "imgAudio", {9435, 1725, 390, 390}, "audio"};
-    Image imgShare{*this, "imgShare", {9900, 1725, 390, 390}, "share"};
-    Image imgHelp{*this, "imgHelp", {10365, 1725, 390, 390}, "help"};
-    Image imgFaceBook{*this, "imgFaceBook", {10965, 1755, 330, 330}, "friends"};
-    Image imgTwitter{*this, "imgTwitter", {11385, 1755, 330, 330}, "post"};
-
-    // The volume: one level, seen by `InvertSlider`, which grows downwards, and kept by `VolumeSlider`.
-    Label Label4{*this, "Label4", {12120, 1095, 480, 240}, "VOL"};
-    Label lblVolume{*this, "lblVolume", {12120, 1380, 510, 390}, "50"};
-    Slider InvertSlider{*this, "InvertSlider", {12660, 1050, 300, 1095}, true};
-    Slider VolumeSlider{*this, "VolumeSlider", {12660, 1050, 300, 1035}, true};
-    Image imgMax{*this, "imgMax", {12945, 1065, 270, 270}, "plus"};
-    Image imgMin{*this, "imgMin", {12945, 1875, 270, 270}, "minus"};
-
-    // The size of the picture, and the name of the program.
-    Label Label3{*this, "Label3", {780, 2805, 3900, 240}};
-    Label Label1{*this, "Label1", {8220, 2805, 960, 240}, "Resize"};
-    std::vector<std::unique_ptr<CommandButton>> cmdSize = makeSizeRow();
-    Label lblSize{*this, "lblSize", {9690, 2790, 780, 270}, "100 %"};
-    CheckBox chkFullscreen{*this, "chkFullscreen", {11160, 2790, 1650, 270}, "Fullscreen"};
-
-    // The window.
-    Image imgHide{*this, "imgHide", {12015, 510, 330, 330}, "hide"};
-    Image imgDwn{*this, "imgDwn", {12405, 510, 330, 330}, "minimise"};
-    Image imgExit{*this, "imgExit", {12795, 510, 330, 330}, "exit"};
-
-    // Pressed by others, and seen by nobody.
-    CommandButton cmdFwd{*this, "cmdFwd", {0, 0, 300, 300}, ">>"};
-    CommandButton cmdRwd{*this, "cmdRwd", {0, 0, 300, 300}, "<<"};
-    CommandButton cmdVideo{*this, "cmdVideo", {0, 0, 300, 300}, "Video"};
-    CommandButton cmdAudio{*this, "cmdAudio", {0, 0, 300, 300}, "Audio"};
-    std::vector<std::unique_ptr<CommandButton>> cmdMedia = makeCommandRow();
-    Label Label2{*this, "Label2", {0, 0, 900, 240}, "0"};
-    Label lblClick{*this, "lblClick", {0, 0, 900, 240}};
-    Label lblDblClick{*this, "lblDblClick", {0, 0, 900, 240}};
-    Label lblTimeClick{*this, "lblTimeClick", {0, 0, 900, 240}};
-
-    Timer Timer1{*this, "Timer1", 100, false};
-    Timer Timer2{*this, "Timer2", 750, false};
-    Timer Timer3{*this, "Timer3", 50, true};
-    Timer Timer4{*this, "Timer4", 3000, true};
-
     /// Lays all videos out as a grid and plays them: PlayAll Mode. Does nothing with fewer than two entries in `List2`.
     void Resize(bool NoPlay);
     /// The selected video large, the others small and paused beside it: PlayList Mode.
@@ -181,10 +105,14 @@ public:
     void OpenSingleVideoMKV();
     void OpenSingleVideoDVD();
 
-    /// Opens files as a group beside what is open: those that are new, as far as there is room. No tip comes up.
-    void openPaths(const std::vector<Text>& paths);
+    /// Opens files as a group beside what is open: those that are new, as far as there is room. No tip comes up. False,
+    /// with a message, where there is no room at all.
+    bool openPaths(const std::vector<Text>& paths);
     /// The same for what was dropped: folders and what isn't there are left out, the rest goes to the recent files.
     void openDropped(const std::vector<Text>& paths);
+
+    /// While this holds, files of other starts wait: they would mix with those that a command is opening.
+    void takeNoHandover(bool on);
 
     /// A message in the program's own form, which waits for the user.
     void tell(const Text& message);
@@ -208,11 +136,7 @@ protected:
     void onUnload() override;
 
 private:
-    static constexpr const char* kNoTitle = "No Media Selected";
-
     // frm_media.cpp
-    std::vector<std::unique_ptr<CommandButton>> makeCommandRow();
-    std::vector<std::unique_ptr<CommandButton>> makeSizeRow();
     void playAfterFullScreen();
 
     // skin.cpp
@@ -316,12 +240,17 @@ private:
     bool isBusy() const;
     /// Something was chosen that isn't open yet. What is open already gets the focus.
     bool hasNewFile(const Text& chosen);
-    void tellFirstTip();
+    /// False where the program has been ended meanwhile.
+    bool tellFirstTip();
     void stopJump();
     /// A long command with its notice in front and the timers off; an error ends it properly.
     void runBatch(const std::function<void()>& work);
     void closeAllVideos();
+    /// Behind an error in the middle of a batch: what has not come to its open is not open.
+    void forgetUnopened();
     void openReplacing();
+    /// What was to be opened can't be played: no window, no selection, and the title says so.
+    void sayNothingPlays();
     void placeReplacing(Long count);
     // What later forms bring.
     void endRecentDialog();
@@ -392,6 +321,8 @@ private:
     bool handoverUnreadable_ = false;
     /// It can't be deleted: it has been taken once, and that must do.
     bool handoverStuck_ = false;
+    /// Commands under way that open something.
+    int opening_ = 0;
 };
 
 /// The length as `lblDuration` shows it: characters 1, 3 to 4 and 6 to 7 of the time's text, joined with ":".

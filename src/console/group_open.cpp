@@ -29,19 +29,19 @@ void frmMedia::cmdOpen()
     Unload<class frmToolTip>();
     if (!chosen.empty() && hasResult(chosen))
         endRecentDialog();
-    if (List1.ListCount() > 0)
-        tellFirstTip();
-    openGroup();
+    if (List1.ListCount() == 0 || tellFirstTip())
+        openGroup();
 }
 
-void frmMedia::openPaths(const std::vector<Text>& paths)
+bool frmMedia::openPaths(const std::vector<Text>& paths)
 {
     const OpenCommand command(*this);
     if (!prepareGroup())
-        return;
+        return false;
     takeGroup(paths);
     const OpenAhead ahead(List1.entries());
     openGroup();
+    return true;
 }
 
 void frmMedia::openDropped(const std::vector<Text>& paths)
@@ -55,8 +55,8 @@ void frmMedia::openDropped(const std::vector<Text>& paths)
         backend().messageBox(localised("message.cannotPlay"), BoxStyle::Critical, AppTitle);
         return;
     }
-    openPaths(files);
-    recent::update(List1.entries());
+    if (openPaths(files))
+        recent::update(List1.entries());
 }
 
 bool frmMedia::prepareGroup()
@@ -172,6 +172,7 @@ void frmMedia::arrangePlayList()
         window.Refresh();
         window.Show();
         playChosen(window);
+        window.Show();
         keepWaitInFront();
     });
     CurrentAlias = lead;

@@ -131,6 +131,7 @@ bool frmMedia::openHdFile(const Text& path)
         return false;
     placeSingle(*VideoWindows.back(), 0);
     VideoWindows.back()->Show();
+    showTitleOf(path);
     MediaPlay();
     return true;
 }

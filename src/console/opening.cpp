@@ -161,7 +161,9 @@ void Choice::takeSeveral(const Selection& selection)
     const bool preset = console_.PresetSelection;
     const bool byName = rules_.sameNameIsOpen && !preset;
     for (const Text& element : selection.elements) {
-        const auto isSame = [&](const Text& entry) { return element == entry || (byName && sameName(element, entry)); };
+        const auto isSame = [&](const Text& entry) {
+            return element == entry || (byName && (console_.LastFolder + element == entry || sameName(element, entry)));
+        };
         if (characterCount(element) > 1 && isWanted(isSame))
             take(preset ? element : console_.LastFolder + element);
     }
@@ -191,7 +193,7 @@ bool Choice::isWanted(const SameFile& isSame) const
 bool Choice::sameName(const Text& element, const Text& entry) const
 {
     const auto found = [this](const Text& path) {
-        return services().files->dir(isBareName(path) ? console_.LastFolder + path : path);
+        return services().files->dir(path.starts_with(kSeparator) ? path : console_.LastFolder + path);
     };
     const Text name = found(element);
     return !name.empty() && name == (isBareName(entry) ? entry : found(entry));
@@ -235,6 +237,9 @@ void chooseByRules(class frmMedia& console, const ChoiceRules& rules, const Text
 {
     chosen.clear();
     chooseUnderTrap([&] { Choice(console, rules).intoLists(title, chosen); });
+    // An error may have left the list of an earlier choice.
+    if (chosen.empty())
+        console.List1.Clear();
 }
 
 } // namespace

@@ -11,20 +11,33 @@
 #include "texts/frm_tool_tip.h"
 #include "texts/frm_wait.h"
 #include "texts/localised.h"
+#include "toolkit/program.h"
 #include "toolkit/screen.h"
 #include "toolkit/trap.h"
 #include "video/slots.h"
 
+#include <algorithm>
+
 namespace tandrel
 {
 
-OpenCommand::OpenCommand(class frmMedia& console) : console_(console) { screen().MousePointer = pointer::kHourglass; }
+namespace
+{
+bool isPlayable(const std::shared_ptr<frmChild>& slot) { return slot && slot->isLive() && !slot->hasFailed(); }
+} // namespace
+
+OpenCommand::OpenCommand(class frmMedia& console) : console_(console)
+{
+    console_.takeNoHandover(true);
+    screen().MousePointer = pointer::kHourglass;
+}
 
 OpenCommand::~OpenCommand()
 {
     console_.PresetSelection = false;
     console_.SelectionText.clear();
     screen().MousePointer = pointer::kDefault;
+    console_.takeNoHandover(false);
 }
 
 OpenAhead::OpenAhead(const std::vector<Text>& paths)
@@ -56,14 +69,15 @@ void frmMedia::OpenSingleVideo()
         return;
     const OpenAhead ahead(List1.entries());
     endOtherMedia();
-    tellFirstTip();
+    if (!tellFirstTip())
+        return;
     stopJump();
     runBatch([this] {
         closeAllVideos();
-        if (!isOlderSystem(WindowsVersion) && isHdPath(List1.List(0)))
-            openHdFile(List1.List(0));
-        else
+        if (isOlderSystem(WindowsVersion) || !isHdPath(List1.List(0)))
             openReplacing();
+        else if (!openHdFile(List1.List(0)))
+            sayNothingPlays();
     });
 }
 
@@ -95,7 +109,8 @@ void frmMedia::OpenSingleVideoDVD()
     Unload<class frmToolTip>();
     endRecentDialog();
     endHd();
-    tellFirstTip();
+    if (!tellFirstTip())
+        return;
     runBatch([this] {
         closeAllVideos();
         openDvd();
@@ -138,19 +153,15 @@ bool frmMedia::hasNewFile(const Text& chosen)
     return false;
 }
 
-void frmMedia::tellFirstTip()
+bool frmMedia::tellFirstTip()
 {
     if (!FirstOpenTip)
-        return;
+        return true;
     screen().MousePointer = pointer::kDefault;
-    // While the tip is up, files that another start has handed over may come and go through the list.
-    const std::vector<Text> chosen = List1.entries();
     tell(localised("message.tipFullScreen"));
-    List1.Clear();
-    for (const Text& path : chosen)
-        List1.AddItem(path);
     FirstOpenTip = false;
     screen().MousePointer = pointer::kHourglass;
+    return !programEnded() && !isEnding();
 }
 
 void frmMedia::runBatch(const std::function<void()>& work)
@@ -158,11 +169,19 @@ void frmMedia::runBatch(const std::function<void()>& work)
     frmWait().Show();
     frmWait().showProgress(0, List1.ListCount());
     holdTimers(true);
-    trap(work);
+    if (!trap(work))
+        forgetUnopened();
     holdTimers(false);
     Unload<class frmWait>();
     screen().MousePointer = pointer::kDefault;
     SetFocus();
+}
+
+void frmMedia::forgetUnopened()
+{
+    for (const Text& path : List1.entries())
+        if (!slotPlaying(quoted(path)))
+            dropOpenEntry(path);
 }
 
 void frmMedia::closeAllVideos()
@@ -196,14 +215,19 @@ void frmMedia::openReplacing()
         keepWaitInFront();
     }
     const Long count = liveCount();
-    if (sweepFailedSlots() == count) {
-        // Nothing else is on the screen that would show what has happened.
-        CurrentAlias.clear();
-        lblTitleBar.Caption = localised("message.cannotPlay");
-        return;
-    }
+    if (count > 0 && std::none_of(VideoWindows.begin(), VideoWindows.end(), isPlayable))
+        sayNothingPlays();
+    sweepFailedSlots();
     if (count > 0 && count < MaxVideos + 1)
         placeReplacing(count);
+}
+
+void frmMedia::sayNothingPlays()
+{
+    sweepFailedSlots();
+    CurrentAlias.clear();
+    // Nothing else is on the screen that would show what has happened.
+    lblTitleBar.Caption = localised("message.cannotPlay");
 }
 
 void frmMedia::placeReplacing(Long count)

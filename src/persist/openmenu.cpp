@@ -21,8 +21,9 @@ openmenu::openmenu() : Form("openmenu", Frame::Bare, {0, 0, 1500, 750})
     onClick(mnuMKV, [] { frmMedia().OpenSingleVideoMKV(); });
     onClick(mnuDVD, [] { frmMedia().OpenSingleVideoDVD(); });
     mnuMKV.Visible = false;
-    // Until the dialog of recent files exists there is nothing behind the entry.
+    // Until the dialog of recent files and the windows of discs exist there is nothing behind these.
     mnuOpenLast.Enabled = false;
+    mnuDVD.Enabled = false;
 }
 
 void openmenu::nameInLanguage()

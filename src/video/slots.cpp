@@ -14,6 +14,9 @@ namespace tandrel
 namespace
 {
 
+/// The tag of a window that is done with.
+constexpr const char* kEnding = "ending";
+
 std::vector<std::shared_ptr<frmChild>>& spares()
 {
     static std::vector<std::shared_ptr<frmChild>> windows;
@@ -108,9 +111,13 @@ void dropFailedSlots()
     for (const auto& slot : slots) {
         if (!slot || !slot->hasFailed())
             continue;
+        if (slot->isLive() && slot->Listed)
+            dropOpenEntry(slot->path());
+        slot->MediaFile.clear();
         slot->Hide();
         unload(*slot);
-        slot->Tag = "";
+        // It counts once. Inside a handler of the window itself its end is still to come, and must close no device.
+        slot->Tag = slot->isDead() ? "" : kEnding;
         NextSlot = std::max<int>(0, NextSlot - 1);
     }
 }

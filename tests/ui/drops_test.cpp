@@ -73,6 +73,7 @@ TEST_F(Drops, TextAndAddressesAreRefused)
     drop(address);
     QMimeData file;
     file.setUrls({QUrl(QStringLiteral("file:///films/a.avi"))});
+    EXPECT_TRUE(isAccepted(file));
     drop(file);
     ASSERT_TRUE(within(2000, [&] { return !form->dropped.empty(); }));
     EXPECT_THAT(form->dropped, ElementsAre(ElementsAre("/films/a.avi"))) << "and nothing of those before";
@@ -82,6 +83,7 @@ TEST_F(Drops, AFormThatEndsMeanwhileHearsNothing)
 {
     QMimeData data;
     data.setUrls({QUrl(QStringLiteral("file:///films/a.avi"))});
+    EXPECT_TRUE(isAccepted(data));
     drop(data);
     unload(*form);
     int turns = 0;

@@ -285,6 +285,19 @@ TEST_F(ConsoleChoosing, AVanishedFileIsStillTaken)
     EXPECT_THAT(list1(), ElementsAre("/films/gone.avi", "/films/gone2.avi"));
 }
 
+TEST_F(ConsoleChoosing, FilesOfSeveralFoldersAreFoundInTheirOwn)
+{
+    world.files.content["/open/b.avi"] = {};
+    console().List2.AddItem("/films/one/a.avi");
+    console().List2.AddItem("/open/b.avi");
+    world.files.content["/films/two/b.avi"] = {};
+    world.files.content["/films/two/c.avi"] = {};
+    world.backend.choices = {{"/films/one/a.avi", "/films/two/b.avi", "/films/two/c.avi"}};
+    run(kGroup);
+    EXPECT_EQ(console().LastFolder, "/films/");
+    EXPECT_THAT(list1(), ElementsAre("/films/two/c.avi")) << "the first is open, though it is gone; the second by name";
+}
+
 TEST_F(ConsoleChoosing, ABareEntryStandsForItself)
 {
     console().List2.AddItem("a.avi");
@@ -418,8 +431,10 @@ TEST_F(ConsoleChoosing, AnErrorComesInABoxAndEndsTheOperation)
     EXPECT_EQ(world.backend.boxes[0].style, BoxStyle::Exclamation);
     EXPECT_EQ(world.backend.boxes[0].title, "Open error");
     EXPECT_EQ(console().SelectionText, "");
-    EXPECT_THAT(list1(), ElementsAre("old"));
+    EXPECT_THAT(list1(), IsEmpty()) << "what an earlier choice has left is not opened again";
+    console().List1.AddItem("old");
     EXPECT_EQ(run(kSubtitles), "");
+    EXPECT_THAT(list1(), ElementsAre("old"));
     EXPECT_THAT(world.backend.boxes, SizeIs(2));
 }
 

@@ -6,6 +6,7 @@
 #include "texts/frm_update.h"
 #include "texts/frm_wait.h"
 #include "toolkit/activation.h"
+#include "toolkit/program.h"
 
 namespace tandrel::test
 {
@@ -478,16 +479,112 @@ TEST_F(ConsoleGroupOpen, TheTipComesBeforeTheFirstOpenOnly)
     EXPECT_FALSE(console().FirstOpenTip);
 }
 
-TEST_F(ConsoleGroupOpen, FilesThatAreHandedOverWhileTheTipIsUpDoNotMixWithTheChosenOnes)
+TEST_F(ConsoleGroupOpen, FilesThatAreHandedOverMeanwhileWaitForTheEndOfTheCommand)
 {
     start("0");
-    world.backend.whileModal["frmUpdate"] = [this](Form&) {
-        console().List1.Clear();
-        console().List1.AddItem(film(7));
+    const auto handOver = [this](int index) { world.files.content["/data/list.dat"] = {alias(index)}; };
+    world.backend.whileDialogIsUp = [&] { handOver(5); };
+    world.backend.whileModal["frmUpdate"] = [&](Form&) {
+        console().SetFocus();
+        EXPECT_THAT(console().List1.entries(), ElementsAre(film(0), film(1)));
+        EXPECT_THAT(world.mci.sent(), IsEmpty());
     };
     choose({0, 1});
-    EXPECT_THAT(console().List1.entries(), ElementsAre(film(0), film(1)));
-    EXPECT_THAT(startingWith(commands(), "Play"), ElementsAre("Play A ", "Play B "));
+    EXPECT_THAT(startingWith(commands(), "Open"), SizeIs(3));
+    EXPECT_EQ(commands().at(0), "Open A Type MPEGVideo alias A parent 0 style child");
+    EXPECT_EQ(liveCount(), 3);
+    EXPECT_EQ(video(2).path(), film(5));
+    EXPECT_EQ(world.files.content.count("/data/list.dat"), 0U);
+    EXPECT_EQ(screen().MousePointer(), pointer::kDefault);
+}
+
+TEST_F(ConsoleGroupOpen, AReplacingOpenIsNotMixedWithThemEither)
+{
+    start("0");
+    console().FirstOpenTip = false;
+    openSeveral(2);
+    world.backend.whileDialogIsUp = [this] { world.files.content["/data/list.dat"] = {alias(5)}; };
+    world.backend.choices = {{film(7)}};
+    console().OpenSingleVideo();
+    EXPECT_EQ(liveCount(), 2);
+    EXPECT_EQ(video(0).path(), film(7));
+    EXPECT_EQ(video(1).path(), film(5));
+    EXPECT_EQ(console().List2.ListCount(), 2);
+}
+
+TEST_F(ConsoleGroupOpen, AnEndFromOutsideDuringTheTipOpensNothing)
+{
+    start("0");
+    world.backend.whileModal["frmUpdate"] = [](Form&) { endProgram(); };
+    choose({0, 1});
+    EXPECT_THAT(startingWith(world.mci.sent(), "Open"), IsEmpty());
+}
+
+TEST_F(ConsoleGroupOpen, AFailedSlotInTheMiddleLetsTheNextOpenReplaceALiveReference)
+{
+    start("0");
+    breakFilm(1);
+    openGroup({0, 1, 2});
+    const auto replaced = VideoWindows[2];
+    openGroup({3});
+    EXPECT_THAT(VideoWindows, SizeIs(3));
+    EXPECT_EQ(video(2).path(), film(3));
+    EXPECT_EQ(NextSlot, 3);
+    EXPECT_FALSE(replaced->isDead()) << "its window stays, out of the table";
+}
+
+TEST_F(ConsoleGroupOpen, AWindowThatFailedIsEndedByItsOwnHandlerWithoutClosingAnything)
+{
+    start("0");
+    breakFilm(0);
+    CurrentAlias = alias(0);
+    frmChild& failed = newSlot(film(0));
+    NextSlot += 1;
+    failed.markFailed();
+    failed.Listed = false;
+    failed.Show();
+    const auto kept = VideoWindows[0];
+    world.mci.answer("Pause " + alias(0), "");
+    world.mci.answer("Open " + alias(0) + " Type MPEGVideo alias " + alias(0) + " parent 0 style child", "1");
+    world.files.content[film(0)] = {};
+    failed.run([&] { failed.DropFiles({film(0)}); });
+    EXPECT_TRUE(kept->isDead());
+    EXPECT_THAT(startingWith(commands(), "Close"), IsEmpty()) << "the device is that of the new window";
+    EXPECT_THAT(console().List2.entries(), ElementsAre(film(0)));
+    EXPECT_EQ(liveCount(), 1);
+}
+
+TEST_F(ConsoleGroupOpen, ADropWithoutRoomLeavesTheRecentFilesAlone)
+{
+    start("0");
+    console().FirstOpenTip = false;
+    for (int index = 0; index < 12; ++index)
+        console().List2.AddItem(film(index));
+    console().List1.AddItem(film(3));
+    world.files.content[film(13)] = {};
+    console().openDropped({film(13)});
+    EXPECT_EQ(world.files.content.count("/data/last.dat"), 0U);
+}
+
+TEST_F(ConsoleGroupOpen, AnErrorInTheMiddleLeavesNoEntryOfWhatWasNeverOpened)
+{
+    start("0");
+    world.mci.answer("status " + alias(1) + " length", "99999999999");
+    openGroup({0, 1, 2});
+    EXPECT_THAT(console().List2.entries(), ElementsAre(film(0), film(1)));
+}
+
+TEST_F(ConsoleGroupOpen, TheConsoleIsPaintedBeforeTheFirstFile)
+{
+    world.backend.windows = true;
+    start("0");
+    openFirst(1);
+    const auto steps = chosen(shortened(world.journal), [](const std::string& line) {
+        return line == "frmWait show" || line == "frmMedia repaint" || line.starts_with("Open");
+    });
+    ASSERT_EQ(steps.size(), 3U);
+    EXPECT_EQ(steps[0], "frmWait show");
+    EXPECT_EQ(steps[1], "frmMedia repaint");
 }
 
 TEST_F(ConsoleGroupOpen, WhileThePointerIsTheHourglassTheOpenCommandReturnsAtOnce)

@@ -303,6 +303,7 @@ TEST_F(ConsoleSingleOpen, OnALaterSystemAnHdFileTakesTheRoadOfHdFiles)
         EXPECT_FALSE(Loaded<class frmWait>());
         EXPECT_EQ(screen().MousePointer(), pointer::kDefault);
         EXPECT_THAT(console().List2.entries(), ElementsAre(path));
+        EXPECT_EQ(title(), " [ " + Text(path) + " ] " + std::string(50, ' '));
     }
 }
 
@@ -321,6 +322,18 @@ TEST_F(ConsoleSingleOpen, AFileThatCantBePlayedShowsNoWindowAndSaysSo)
     EXPECT_EQ(CurrentAlias, "");
     EXPECT_EQ(screen().MousePointer(), pointer::kDefault);
     EXPECT_THAT(world.backend.boxes, IsEmpty());
+}
+
+TEST_F(ConsoleSingleOpen, AnHdFileThatCantBePlayedSaysSoToo)
+{
+    begin();
+    open(0);
+    world.mci.fail("Pause \"/films/a.mkv\"", 263);
+    openSingle("/films/a.mkv");
+    EXPECT_EQ(title(), "Media File can't be played!");
+    EXPECT_EQ(CurrentAlias, "");
+    EXPECT_EQ(liveCount(), 0);
+    EXPECT_THAT(console().List2.entries(), IsEmpty());
 }
 
 TEST_F(ConsoleSingleOpen, WhileACommandRunsNoOpenerBegins)

@@ -13,6 +13,8 @@ namespace
 using namespace std::chrono_literals;
 
 constexpr auto kPulse = 50ms;
+// The open itself gives up after 5 s.
+constexpr auto kLimit = 6s;
 
 int mostAtATime() { return std::max(2, static_cast<int>(std::thread::hardware_concurrency())); }
 
@@ -23,7 +25,12 @@ auto jobFor(Jobs& jobs, const std::string& path)
 }
 } // namespace
 
-EarlyOpens::~EarlyOpens() { drop(); }
+EarlyOpens::~EarlyOpens()
+{
+    drop();
+    std::unique_lock lock(shared_->mutex);
+    shared_->changed.wait_for(lock, kLimit, [this] { return shared_->working == 0; });
+}
 
 void EarlyOpens::begin(const std::string& path, Open open)
 {
@@ -32,9 +39,9 @@ void EarlyOpens::begin(const std::string& path, Open open)
     job->open = std::move(open);
     begun_.push_back(job);
     {
-        const std::lock_guard lock(mutex_);
-        if (working_ >= mostAtATime()) {
-            waiting_.push_back(std::move(job));
+        const std::lock_guard lock(shared_->mutex);
+        if (shared_->working >= mostAtATime()) {
+            shared_->waiting.push_back(std::move(job));
             return;
         }
     }
@@ -45,39 +52,44 @@ bool EarlyOpens::isBegun(const std::string& path) const { return jobFor(begun_, 
 
 void EarlyOpens::addWorker(JobRef first)
 {
-    std::erase_if(workers_,
-                  [](const std::future<void>& worker) { return worker.wait_for(0s) == std::future_status::ready; });
     {
-        const std::lock_guard lock(mutex_);
-        ++working_;
+        const std::lock_guard lock(shared_->mutex);
+        ++shared_->working;
     }
-    const auto run = [this, first = std::move(first)] { work(first); };
     try {
-        workers_.push_back(std::async(std::launch::async, run));
+        // A file system that hangs keeps its thread for ever, and nobody can wait for that.
+        std::thread([shared = shared_, first] { work(*shared, first); }).detach();
     } catch (const std::system_error&) {
         // Without a thread to spare the caller has to wait.
-        run();
+        work(*shared_, std::move(first));
     }
 }
 
-void EarlyOpens::work(JobRef job)
+void EarlyOpens::work(Shared& shared, JobRef job)
 {
     while (job) {
-        job->result.set_value(job->open());
-        // Whatever the job still holds goes here, not with whoever has taken its result.
-        job = next();
+        Result result{OpenFailure::NotPlayable};
+        try {
+            result = job->open();
+        } catch (const std::exception&) {
+            // Out of memory, say: the file is not open, and that is all.
+        }
+        job->open = nullptr;
+        job->result.set_value(std::move(result));
+        job = next(shared);
     }
 }
 
-EarlyOpens::JobRef EarlyOpens::next()
+EarlyOpens::JobRef EarlyOpens::next(Shared& shared)
 {
-    const std::lock_guard lock(mutex_);
-    if (waiting_.empty() || working_ > mostAtATime()) {
-        --working_;
+    const std::lock_guard lock(shared.mutex);
+    if (shared.waiting.empty() || shared.working > mostAtATime()) {
+        --shared.working;
+        shared.changed.notify_all();
         return nullptr;
     }
-    JobRef job = std::move(waiting_.front());
-    waiting_.pop_front();
+    JobRef job = std::move(shared.waiting.front());
+    shared.waiting.pop_front();
     return job;
 }
 
@@ -88,23 +100,27 @@ EarlyOpens::Result EarlyOpens::take(const std::string& path, const std::function
     begun_.erase(found);
     bool isWaiting = false;
     {
-        const std::lock_guard lock(mutex_);
-        isWaiting = std::erase(waiting_, job) > 0;
+        const std::lock_guard lock(shared_->mutex);
+        isWaiting = std::erase(shared_->waiting, job) > 0;
     }
     if (isWaiting)
         addWorker(job);
     std::future<Result> result = job->result.get_future();
-    while (result.wait_for(kPulse) == std::future_status::timeout)
+    const auto deadline = std::chrono::steady_clock::now() + kLimit;
+    while (result.wait_for(kPulse) == std::future_status::timeout) {
+        if (std::chrono::steady_clock::now() >= deadline)
+            return {OpenFailure::TimedOut};
         if (pulse)
             pulse();
+    }
     return result.get();
 }
 
 void EarlyOpens::drop()
 {
     begun_.clear();
-    const std::lock_guard lock(mutex_);
-    waiting_.clear();
+    const std::lock_guard lock(shared_->mutex);
+    shared_->waiting.clear();
 }
 
 } // namespace tandrel

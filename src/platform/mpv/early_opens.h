@@ -3,12 +3,12 @@
 
 #include "platform/mpv/mpv_device.h"
 
+#include <condition_variable>
 #include <deque>
 #include <functional>
 #include <future>
 #include <mutex>
 #include <string>
-#include <vector>
 
 namespace tandrel
 {
@@ -27,7 +27,7 @@ public:
     using Open = std::function<Result()>;
 
     EarlyOpens() = default;
-    /// Waits for what is still being opened, and lets go of it.
+    /// Lets go of all, and waits for what is still being opened, for 6 s at most.
     ~EarlyOpens();
     EarlyOpens(const EarlyOpens&) = delete;
     EarlyOpens& operator=(const EarlyOpens&) = delete;
@@ -35,8 +35,8 @@ public:
     /// Begins to open `path`, behind those begun before.
     void begin(const std::string& path, Open open);
     bool isBegun(const std::string& path) const;
-    /// Takes over what was begun for this path, which has to be there. Blocks until it is done, and never behind
-    /// others; `pulse` runs about every 50 ms meanwhile.
+    /// Takes over what was begun for this path, which has to be there. Blocks until it is done, for 6 s at most, and
+    /// never behind others; `pulse` runs about every 50 ms meanwhile.
     Result take(const std::string& path, const std::function<void()>& pulse);
     /// Lets go of all that has not been taken.
     void drop();
@@ -49,18 +49,22 @@ private:
     };
     using JobRef = std::shared_ptr<Job>;
 
+    /// What the threads see, which outlives this object where one of them hangs.
+    struct Shared {
+        std::mutex mutex;
+        std::condition_variable changed;
+        /// Those that no worker has taken up.
+        std::deque<JobRef> waiting;
+        int working = 0;
+    };
+
     void addWorker(JobRef first);
-    void work(JobRef job);
-    JobRef next();
+    static void work(Shared& shared, JobRef job);
+    static JobRef next(Shared& shared);
 
     /// In the order of their beginning.
     std::deque<JobRef> begun_;
-    std::mutex mutex_;
-    /// Those that no worker has taken up.
-    std::deque<JobRef> waiting_;
-    int working_ = 0;
-    /// Last, so that their threads have ended before anything else here goes.
-    std::vector<std::future<void>> workers_;
+    std::shared_ptr<Shared> shared_ = std::make_shared<Shared>();
 };
 
 } // namespace tandrel

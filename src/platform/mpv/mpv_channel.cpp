@@ -7,11 +7,6 @@
 namespace tandrel
 {
 
-namespace
-{
-constexpr std::chrono::milliseconds kPulse{50};
-}
-
 std::uint64_t MpvChannel::command(std::initializer_list<const char*> words)
 {
     std::vector<const char*> arguments(words);

@@ -20,6 +20,12 @@ public:
 
     /// From here on `pulse` runs about every 50 ms while `wait` blocks.
     void setPulse(std::function<void()> pulse) { pulse_ = std::move(pulse); }
+    void pulse() const
+    {
+        if (pulse_)
+            pulse_();
+    }
+    static constexpr std::chrono::milliseconds kPulse{50};
 
     std::uint64_t command(std::initializer_list<const char*> words);
     std::uint64_t set(const char* property, bool value);

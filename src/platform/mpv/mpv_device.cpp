@@ -37,7 +37,9 @@ MpvDevice::~MpvDevice()
 {
     beginClose();
     // The window goes after the player that draws into it. A player that hangs is left to its own thread.
-    closed_.wait_until(closeDeadline_);
+    while (closed_.wait_until(std::min(closeDeadline_, now() + MpvChannel::kPulse)) == std::future_status::timeout &&
+           now() < closeDeadline_)
+        channel_.pulse();
 }
 
 void MpvDevice::beginClose()

@@ -135,7 +135,8 @@ void MpvDevice::hearFollowing(const mpv_event& event)
         move.stage = Stage::Taken;
     else if (event.event_id == MPV_EVENT_SEEK && move.stage == Stage::Taken)
         move.stage = Stage::Seeking;
-    if (event.event_id == MPV_EVENT_COMMAND_REPLY && answers && event.error < 0)
+    if (event.event_id == MPV_EVENT_END_FILE ||
+        (event.event_id == MPV_EVENT_COMMAND_REPLY && answers && event.error < 0))
         endFollowing();
     else if (event.event_id == MPV_EVENT_PLAYBACK_RESTART && move.stage == Stage::Seeking)
         move = {Stage::Reading, channel_.ask("time-pos", MPV_FORMAT_DOUBLE)};
