@@ -5,7 +5,7 @@ import os
 import re
 import subprocess
 
-from player import MEDIA, PlayerTest, links, wait_briefly, wait_for
+from player import MEDIA, GaveUp, PlayerTest, links, wait_briefly, wait_for
 import file_dialog
 
 TWIPS = 15
@@ -16,7 +16,8 @@ BUTTONS = {
     "imgBack": (8655, 1035, 450, 450), "imgPauseAll": (9270, 1035, 450, 450), "imgStep": (9885, 1035, 450, 450),
     "imgResync": (10500, 1035, 450, 450), "imgMute": (11115, 1035, 450, 450), "imgResize": (8505, 1725, 390, 390),
     "imgVideo": (8970, 1725, 390, 390), "imgAudio": (9435, 1725, 390, 390), "imgShare": (9900, 1725, 390, 390),
-    "imgHelp": (10365, 1725, 390, 390), "imgMax": (12945, 1065, 270, 270), "imgMin": (12945, 1875, 270, 270),
+    "imgHelp": (10365, 1725, 390, 390), "imgFaceBook": (10965, 1755, 330, 330), "imgTwitter": (11385, 1755, 330, 330),
+    "imgMax": (12945, 1065, 270, 270), "imgMin": (12945, 1875, 270, 270),
     "imgHide": (12015, 510, 330, 330), "imgDwn": (12405, 510, 330, 330), "imgExit": (12795, 510, 330, 330),
 }
 MULTIPLE, SINGLE = "Open Multiple Video...", "Open File Video..."
@@ -28,6 +29,8 @@ PICTURE_LEFT, PICTURE_TOP = 3, 27
 BLOCKS, BANDS = 16, 6
 
 
+# 400 twips are 26.67 pixels.
+SINGLE_PLACE = (27, 27, 788, 425)
 FRAMES, RATE = 300, 30
 
 
@@ -39,6 +42,37 @@ def films(count, folder):
         subprocess.run(["ffmpeg", "-v", "error", "-nostdin", "-stream_loop", "29", "-i", once, "-an", "-c", "copy", whole],
                        check=True)
     return links([whole], count, folder)
+
+
+def slow_films(count, folder):
+    """The same ten seconds at a fifth of their speed: what a picture shows is its second times six, and nothing comes twice."""
+    whole = os.path.join(folder, "slow.mp4")
+    if not os.path.exists(whole):
+        once = os.path.join(MEDIA, "h264_30.mp4")
+        subprocess.run(["ffmpeg", "-v", "error", "-nostdin", "-itsscale", "5", "-i", once, "-an", "-c", "copy", whole],
+                       check=True)
+    return links([whole], count, folder)
+
+
+def grid(count):
+    """The places of so many videos in PlayAll Mode, in the order in which they were opened."""
+    if count == 1:
+        return [SINGLE_PLACE]
+    if count == 4:
+        return [(0, 0, 960, 540), (960, 0, 960, 540), (960, 540, 960, 540), (0, 540, 960, 540)]
+    columns, width = (3, 640) if count <= 9 else (4, 480)
+    return [(width * (place % columns), 360 * (place // columns), width, 360) for place in range(count)]
+
+
+def beside_lead(count):
+    """The same in PlayList Mode, where the last one leads: the others stand beside it from the top, then below it from
+    the right."""
+    if count == 1:
+        return [SINGLE_PLACE]
+    beside = count - 1 if count <= 7 else 6
+    tiles = [(1600, 180 * tile, 320, 180) for tile in range(beside)]
+    tiles += [(1280 - 320 * tile, 900, 320, 180) for tile in range(count - 1 - beside)]
+    return tiles + [(0, 0, 1600, 900)]
 
 
 def without_ticks(commands, begin=0):
@@ -96,6 +130,23 @@ class ConsoleTest(PlayerTest):
     def commands(self, player, begin=0):
         return without_ticks(player.commands(), begin)
 
+    def assert_commands(self, player, begin, expected):
+        """These and no others are sent from `begin` on; a number at the end of one may be any where it stands as N."""
+        wanted = [re.escape(one[:-1]) + r"\d+" if one.endswith(" N") else re.escape(one) for one in expected]
+
+        def come():
+            found = self.commands(player, begin)
+            return len(found) == len(wanted) and all(map(re.fullmatch, wanted, found))
+
+        try:
+            wait_for(come, 20, "the commands")
+        except GaveUp:
+            self.assertEqual(self.commands(player, begin), expected)
+
+    def assert_places(self, player, names, places):
+        for name, place in zip(names, places):
+            self.assert_place(player, name, place, name)
+
     def commands_for(self, player, path, begin=0):
         """What is sent to one file, with `A` for its alias, and `HANDLE` for any window."""
         return [re.sub(r"parent \d+", "parent HANDLE", one.replace(f'"{path}"', "A"))
@@ -105,13 +156,6 @@ class ConsoleTest(PlayerTest):
         left, top, width, height = BUTTONS[name]
         _, x, y, _, _ = wait_for(lambda: self.console(player), 20, "the console")
         self.click(x + (left + width // 2) // TWIPS, y + (top + height // 2) // TWIPS)
-
-    def click_for(self, player, name, *commands):
-        """Clicks a button once and waits for commands that had not been sent before. Gives those since the click."""
-        begin = len(player.commands())
-        self.click_button(player, name)
-        wait_for(lambda: set(commands) <= set(player.commands()[begin:]), 20, f"{commands} by {name}")
-        return begin
 
     def popup(self):
         """Place and size of the menu on the screen, or None."""

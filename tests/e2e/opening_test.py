@@ -5,38 +5,16 @@ import os
 import shutil
 import unittest
 
-from console_driver import FRAMES, MULTIPLE, RATE, SINGLE, ConsoleTest, films
+from console_driver import FRAMES, MULTIPLE, RATE, SINGLE, SINGLE_PLACE, ConsoleTest, beside_lead, films, grid
 from player import MEDIA, wait_for
 import file_dialog
 
 OPEN = 'Open A Type MPEGVideo alias A parent HANDLE style child'
 OPENED_PAUSED = [OPEN, "Pause A", "Where A destination", "set A time format frames", "status A length",
                  "set A time format ms", "status A length", "put A window at 0 0 320 240", "setaudio A Volume to 500"]
-# 400 twips are 26.67 pixels.
-SINGLE_PLACE = (27, 27, 788, 425)
 # A quarter of the five minutes of a film.
 QUARTER_MS = 75000
 QUARTER_FRAME = QUARTER_MS // 1000 * RATE % FRAMES
-
-
-def grid(count):
-    """The places of so many videos in PlayAll Mode, in the order in which they were chosen."""
-    if count == 1:
-        return [SINGLE_PLACE]
-    if count == 4:
-        return [(0, 0, 960, 540), (960, 0, 960, 540), (960, 540, 960, 540), (0, 540, 960, 540)]
-    columns, width = (3, 640) if count <= 9 else (4, 480)
-    return [(width * (place % columns), 360 * (place // columns), width, 360) for place in range(count)]
-
-
-def beside_lead(count):
-    """The same in PlayList Mode: the last one leads, the others stand beside it from the top, then below it from the right."""
-    if count == 1:
-        return [SINGLE_PLACE]
-    beside = count - 1 if count <= 7 else 6
-    tiles = [(1600, 180 * tile, 320, 180) for tile in range(beside)]
-    tiles += [(1280 - 320 * tile, 900, 320, 180) for tile in range(count - 1 - beside)]
-    return tiles + [(0, 0, 1600, 900)]
 
 
 class Opening(ConsoleTest):
@@ -52,10 +30,6 @@ class Opening(ConsoleTest):
     def recent(self, player):
         with open(os.path.join(player.home, "last.dat"), encoding="utf-8") as lines:
             return [line for line in lines.read().splitlines() if line]
-
-    def assert_places(self, player, names, places):
-        for name, place in zip(names, places):
-            self.assert_place(player, name, place, name)
 
     def grow(self, player, names, check):
         """Opens these files in four goes, so that 1, 4, 7 and 12 are there. Only the first go brings the tip."""
