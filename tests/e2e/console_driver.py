@@ -4,6 +4,7 @@ screen shows of the videos."""
 import os
 import re
 import subprocess
+import sys
 
 from player import MEDIA, GaveUp, PlayerTest, links, wait_briefly, wait_for
 import file_dialog
@@ -29,6 +30,7 @@ PICTURE_LEFT, PICTURE_TOP = 3, 27
 BLOCKS, BANDS = 16, 6
 
 
+DROP_SOURCE = os.path.join(os.path.dirname(os.path.abspath(__file__)), "drop_source.py")
 # 400 twips are 26.67 pixels.
 SINGLE_PLACE = (27, 27, 788, 425)
 FRAMES, RATE = 300, 30
@@ -194,6 +196,12 @@ class ConsoleTest(PlayerTest):
     def choose(self, player, title, *paths):
         self.dialog_of(player, title)
         file_dialog.choose(self.display, title, os.path.dirname(paths[0]), *(os.path.basename(path) for path in paths))
+
+    def drop(self, window, *paths):
+        """Drops files in the middle of a window, as a file manager does."""
+        x, y = window[1] + window[3] // 2, window[2] + window[4] // 2
+        done = self.display.run(sys.executable, DROP_SOURCE, window[0], str(x), str(y), *paths, timeout=30)
+        self.assertEqual(done.returncode, 0, done.stderr)
 
     def tip(self, player):
         """The message of the first open."""

@@ -172,6 +172,36 @@ class Opening(ConsoleTest):
         self.assertTrue(self.has_focus(player.video(names[0])))
         self.assertIsNone(self.tip(player))
 
+    def test_files_dropped_on_the_console_join_those_that_are_open(self):
+        names = films(7, self.folder)
+        player = self.start(*names[:4], home=self.home(slide="0"))
+        player.wait_ready(4)
+        player.wait_for_commands(f'Play "{names[3]}" ')
+        self.wait_for_console_in_front(player)
+        begin = len(player.commands())
+        # What is open already, a folder and what isn't there are left out.
+        self.drop(self.console(player), *names[3:6], self.folder, os.path.join(self.folder, "nowhere.avi"), names[6])
+        player.wait_ready(7)
+        player.wait_for_commands(*(f'Play "{name}" ' for name in names[4:]))
+        self.assert_places(player, names, grid(7))
+        self.assertEqual(self.opened(player, begin), names[4:])
+        self.assertEqual([one for one in self.commands(player, begin) if one.startswith("Close ")], [])
+        self.assertEqual(self.recent(player), names[4:])
+        self.assertIsNone(self.tip(player))
+        self.wait_for_movement(player, names)
+        self.wait_for_console_in_front(player)
+
+    def test_files_dropped_on_a_video_join_it(self):
+        names = films(4, self.folder)
+        player = self.start(names[0], home=self.home(slide="1", tips="0"))
+        player.wait_ready(1)
+        self.assert_place(player, names[0], SINGLE_PLACE)
+        self.drop(player.video(names[0]), *names[1:])
+        player.wait_ready(4)
+        self.assert_places(player, names, beside_lead(4))
+        wait_for(lambda: self.numbers(player, names[:3]) == 3 * [QUARTER_FRAME], 20, "the others a quarter into their films")
+        self.wait_for_movement(player, names[3:])
+
 
 if __name__ == "__main__":
     unittest.main()
