@@ -56,9 +56,12 @@ class Transport(ConsoleTest):
         self.press_button(player, "imgPauseAll", *paused(self.names))
         return self.still_numbers(player, self.names)
 
-    def answers(self, player, command, begin=0):
-        """What the service answered to a question, each time."""
-        return [int(row[2]) for row in player.trace()[begin:] if row[0] == command]
+    def kept_place(self, player, name, begin):
+        """What the service answered to the question for the place behind the pause of a video."""
+        rows = player.trace()[begin:]
+        pause = [row[0] for row in rows].index(f'Pause "{name}"')
+        self.assertEqual(rows[pause + 2][0], f'status "{name}" position')
+        return rows[pause + 2][2]
 
     def state(self, window):
         return self.display.run("xprop", "-id", window, "WM_STATE").stdout
@@ -78,7 +81,7 @@ class Transport(ConsoleTest):
         self.wait_for_movement(player, self.names)
         begin = self.press_button(player, "imgPauseAll", *paused(self.names))
         self.still_numbers(player, self.names)
-        places = [self.answers(player, f'status "{name}" position', begin)[0] for name in self.names]
+        places = [self.kept_place(player, name, begin) for name in self.names]
         self.press_button(player, "imgPauseAll", *(f'Play "{name}" from {place}' for name, place in zip(self.names, places)))
         self.wait_for_movement(player, self.names)
         self.pause_all(player)
