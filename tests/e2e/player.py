@@ -75,14 +75,18 @@ class Player:
         return self.process.poll() is None
 
     def windows(self):
-        """Title -> (id, x, y, width, height) of the program's windows on the screen."""
-        found = {}
+        """Title -> (id, x, y, width, height) of the program's windows on the screen. Of several of one title the last."""
+        return {title: tuple(window) for title, *window in self.all_windows()}
+
+    def all_windows(self):
+        """(title, id, x, y, width, height) of each of them, those that came up first in front."""
+        found = []
         for line in self.display.run("wmctrl", "-lpG").stdout.splitlines():
             fields = line.split(None, 8)
             if len(fields) == 9 and int(fields[2]) == self.process.pid:
                 place = self.geometry(fields[0])
                 if place:  # Windows may go between the two questions.
-                    found[fields[8]] = (fields[0], *place)
+                    found.append((fields[8], fields[0], *place))
         return found
 
     def geometry(self, window):
@@ -139,11 +143,12 @@ class PlayerTest(unittest.TestCase):
     def tearDown(self):
         result = self._outcome.result
         failed = any(test is self for test, _ in result.failures + result.errors)
-        if failed:
-            shot = os.path.join(TOP, "build", f"e2e-failed-{self.id()}.png")
-            self.display.screenshot(shot)
-            print(f"Screenshot of the failure: {shot}")
         try:
+            if failed:
+                shot = os.path.join(TOP, "build", f"e2e-failed-{self.id()}.png")
+                os.makedirs(os.path.dirname(shot), exist_ok=True)
+                self.display.screenshot(shot)
+                print(f"Screenshot of the failure: {shot}")
             for player in self.players:
                 player.end()
         finally:
