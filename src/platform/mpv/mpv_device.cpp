@@ -100,12 +100,8 @@ void MpvDevice::hearAnswer(const mpv_event& event)
     const auto& property = *static_cast<const mpv_event_property*>(event.data);
     if (stage_ == Stage::Stepping && event.reply_userdata == awaited_) {
         awaited_ = 0;
-        if (event.error >= 0 && *static_cast<const int*>(property.data) != 0) {
-            // An output that has drawn goes to sleep before it has told the window system, unless it is asked
-            // something.
-            channel_.ask("current-window-scale", MPV_FORMAT_DOUBLE);
+        if (event.error >= 0 && *static_cast<const int*>(property.data) != 0)
             askPlace();
-        }
     } else if (placeAsked_ != 0 && event.reply_userdata <= placeAsked_ && event.reply_userdata >= firstAsked_) {
         hearPlace(event);
     }
@@ -164,7 +160,6 @@ void MpvDevice::play()
     if (place_ < silentFrom_)
         turnSound(true);
     runFromStill();
-    showAtOnce(false);
     // libmpv pauses by itself at an end, of which a running device may not have heard before it was sent elsewhere.
     channel_.set("pause", false);
     if (running_)

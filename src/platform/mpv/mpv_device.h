@@ -114,8 +114,6 @@ private:
     void forgetMoves();
     void forgetPictures();
     void sendEnd();
-    /// Pictures come when they are ready, not when they are due.
-    void showAtOnce(bool on);
     void stepBack();
     void sendExactSeek(double place);
     double exactTarget(double place) const;
@@ -193,7 +191,6 @@ private:
     /// Where a step back began, and whether the end was asked for, until their picture is known to be right.
     std::optional<double> backFrom_;
     bool endWanted_ = false;
-    bool showsAtOnce_ = false;
     /// A step on is under way; a step back is to follow.
     bool stepsOn_ = false;
     bool thenBack_ = false;

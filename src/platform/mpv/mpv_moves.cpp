@@ -5,7 +5,6 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
-#include <utility>
 
 namespace tandrel
 {
@@ -86,21 +85,10 @@ void MpvDevice::step(StepDirection direction)
 void MpvDevice::sendStepOn()
 {
     steppedFrom_ = place_;
-    showAtOnce(true);
     channel_.command({"frame-step"});
     stage_ = Stage::Stepping;
     stepsOn_ = true;
     awaited_ = 0;
-}
-
-void MpvDevice::showAtOnce(bool on)
-{
-    if (std::exchange(showsAtOnce_, on) == on)
-        return;
-    // A picture is shown when the one before has had its time, which nobody waits for who steps. One that is shown too
-    // late by that count must not be left out.
-    channel_.command({"set", "untimed", on ? "yes" : "no"});
-    channel_.command({"set", "framedrop", on ? "no" : "vo"});
 }
 
 void MpvDevice::sendEnd()
