@@ -34,5 +34,12 @@ class ScreenPixels:
         self.x11.XDestroyImage(image)
         return colour
 
+    def of_row(self, y, width, columns):
+        """The colours at these columns of one row, by one question."""
+        image = self.x11.XGetImage(self.display, self.root, 0, y, width, 1, ALL_PLANES, Z_PIXMAP)
+        colours = [self.x11.XGetPixel(image, x, 0) & 0xFFFFFF for x in columns]
+        self.x11.XDestroyImage(image)
+        return colours
+
     def close(self):
         self.x11.XCloseDisplay(self.display)

@@ -19,7 +19,11 @@ constexpr int kTicksAwake = 100;
 
 void frmMedia::Timer1_Timer()
 {
-    if (ClosingDown || mediaKind() != MediaKind::Files || !slotPlaying(CurrentAlias))
+    if (ClosingDown || mediaKind() != MediaKind::Files)
+        return;
+    // A window whose open failed is sent no command.
+    const frmChild* window = slotPlaying(CurrentAlias);
+    if (!window || window->hasFailed())
         return;
     CurrentPosMs = MediaGetPosition();
     if (MediaLengthMs > 0)

@@ -466,6 +466,9 @@ TEST_F(ConsoleTransport, TheTickFollowsTheSelectedVideo)
     EXPECT_EQ(console().SeekSlider.value(), 3661000);
     EXPECT_EQ(console().lblCurTime.caption(), "1:01:01");
     world.mci.clear();
+    VideoWindows[0]->markFailed();
+    console().Timer1.Tick();
+    VideoWindows[0]->Tag = "";
     CurrentAlias = kNoMedia;
     console().Timer1.Tick();
     CurrentAlias = alias(0);

@@ -111,7 +111,11 @@ void QtFormView::activate()
 {
     widget_->raise();
     QWindow* window = widget_->windowHandle();
-    if (window->isExposed())
+    // A notice is brought to the front again and again, and keeps the keys that nobody else has been given meanwhile.
+    const bool isNotice = (form_.windowWord(style::kExtendedWord) & style::kToolWindow) != 0;
+    if (isNotice && QGuiApplication::focusWindow() == window)
+        widget_->update();
+    else if (window->isExposed())
         widget_->activateWindow();
     else if (!activationWaits_)
         window->installEventFilter(activationWaits_ = new ActivationAtExpose(form_, *widget_));
