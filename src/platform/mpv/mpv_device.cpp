@@ -21,6 +21,9 @@ constexpr auto kCloseLimit = 2s;
 constexpr auto kFreshPlace = 700ms;
 constexpr auto kStaleReadLimit = 50ms;
 constexpr auto kStepPoll = 1ms;
+// A picture that the output has drawn reaches the window system when the output is next asked something. It is asked
+// twice: once, and it may only be about to draw.
+constexpr int kOutputTurns = 2;
 
 std::chrono::steady_clock::time_point now() { return std::chrono::steady_clock::now(); }
 
@@ -100,11 +103,23 @@ void MpvDevice::hearAnswer(const mpv_event& event)
     const auto& property = *static_cast<const mpv_event_property*>(event.data);
     if (stage_ == Stage::Stepping && event.reply_userdata == awaited_) {
         awaited_ = 0;
-        if (event.error >= 0 && *static_cast<const int*>(property.data) != 0)
-            askPlace();
+        hearStep(event.error >= 0 && *static_cast<const int*>(property.data) != 0);
     } else if (placeAsked_ != 0 && event.reply_userdata <= placeAsked_ && event.reply_userdata >= firstAsked_) {
         hearPlace(event);
     }
+}
+
+void MpvDevice::hearStep(bool holds)
+{
+    if (outputTurns_ == 0 && !holds)
+        return;
+    if (outputTurns_ < kOutputTurns) {
+        ++outputTurns_;
+        awaited_ = channel_.ask("current-window-scale", MPV_FORMAT_DOUBLE);
+        return;
+    }
+    showAtOnce(false);
+    askPlace();
 }
 
 void MpvDevice::askPlace()
@@ -160,6 +175,8 @@ void MpvDevice::play()
     if (place_ < silentFrom_)
         turnSound(true);
     runFromStill();
+    // A step that was given up may have left it so.
+    showAtOnce(false);
     // libmpv pauses by itself at an end, of which a running device may not have heard before it was sent elsewhere.
     channel_.set("pause", false);
     if (running_)

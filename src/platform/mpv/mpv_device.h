@@ -101,6 +101,7 @@ private:
     void drain();
     void sendMove(std::initializer_list<const char*> command);
     void sendSeek(double target);
+    void hearStep(bool holds);
     void askPlace();
     void notePlace(double time);
     void placeKnown();
@@ -114,6 +115,8 @@ private:
     void forgetMoves();
     void forgetPictures();
     void sendEnd();
+    /// A picture comes when it is ready, not when the one before has had its time.
+    void showAtOnce(bool on);
     void stepBack();
     void sendExactSeek(double place);
     double exactTarget(double place) const;
@@ -191,6 +194,9 @@ private:
     /// Where a step back began, and whether the end was asked for, until their picture is known to be right.
     std::optional<double> backFrom_;
     bool endWanted_ = false;
+    bool showsAtOnce_ = false;
+    /// How often the output has been asked something since the step was done.
+    int outputTurns_ = 0;
     /// A step on is under way; a step back is to follow.
     bool stepsOn_ = false;
     bool thenBack_ = false;

@@ -85,10 +85,19 @@ void MpvDevice::step(StepDirection direction)
 void MpvDevice::sendStepOn()
 {
     steppedFrom_ = place_;
+    showAtOnce(true);
     channel_.command({"frame-step"});
+    outputTurns_ = 0;
     stage_ = Stage::Stepping;
     stepsOn_ = true;
     awaited_ = 0;
+}
+
+void MpvDevice::showAtOnce(bool on)
+{
+    if (showsAtOnce_ != on)
+        channel_.command({"set", "untimed", on ? "yes" : "no"});
+    showsAtOnce_ = on;
 }
 
 void MpvDevice::sendEnd()
