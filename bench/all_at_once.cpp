@@ -8,8 +8,10 @@
 
 #include <array>
 #include <clocale>
+#include <cstdlib>
 #include <iostream>
 #include <string>
+#include <string_view>
 #include <unistd.h>
 #include <vector>
 #include <xcb/xcb.h>
@@ -27,16 +29,35 @@ constexpr int kBand = 25;
 constexpr std::uint16_t kWidth = 474;
 constexpr std::uint16_t kHeight = 333;
 
-xcb_window_t makeWindow(xcb_connection_t* connection, int place)
+void withoutDecoration(xcb_connection_t* connection, xcb_window_t window, int x, int y)
+{
+    constexpr std::string_view kName = "_MOTIF_WM_HINTS";
+    const auto asked = xcb_intern_atom(connection, 0, kName.size(), kName.data());
+    xcb_intern_atom_reply_t* answer = xcb_intern_atom_reply(connection, asked, nullptr);
+    if (answer == nullptr)
+        return;
+    const std::array<std::uint32_t, 5> hints{2, 0, 0, 0, 0};
+    xcb_change_property(connection, XCB_PROP_MODE_REPLACE, window, answer->atom, answer->atom, 32, hints.size(),
+                        hints.data());
+    std::free(answer);
+    // The place is the user's own: no window manager has a better one.
+    const std::array<std::int32_t, 18> size{1, x, y};
+    xcb_change_property(connection, XCB_PROP_MODE_REPLACE, window, XCB_ATOM_WM_NORMAL_HINTS, XCB_ATOM_WM_SIZE_HINTS, 32,
+                        size.size(), size.data());
+}
+
+xcb_window_t makeWindow(xcb_connection_t* connection, int place, bool managed)
 {
     const xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(connection)).data;
     const xcb_window_t window = xcb_generate_id(connection);
-    const std::array<std::uint32_t, 2> values{0, 1};
-    xcb_create_window(connection, XCB_COPY_FROM_PARENT, window, screen->root,
-                      static_cast<std::int16_t>(place % kColumns * kCellWidth + kBorder),
-                      static_cast<std::int16_t>(place / kColumns * kCellHeight + kBand), kWidth, kHeight, 0,
-                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_BACK_PIXEL | XCB_CW_OVERRIDE_REDIRECT,
-                      values.data());
+    const std::array<std::uint32_t, 2> values{0, managed ? 0U : 1U};
+    const int x = place % kColumns * kCellWidth + kBorder;
+    const int y = place / kColumns * kCellHeight + kBand;
+    xcb_create_window(connection, XCB_COPY_FROM_PARENT, window, screen->root, static_cast<std::int16_t>(x),
+                      static_cast<std::int16_t>(y), kWidth, kHeight, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
+                      XCB_COPY_FROM_PARENT, XCB_CW_BACK_PIXEL | XCB_CW_OVERRIDE_REDIRECT, values.data());
+    if (managed)
+        withoutDecoration(connection, window, x, y);
     xcb_map_window(connection, window);
     return window;
 }
@@ -52,7 +73,8 @@ int main(int argc, char** argv)
 {
     std::setlocale(LC_NUMERIC, "C");
     keepXErrorsHarmless();
-    const std::vector<std::string> files(argv + 1, argv + argc);
+    std::vector<std::string> files(argv + 1, argv + argc);
+    const bool managed = std::erase(files, "--managed") > 0;
     xcb_connection_t* connection = xcb_connect(nullptr, nullptr);
     const HandleSettings settings = chooseOutputs(true);
     std::vector<mpv_handle*> handles;
@@ -60,17 +82,26 @@ int main(int argc, char** argv)
         mpv_handle* handle = makeHandle(settings);
         if (handle == nullptr)
             return 1;
-        setText(handle, "wid", std::to_string(makeWindow(connection, static_cast<int>(place))));
         if (settings.audioOutput.empty())
             setText(handle, "aid", "no");
         setText(handle, "pause", "no");
         handles.push_back(handle);
     }
-    xcb_flush(connection);
+    std::vector<xcb_window_t> windows;
+    const auto makeWindows = [&] {
+        for (std::size_t place = 0; place < files.size(); ++place)
+            windows.push_back(makeWindow(connection, static_cast<int>(place), managed));
+        xcb_flush(connection);
+    };
+    if (!managed)
+        makeWindows();
     std::cout << "ready" << std::endl;
     std::string line;
     std::getline(std::cin, line);
+    if (managed)
+        makeWindows();
     for (std::size_t place = 0; place < files.size(); ++place) {
+        setText(handles[place], "wid", std::to_string(windows[place]));
         std::array<const char*, 3> command{"loadfile", files[place].c_str(), nullptr};
         mpv_command_async(handles[place], 0, command.data());
     }
