@@ -4,12 +4,14 @@
 #include "platform/mpv/mpv_engine.h"
 #include "platform/mpv/mpv_handle.h"
 #include "platform/mpv/output_choice.h"
+#include "platform/mpv/picture_window.h"
 #include "platform/mpv/x_errors.h"
 
 #include <array>
 #include <clocale>
 #include <cstdlib>
 #include <iostream>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <unistd.h>
@@ -75,7 +77,8 @@ int main(int argc, char** argv)
     keepXErrorsHarmless();
     std::vector<std::string> files(argv + 1, argv + argc);
     const bool managed = std::erase(files, "--managed") > 0;
-    xcb_connection_t* connection = xcb_connect(nullptr, nullptr);
+    WindowSystem system;
+    xcb_connection_t* connection = system.connection();
     const HandleSettings settings = chooseOutputs(true);
     std::vector<mpv_handle*> handles;
     for (std::size_t place = 0; place < files.size(); ++place) {
@@ -87,11 +90,14 @@ int main(int argc, char** argv)
         setText(handle, "pause", "no");
         handles.push_back(handle);
     }
-    std::vector<xcb_window_t> windows;
+    // An output that begins while its parent is being mapped may stay away from the screen: hence a window in between.
+    std::vector<std::unique_ptr<PictureWindow>> pictures;
     const auto makeWindows = [&] {
-        for (std::size_t place = 0; place < files.size(); ++place)
-            windows.push_back(makeWindow(connection, static_cast<int>(place), managed));
-        xcb_flush(connection);
+        for (std::size_t place = 0; place < files.size(); ++place) {
+            const xcb_window_t window = makeWindow(connection, static_cast<int>(place), managed);
+            pictures.push_back(std::make_unique<PictureWindow>(system, window));
+            pictures.back()->put({0, 0, kWidth, kHeight}, kWidth);
+        }
     };
     if (!managed)
         makeWindows();
@@ -101,7 +107,7 @@ int main(int argc, char** argv)
     if (managed)
         makeWindows();
     for (std::size_t place = 0; place < files.size(); ++place) {
-        setText(handles[place], "wid", std::to_string(windows[place]));
+        setText(handles[place], "wid", std::to_string(pictures[place]->canvas()));
         std::array<const char*, 3> command{"loadfile", files[place].c_str(), nullptr};
         mpv_command_async(handles[place], 0, command.data());
     }

@@ -16,6 +16,7 @@ tandrel_library(platform/mpv USES platform/mci LINKS PkgConfig::mpv PkgConfig::c
   media_tracks.cpp
   mpv_channel.cpp
   mpv_device.cpp
+  mpv_drawing.cpp
   mpv_engine.cpp
   mpv_handle.cpp
   mpv_loading.cpp

@@ -9,6 +9,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <gtest/gtest.h>
+#include <thread>
 #include <vector>
 
 namespace tandrel
@@ -280,6 +281,26 @@ TEST_F(Screen, PutPlacesFillsAndHides)
     EXPECT_EQ(send("seek A to 2000"), 0);
     EXPECT_EQ(send("put A window at 0 0 160 120"), 0);
     EXPECT_TRUE(showsFrame(60, {0, 0, 160, 120}));
+}
+
+TEST_F(Screen, AGroupStartsWhenItsPicturesAreOnTheScreen)
+{
+    const PixelRect right{320, 0, 640, 240};
+    for (int round = 0; round < 5; ++round) {
+        ASSERT_EQ(open("h264_30.mp4", "A"), 0);
+        ASSERT_EQ(open("h264_25.mp4", "B"), 0);
+        EXPECT_EQ(send("put A window at 0 0 320 240"), 0);
+        EXPECT_EQ(send("put B window at 320 0 320 240"), 0);
+        ASSERT_FALSE(window.frameIn(kPicture) || window.frameIn(right));
+        EXPECT_EQ(send("Play A"), 0);
+        EXPECT_EQ(send("Play B"), 0);
+        while (mci.idle())
+            std::this_thread::yield();
+        EXPECT_TRUE(window.frameIn(kPicture));
+        EXPECT_TRUE(window.frameIn(right));
+        EXPECT_EQ(send("close all"), 0);
+        EXPECT_TRUE(waitUntil([&] { return !window.frameIn(kPicture) && !window.frameIn(right); }));
+    }
 }
 
 TEST_F(Screen, PutMultipliesWithThePixelRatioAndWhereDoesNot)

@@ -374,6 +374,26 @@ TEST_F(MciServiceTest, OfSeveralPlacesOnlyTheLastIsDrawn)
     EXPECT_EQ(engine->state("film")->placesSeen.size(), 2U) << "a picture that is on the screen moves at once";
 }
 
+TEST_F(MciServiceTest, APictureThatIsToRunIsDrawnOnceTheCommandsTurnToAnotherDevice)
+{
+    engine->add("other", {.length = 10, .frameRate = 25});
+    ASSERT_EQ(send("open film alias A"), 0);
+    EXPECT_EQ(send("put A window at 0 0 640 360"), 0);
+    ASSERT_EQ(send("open other alias B"), 0);
+    EXPECT_TRUE(engine->state("film")->placesSeen.empty()) << "nobody has asked for its play yet";
+    EXPECT_EQ(send("put A window at 0 0 473 333"), 0);
+    EXPECT_EQ(send("Play A"), 0);
+    EXPECT_EQ(send("put A window at 0 0 474 333"), 0);
+    EXPECT_TRUE(engine->state("film")->placesSeen.empty());
+    EXPECT_EQ(send("Where B destination"), 0);
+    EXPECT_EQ(engine->state("film")->placesSeen, std::vector<PixelRect>({{0, 0, 474, 333}}));
+    EXPECT_TRUE(engine->state("other")->placesSeen.empty());
+    EXPECT_FALSE(engine->state("film")->running);
+    mci.idle();
+    EXPECT_EQ(engine->state("film")->placesSeen.size(), 1U);
+    EXPECT_TRUE(engine->state("film")->running);
+}
+
 TEST_F(MciServiceTest, APictureThatRunsHasAPlace)
 {
     ASSERT_EQ(send("open film alias A"), 0);

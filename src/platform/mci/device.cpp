@@ -82,6 +82,11 @@ void Device::show()
     // A step may need several moves, each of which is sent when the one before is known to be done.
     if (!running_)
         media_->read();
+    showPlace();
+}
+
+void Device::showPlace()
+{
     if (!placeWanted_)
         return;
     media_->put(*placeWanted_);

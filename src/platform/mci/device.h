@@ -36,6 +36,7 @@ public:
     /// Places the picture. The first place, its native size unless told otherwise, is only marked until `show`.
     void put(const PixelRect& place);
     void show();
+    void showPlace();
 
     /// With `afterSeeks`, a seek of a running device under way is waited for; a device at rest always is.
     int position(bool afterSeeks, double& answer);

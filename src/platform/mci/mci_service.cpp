@@ -182,6 +182,13 @@ void MciService::startThoseWaitingSince(Device::Moment latest)
             entry.device->start();
 }
 
+void MciService::showThoseLeft(const Device* spokenTo)
+{
+    for (const Entry& entry : devices_)
+        if (entry.device.get() != spokenTo && entry.device->waitsForStartSince(Device::Moment::max()))
+            entry.device->showPlace();
+}
+
 std::vector<MciService::Entry>::iterator MciService::find(std::string_view alias)
 {
     return std::find_if(devices_.begin(), devices_.end(), [&](const Entry& entry) { return entry.alias == alias; });
@@ -198,6 +205,7 @@ int MciService::run(const Command& command)
         return close(command);
 
     const auto entry = find(command.device);
+    showThoseLeft(entry == devices_.end() ? nullptr : entry->device.get());
     if (entry == devices_.end())
         return command.verb == Verb::Set && sameWord(command.device, kDiscDrive) ? moveDoor(command)
                                                                                  : mci_error::kNotOpen;

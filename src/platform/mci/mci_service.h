@@ -87,6 +87,8 @@ private:
     void startThoseWaitingSince(Device::Moment latest);
     /// What a command begins with: not every caller tells when it is idle.
     void startThoseForgotten();
+    /// A picture that is to run has its place when the commands turn to another device: it is drawn while they go on.
+    void showThoseLeft(const Device* spokenTo);
     /// All that wait for their start begin together once each stands where it is to begin. False if some still wait.
     bool startTogether();
     /// The device that a command would go to; null for one that would be refused.

@@ -21,13 +21,8 @@ constexpr auto kCloseLimit = 2s;
 constexpr auto kFreshPlace = 700ms;
 constexpr auto kStaleReadLimit = 50ms;
 constexpr auto kStepPoll = 1ms;
-// A picture that the output has drawn reaches the window system when the output is next asked something. It is asked
-// twice: once, and it may only be about to draw.
-constexpr int kOutputTurns = 2;
 
 std::chrono::steady_clock::time_point now() { return std::chrono::steady_clock::now(); }
-
-int scaled(int length, double ratio) { return static_cast<int>(std::lround(length * ratio)); }
 } // namespace
 
 MpvDevice::MpvDevice(mpv_handle* handle, std::unique_ptr<PictureWindow> window, double pixelRatio,
@@ -101,6 +96,8 @@ void MpvDevice::hear(const mpv_event& event)
 void MpvDevice::hearAnswer(const mpv_event& event)
 {
     const auto& property = *static_cast<const mpv_event_property*>(event.data);
+    if (drawing_ != Drawing::Done && event.reply_userdata <= drawingAsked_)
+        hearDrawing(event);
     if (stage_ == Stage::Stepping && event.reply_userdata == awaited_) {
         awaited_ = 0;
         hearStep(event.error >= 0 && *static_cast<const int*>(property.data) != 0);
@@ -115,7 +112,7 @@ void MpvDevice::hearStep(bool holds)
         return;
     if (outputTurns_ < kOutputTurns) {
         ++outputTurns_;
-        awaited_ = channel_.ask("current-window-scale", MPV_FORMAT_DOUBLE);
+        awaited_ = askOutput();
         return;
     }
     showAtOnce(false);
@@ -231,7 +228,7 @@ bool MpvDevice::ready()
     // Nobody tells of the end of a step by itself.
     if (stage_ == Stage::Stepping && awaited_ == 0)
         awaited_ = channel_.ask("pause", MPV_FORMAT_FLAG);
-    return stage_ == Stage::Rest;
+    return stage_ == Stage::Rest && isDrawn();
 }
 
 MediaReading MpvDevice::read()
@@ -276,23 +273,5 @@ FrameCounts MpvDevice::counts()
 }
 
 void MpvDevice::setVolume(double volume) { channel_.set("volume", volume * 100); }
-
-void MpvDevice::moveInto(WindowHandle parent, double pixelRatio)
-{
-    if (window_ == nullptr)
-        return;
-    window_->moveInto(parent);
-    pixelRatio_ = pixelRatio;
-}
-
-void MpvDevice::put(const PixelRect& place)
-{
-    if (window_ == nullptr)
-        return;
-    const PixelRect inPixels{scaled(place.left, pixelRatio_), scaled(place.top, pixelRatio_),
-                             scaled(place.right, pixelRatio_), scaled(place.bottom, pixelRatio_)};
-    window_->put(inPixels, facts_.width);
-    sizePictures({inPixels.width() > 0 ? canvasWidth(inPixels.width(), facts_.width) : 0, inPixels.height()});
-}
 
 } // namespace tandrel

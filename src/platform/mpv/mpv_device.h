@@ -52,6 +52,10 @@ public:
 private:
     using Moment = MpvChannel::Moment;
 
+    /// A picture that the output has drawn reaches the window system when the output is next asked something. It is
+    /// asked twice: once, and it may only be about to draw.
+    static constexpr int kOutputTurns = 2;
+
     enum class Stage {
         /// Nothing is under way.
         Rest,
@@ -85,6 +89,18 @@ private:
         bool guesses = false;
     };
 
+    /// What is known of the drawing at a new place.
+    enum class Drawing {
+        Done,
+        /// Nobody has asked about it yet.
+        Unasked,
+        Asked,
+        /// The output had not got there when it was asked.
+        Elsewhere,
+        /// It is drawn, and on its way to the window system.
+        Flushing
+    };
+
     /// What has been done about a seek that brought another picture than expected.
     enum class Correction { None, LookedBehind, SteppedBack };
 
@@ -102,6 +118,13 @@ private:
     void sendMove(std::initializer_list<const char*> command);
     void sendSeek(double target);
     void hearStep(bool holds);
+    std::uint64_t askOutput();
+    /// Not ready before the output has drawn the picture at its new place: who decodes the next ones would be in its
+    /// way.
+    void awaitDrawing();
+    void askDrawing();
+    void hearDrawing(const mpv_event& event);
+    bool isDrawn();
     void askPlace();
     void notePlace(double time);
     void placeKnown();
@@ -197,6 +220,15 @@ private:
     bool showsAtOnce_ = false;
     /// How often the output has been asked something since the step was done.
     int outputTurns_ = 0;
+
+    /// The size that the picture is drawn at, in pixels.
+    PictureSize canvas_;
+    Drawing drawing_ = Drawing::Done;
+    Moment drawUntil_;
+    /// The last question about the drawing, and what the first of a pair was answered.
+    std::uint64_t drawingAsked_ = 0;
+    std::int64_t drawnWidth_ = 0;
+    int flushes_ = 0;
     /// A step on is under way; a step back is to follow.
     bool stepsOn_ = false;
     bool thenBack_ = false;

@@ -204,6 +204,7 @@ void MpvDevice::restAtPicture(bool steppedOn)
 void MpvDevice::makeReadyToPlay()
 {
     drain();
+    awaitDrawing();
     if (!behind_ || stage_ != Stage::Rest)
         return;
     if (isSamePicture(*behind_, place_))

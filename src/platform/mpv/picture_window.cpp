@@ -27,11 +27,8 @@ void createWindow(xcb_connection_t* connection, xcb_window_t window, xcb_window_
 {
     // Black until the first picture. The window listens to nothing, and so do the windows inside it.
     const std::uint32_t black = 0;
-    const auto cookie =
-        xcb_create_window_checked(connection, XCB_COPY_FROM_PARENT, window, parent, 0, 0, 1, 1, 0,
-                                  XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_BACK_PIXEL, &black);
-    // The output draws through another connection, so the window has to be there before anybody goes on.
-    std::free(xcb_request_check(connection, cookie));
+    xcb_create_window(connection, XCB_COPY_FROM_PARENT, window, parent, 0, 0, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
+                      XCB_COPY_FROM_PARENT, XCB_CW_BACK_PIXEL, &black);
 }
 
 void configure(xcb_connection_t* connection, xcb_window_t window, const PixelRect& place)
@@ -81,7 +78,8 @@ PictureWindow::PictureWindow(WindowSystem& system, std::optional<WindowHandle> p
     createWindow(system_.connection(), canvas_, window_);
     configure(system_.connection(), canvas_, kFirstCanvas);
     // The canvas is mapped before an output looks at it, and stays so: libmpv takes the map notice of its parent for
-    // that of its own window, and would never map that one.
+    // that of its own window, and would never map that one. The output draws through another connection, so nobody goes
+    // on before the server has done all of this.
     std::free(xcb_request_check(system_.connection(), xcb_map_window_checked(system_.connection(), canvas_)));
 }
 
