@@ -105,9 +105,9 @@ public:
     void OpenSingleVideoMKV();
     void OpenSingleVideoDVD();
 
-    /// Opens files as a group beside what is open: those that are new, as far as there is room. No tip comes up. False,
-    /// with a message, where there is no room at all.
-    bool openPaths(const std::vector<Text>& paths);
+    /// Opens files as a group beside what is open: those that are new, as far as there is room. No tip comes up; a
+    /// message does where there is no room at all. `keepsRecent`: they go to the list of recent files too.
+    void openPaths(const std::vector<Text>& paths, bool keepsRecent = false);
     /// The same for what was dropped: folders and what isn't there are left out, the rest goes to the recent files.
     void openDropped(const std::vector<Text>& paths);
 
@@ -230,7 +230,7 @@ private:
     bool openPaused(const Text& path);
     /// The same, not paused.
     bool openRunning(const Text& path);
-    bool openInSlot(const Text& path, Long (*open)(WindowHandle));
+    bool openInSlot(const Text& path, Long (*open)(WindowHandle), bool saysNoFiles);
     /// False, with the window marked, if it can't be played.
     bool openHdFile(const Text& path);
     void openDvd();
@@ -243,8 +243,9 @@ private:
     /// False where the program has been ended meanwhile.
     bool tellFirstTip();
     void stopJump();
-    /// A long command with its notice in front and the timers off; an error ends it properly.
-    void runBatch(const std::function<void()>& work);
+    /// A long command with its notice in front and the timers off; an error ends it properly. The notice counts to
+    /// `files`.
+    void runBatch(Long files, const std::function<void()>& work);
     void closeAllVideos();
     /// Behind an error in the middle of a batch: what has not come to its open is not open.
     void forgetUnopened();
@@ -264,6 +265,7 @@ private:
     void showPlaced(frmChild& window, bool play);
     /// The window's medium is one of the present open.
     bool isChosen(const frmChild& window) const;
+    void refreshWait();
     /// The notice of a long command stays in front of the windows that come up.
     void keepWaitInFront();
     void showTip(Long count);

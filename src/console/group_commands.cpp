@@ -21,15 +21,6 @@ constexpr int kLoudest = 100;
 constexpr int kVolumeStep = 10;
 constexpr const char* kHeld = "1";
 
-/// Every slot of the table, dead ones too: what is sent to an empty alias fails without effect.
-void forEachSlot(const std::function<void(frmChild&)>& visit)
-{
-    const SlotTable slots = VideoWindows;
-    for (const auto& slot : slots)
-        if (slot)
-            visit(*slot);
-}
-
 /// Tells the service which command each video gets next, so that none has to wait for another.
 void expectForAll(const std::function<Text(const Alias&)>& command)
 {
@@ -149,7 +140,7 @@ void frmMedia::setVolumeOfGroup(Long level)
     };
     if (SlideMode != "1")
         forEachLive(set);
-    else if (frmChild* window = slotPlaying(CurrentAlias))
+    else if (frmChild* window = firstSlot([](const frmChild& slot) { return trim(slot.MediaFile) == CurrentAlias; }))
         set(*window);
 }
 

@@ -33,15 +33,16 @@ void frmMedia::cmdOpen()
         openGroup();
 }
 
-bool frmMedia::openPaths(const std::vector<Text>& paths)
+void frmMedia::openPaths(const std::vector<Text>& paths, bool keepsRecent)
 {
     const OpenCommand command(*this);
     if (!prepareGroup())
-        return false;
+        return;
     takeGroup(paths);
     const OpenAhead ahead(List1.entries());
     openGroup();
-    return true;
+    if (keepsRecent)
+        recent::update(List1.entries());
 }
 
 void frmMedia::openDropped(const std::vector<Text>& paths)
@@ -55,8 +56,7 @@ void frmMedia::openDropped(const std::vector<Text>& paths)
         backend().messageBox(localised("message.cannotPlay"), BoxStyle::Critical, AppTitle);
         return;
     }
-    if (openPaths(files))
-        recent::update(List1.entries());
+    openPaths(files, true);
 }
 
 bool frmMedia::prepareGroup()
@@ -91,7 +91,7 @@ void frmMedia::openGroup()
         SetFocus();
         return;
     }
-    runBatch([this] {
+    runBatch(List1.ListCount(), [this] {
         stopJump();
         Refresh();
         endOtherMedia();
@@ -101,6 +101,8 @@ void frmMedia::openGroup()
         else if (SlideMode == "1")
             arrangePlayList();
     });
+    screen().MousePointer = pointer::kDefault;
+    SetFocus();
 }
 
 void frmMedia::openChosen()
@@ -159,9 +161,12 @@ void frmMedia::arrangePlayList()
     const Long count = liveCount();
     if (count <= 0 || count > MaxVideos)
         return;
+    // Where nothing has opened, the first slot is the lead.
+    const frmChild* found = slotPlaying(lead);
+    const frmChild* large = found != nullptr ? found : VideoWindows.front().get();
     Long tile = 0;
     forEachLive([&](frmChild& window) {
-        const bool isLead = trim(window.MediaFile) == lead;
+        const bool isLead = &window == large;
         MediaGetSizeAlias(window.MediaFile);
         if (count == 1)
             placeSingle(window, 25);
@@ -173,11 +178,11 @@ void frmMedia::arrangePlayList()
         window.Show();
         playChosen(window);
         window.Show();
-        keepWaitInFront();
+        refreshWait();
     });
     CurrentAlias = lead;
     forEachLive([&](frmChild& window) {
-        if (trim(window.MediaFile) != lead)
+        if (&window != large)
             MediaSeekQuarter(window.MediaFile);
         window.Paused = 1;
     });

@@ -51,12 +51,17 @@ void putIntoCell(frmChild& window, const PixelRect& cell)
 
 } // namespace
 
+void frmMedia::refreshWait()
+{
+    if (Loaded<class frmWait>() && frmWait().Visible())
+        frmWait().Refresh();
+}
+
 void frmMedia::keepWaitInFront()
 {
-    if (!Loaded<class frmWait>() || !frmWait().Visible())
-        return;
-    frmWait().Refresh();
-    frmWait().SetFocus();
+    refreshWait();
+    if (Loaded<class frmWait>() && frmWait().Visible())
+        frmWait().SetFocus();
 }
 
 bool frmMedia::isChosen(const frmChild& window) const
@@ -149,7 +154,7 @@ void frmMedia::Resize(bool NoPlay)
 
 void frmMedia::restartAll()
 {
-    forEachLive([this](frmChild& window) {
+    forEachSlot([this](frmChild& window) {
         ignoringErrors([&] {
             if (SlideMode == "1")
                 MediaRestart(window.MediaFile, 0, VolumeSlider.Value());

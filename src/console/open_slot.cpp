@@ -28,16 +28,19 @@ void putNativeSize()
 
 } // namespace
 
-bool frmMedia::openPaused(const Text& path) { return openInSlot(path, &MediaOpenPaused); }
+bool frmMedia::openPaused(const Text& path)
+{
+    return openInSlot(path, &MediaOpenPaused, upper(quoted(path)) == kNoFiles);
+}
 
-bool frmMedia::openRunning(const Text& path) { return openInSlot(path, &MediaOpen); }
+bool frmMedia::openRunning(const Text& path) { return openInSlot(path, &MediaOpen, trim(quoted(path)) == kNoFiles); }
 
-bool frmMedia::openInSlot(const Text& path, Long (*open)(WindowHandle))
+bool frmMedia::openInSlot(const Text& path, Long (*open)(WindowHandle), bool saysNoFiles)
 {
     CurrentAlias = quoted(path);
     frmChild& window = newSlot(path);
     if (open(window.picVideo.hWnd()) != 0) {
-        if (upper(CurrentAlias) == kNoFiles)
+        if (saysNoFiles)
             lblTitleBar.Caption = kNoMedia;
         else
             window.markFailed();

@@ -8,6 +8,7 @@
 #include "persist/recent_files.h"
 #include "texts/frm_update.h"
 #include "texts/localised.h"
+#include "video/slots.h"
 
 #include <algorithm>
 
@@ -115,9 +116,11 @@ public:
 private:
     using SameFile = std::function<bool(const Text& entry)>;
 
+    // A file that is open is known by its window too, since the list may call it by its bare name: two windows of one
+    // file would share its device.
     void takeSeveral(const Selection& selection);
     void takeSingle(const Selection& selection);
-    bool isWanted(const SameFile& isSame) const;
+    bool isWanted(const Text& path, const SameFile& isSame) const;
     bool sameName(const Text& element, const Text& entry) const;
     void take(const Text& path);
     void refuse();
@@ -161,11 +164,11 @@ void Choice::takeSeveral(const Selection& selection)
     const bool preset = console_.PresetSelection;
     const bool byName = rules_.sameNameIsOpen && !preset;
     for (const Text& element : selection.elements) {
-        const auto isSame = [&](const Text& entry) {
-            return element == entry || (byName && (console_.LastFolder + element == entry || sameName(element, entry)));
-        };
-        if (characterCount(element) > 1 && isWanted(isSame))
-            take(preset ? element : console_.LastFolder + element);
+        const Text path = preset ? element : console_.LastFolder + element;
+        const auto isSame = [&](const Text& entry) { return element == entry || (byName && sameName(element, entry)); };
+        const bool isOpen = !rules_.replaces && slotPlaying(quoted(path));
+        if (characterCount(element) > 1 && !isOpen && isWanted(path, isSame))
+            take(path);
     }
 }
 
@@ -177,13 +180,16 @@ void Choice::takeSingle(const Selection& selection)
         return;
     }
     console_.LastFolder = folderOf(path) + kSeparator;
-    if (isWanted([&](const Text& entry) { return path == entry; }))
+    if (!slotPlaying(quoted(path)) && isWanted(path, [&](const Text& entry) { return path == entry; }))
         take(path);
 }
 
-bool Choice::isWanted(const SameFile& isSame) const
+bool Choice::isWanted(const Text& path, const SameFile& isSame) const
 {
     if (!rules_.replaces && console_.List2.ListCount() >= MaxVideos)
+        return false;
+    const auto& chosen = console_.List1.entries();
+    if (std::find(chosen.begin(), chosen.end(), path) != chosen.end())
         return false;
     const auto& open = console_.List2.entries();
     return std::none_of(open.begin(), open.end(), isSame);

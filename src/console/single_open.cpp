@@ -72,13 +72,17 @@ void frmMedia::OpenSingleVideo()
     if (!tellFirstTip())
         return;
     stopJump();
-    runBatch([this] {
+    const bool isHd = !isOlderSystem(WindowsVersion) && List1.ListCount() == 1 && isHdPath(List1.List(0));
+    runBatch(List1.ListCount(), [&] {
         closeAllVideos();
-        if (isOlderSystem(WindowsVersion) || !isHdPath(List1.List(0)))
+        if (!isHd)
             openReplacing();
         else if (!openHdFile(List1.List(0)))
             sayNothingPlays();
     });
+    screen().MousePointer = pointer::kDefault;
+    if (!isHd)
+        SetFocus();
 }
 
 void frmMedia::OpenSingleVideoMKV()
@@ -95,10 +99,12 @@ void frmMedia::OpenSingleVideoMKV()
     if (hasResult(chosen))
         endRecentDialog();
     stopJump();
-    runBatch([this] {
+    runBatch(List1.ListCount(), [this] {
         closeAllVideos();
         openReplacing();
     });
+    screen().MousePointer = pointer::kDefault;
+    SetFocus();
 }
 
 void frmMedia::OpenSingleVideoDVD()
@@ -111,10 +117,11 @@ void frmMedia::OpenSingleVideoDVD()
     endHd();
     if (!tellFirstTip())
         return;
-    runBatch([this] {
+    runBatch(0, [this] {
         closeAllVideos();
         openDvd();
     });
+    SetFocus();
 }
 
 bool frmMedia::isBusy() const
@@ -164,17 +171,15 @@ bool frmMedia::tellFirstTip()
     return !programEnded() && !isEnding();
 }
 
-void frmMedia::runBatch(const std::function<void()>& work)
+void frmMedia::runBatch(Long files, const std::function<void()>& work)
 {
     frmWait().Show();
-    frmWait().showProgress(0, List1.ListCount());
+    frmWait().showProgress(0, files);
     holdTimers(true);
     if (!trap(work))
         forgetUnopened();
     holdTimers(false);
     Unload<class frmWait>();
-    screen().MousePointer = pointer::kDefault;
-    SetFocus();
 }
 
 void frmMedia::forgetUnopened()
@@ -188,6 +193,8 @@ void frmMedia::closeAllVideos()
 {
     forEachLive([this](frmChild& window) {
         window.Visible = false;
+        // The list is cut below; the window's own entry may be the one of the new file.
+        window.Listed = false;
         MediaClose(window.MediaFile);
         unload(window);
         keepWaitInFront();

@@ -20,9 +20,10 @@ using Player = MediaPlayerControl;
 
 void restart(Player& player)
 {
-    const std::string url = player.url();
-    player.close();
-    player.setUrl(url);
+    std::string url;
+    ignoringErrors([&] { url = player.url(); });
+    ignoringErrors([&] { player.close(); });
+    ignoringErrors([&] { player.setUrl(url); });
 }
 
 void playNextChapter() { controlOf(otherMedia().dvd).playNextChapter(); }

@@ -34,12 +34,20 @@ std::shared_ptr<frmChild> newWindow()
 
 } // namespace
 
-void forEachLive(const std::function<void(frmChild&)>& visit)
+void forEachSlot(const std::function<void(frmChild&)>& visit)
 {
     const SlotTable slots = VideoWindows;
     for (const auto& slot : slots)
-        if (slot && slot->isLive())
+        if (slot)
             visit(*slot);
+}
+
+void forEachLive(const std::function<void(frmChild&)>& visit)
+{
+    forEachSlot([&](frmChild& slot) {
+        if (slot.isLive())
+            visit(slot);
+    });
 }
 
 void forEachPlayable(const std::function<void(frmChild&)>& visit)

@@ -10,7 +10,10 @@
 namespace tandrel
 {
 
-/// Calls `visit` with each live slot in the order of the table. Walks a copy, so that a slot may end or come meanwhile.
+/// Calls `visit` with each slot in the order of the table, dead ones too: what is sent to an empty alias fails without
+/// effect. Walks a copy, so that a slot may end or come meanwhile.
+void forEachSlot(const std::function<void(frmChild&)>& visit);
+/// The same with live slots only.
 void forEachLive(const std::function<void(frmChild&)>& visit);
 
 /// The same, without those whose medium can't be played: they are sent no command.

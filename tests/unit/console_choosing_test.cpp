@@ -288,6 +288,9 @@ TEST_F(ConsoleChoosing, AVanishedFileIsStillTaken)
 TEST_F(ConsoleChoosing, FilesOfSeveralFoldersAreFoundInTheirOwn)
 {
     world.files.content["/open/b.avi"] = {};
+    // Its file is gone, and its window still shows it.
+    CurrentAlias = quoted("/films/one/a.avi");
+    newSlot("/films/one/a.avi");
     console().List2.AddItem("/films/one/a.avi");
     console().List2.AddItem("/open/b.avi");
     world.files.content["/films/two/b.avi"] = {};

@@ -146,7 +146,9 @@ void MciService::expect(const std::vector<std::string>& commands)
         if (device == nullptr || (command.verb != Verb::Pause && command.verb != Verb::Step))
             continue;
         device->pause();
-        if (command.verb == Verb::Step)
+        const bool announced =
+            std::any_of(steps.begin(), steps.end(), [&](const auto& step) { return step.first == device; });
+        if (command.verb == Verb::Step && !announced)
             steps.emplace_back(device, directionOf(command));
     }
     for (const auto& [device, direction] : steps)

@@ -107,7 +107,7 @@ void StepWorkers::Office::run()
         lock.lock();
         Queue done;
         if (more && !ending)
-            queue.splice(queue.end(), busy, entry);
+            queue.splice(entry->hurried ? queue.begin() : queue.end(), busy, entry);
         else
             done.splice(done.end(), busy, entry);
         // What the job holds goes without the lock.

@@ -32,8 +32,9 @@ private:
     std::atomic<bool> cancelled_ = false;
 };
 
-/// Threads of low priority that start with the first job. Jobs somebody waits for go before the others; among equals
-/// those go first that came first, and one that takes long goes behind the others after each piece of its work.
+/// Threads of low priority that start with the first job. Jobs somebody waits for go before the others and are finished
+/// in the order in which they came: were they to take turns, the first would have to wait for all. Of the others, one
+/// that takes long goes behind the rest after each piece of its work.
 class StepWorkers
 {
 public:

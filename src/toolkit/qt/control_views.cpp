@@ -44,7 +44,7 @@ void WidgetView::changed(Aspect aspect)
         widget_->setEnabled(control_.enabled());
         break;
     case Aspect::ToolTip:
-        widget_->setToolTip(rendered(control_.toolTip()));
+        widget_->setToolTip(plainTip(rendered(control_.toolTip())));
         widget_->setAccessibleName(rendered(control_.toolTip()));
         break;
     case Aspect::Order:
@@ -93,6 +93,8 @@ bool WidgetView::eventFilter(QObject*, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::MouseButtonPress:
+    // The second of two fast presses comes as this alone, and is a press like any other here.
+    case QEvent::MouseButtonDblClick:
     case QEvent::MouseButtonRelease:
     case QEvent::MouseMove: {
         // A handler may end the form, and this view with it.
@@ -117,7 +119,7 @@ void WidgetView::reportMouse(QEvent* event)
     const bool inside = widget_->rect().contains(mouse->position().toPoint());
     const auto form = control_.form().shared_from_this();
     Control& control = control_;
-    if (mouse->type() == QEvent::MouseButtonPress) {
+    if (mouse->type() == QEvent::MouseButtonPress || mouse->type() == QEvent::MouseButtonDblClick) {
         userPressed(*form);
         // The activation may have acted on the press.
         if (form->isLoaded() && !pressIsSpent(mouse->button()))

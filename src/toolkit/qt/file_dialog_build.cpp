@@ -214,7 +214,7 @@ void FileDialogWindow::fillPlaces()
     for (const FilePlace& place : filePlaces(texts_)) {
         auto* item = new QListWidgetItem(icon(place.icon, devicePixelRatioF()), place.title, places_);
         item->setData(Qt::UserRole, place.folder);
-        item->setToolTip(shownName(place.folder));
+        item->setToolTip(plainTip(shownName(place.folder)));
     }
     const int wanted = places_->sizeHintForColumn(0) + scaledPixels(kAroundPlaces);
     places_->setFixedWidth(std::clamp(wanted, scaledPixels(kLeastPlaces), scaledPixels(kMostPlaces)));

@@ -96,7 +96,7 @@ void FileDialogWindow::hint(const Text& text, const QString& name)
 {
     const QString message = rendered(text);
     hint_->setText(name.isNull() ? message : message.arg(name));
-    hint_->setToolTip(hint_->text());
+    hint_->setToolTip(plainTip(hint_->text()));
 }
 
 void FileDialogWindow::acceptChoice()

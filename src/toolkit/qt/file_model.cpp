@@ -146,8 +146,10 @@ QString FileModel::textOf(const FileEntry& entry, int column) const
 QVariant FileModel::data(const QModelIndex& index, int role) const
 {
     const FileEntry& shown = entry(index.row());
-    if (role == Qt::DisplayRole || (role == Qt::ToolTipRole && index.column() == Name))
+    if (role == Qt::DisplayRole)
         return textOf(shown, index.column());
+    if (role == Qt::ToolTipRole && index.column() == Name)
+        return plainTip(textOf(shown, Name));
     if (role == Qt::DecorationRole && index.column() == Name)
         return iconOf(shown);
     if (role == Qt::TextAlignmentRole && index.column() == Size)

@@ -100,7 +100,7 @@ std::optional<QByteArray> localPathOf(const QByteArray& address)
     QByteArray path = address.mid(5);
     if (path.startsWith("//")) {
         const QByteArray host = path.mid(2, path.indexOf(kSeparator, 2) - 2);
-        if (!host.isEmpty() && host != "localhost")
+        if (!host.isEmpty() && host != "localhost" && host != QSysInfo::machineHostName().toUtf8().toLower())
             return std::nullopt;
         path = path.mid(2 + host.size());
     }

@@ -3,6 +3,7 @@
 #include "platform/path_marks.h"
 #include "toolkit/activation.h"
 #include "toolkit/press.h"
+#include "toolkit/qt/file_names.h"
 #include "toolkit/qt/frame_painter.h"
 #include "toolkit/qt/mouse_buttons.h"
 #include "toolkit/qt/qt_backend.h"
@@ -29,18 +30,15 @@ Qt::WindowFlags flagsFor(const Form& form)
     return (tool ? Qt::Tool : Qt::Window) | Qt::FramelessWindowHint;
 }
 
-/// The path of a local address, byte for byte: a name need not be valid UTF-8.
-Text localPath(const QUrl& url)
-{
-    return QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1()).toStdString();
-}
-
 std::vector<Text> localPaths(const QMimeData& data)
 {
     std::vector<Text> paths;
-    for (const QUrl& url : data.urls())
-        if (url.isLocalFile())
-            paths.push_back(markPath(localPath(url)));
+    for (const QUrl& url : data.urls()) {
+        // Byte for byte: a name need not be valid UTF-8.
+        const auto path = localPathOf(url.toEncoded());
+        if (path && survivesMarks(*path))
+            paths.push_back(markPath(path->toStdString()));
+    }
     return paths;
 }
 
@@ -242,8 +240,11 @@ void FormWidget::closeEvent(QCloseEvent* event)
 
 void FormWidget::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (!localPaths(*event->mimeData()).empty())
-        event->acceptProposedAction();
+    if (localPaths(*event->mimeData()).empty())
+        return;
+    // Whatever the source proposes: after a move it would take its files away.
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
 }
 
 void FormWidget::dropEvent(QDropEvent* event)
@@ -251,7 +252,8 @@ void FormWidget::dropEvent(QDropEvent* event)
     const std::vector<Text> paths = localPaths(*event->mimeData());
     if (!form_ || !form_->DropFiles || paths.empty())
         return;
-    event->acceptProposedAction();
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
     // Whoever the files come from waits for the end of this event, and what is done with them may take its time.
     QTimer::singleShot(0, this, [this, paths] {
         if (form_ && form_->isLoaded())

@@ -6,6 +6,7 @@
 #include <QFontMetrics>
 #include <QLinearGradient>
 #include <QPainter>
+#include <QTextDocument>
 
 #include <cmath>
 
@@ -191,5 +192,7 @@ QString withoutMnemonic(const Text& bytes)
     }
     return shown;
 }
+
+QString plainTip(const QString& shown) { return Qt::mightBeRichText(shown) ? shown.toHtmlEscaped() : shown; }
 
 } // namespace tandrel

@@ -40,4 +40,7 @@ QString rendered(const Text& bytes);
 /// The same without the marks of letters: "&&" is one "&", a single one is not seen.
 QString withoutMnemonic(const Text& bytes);
 
+/// For a tip that shows just these characters, though they may look like markup.
+QString plainTip(const QString& shown);
+
 } // namespace tandrel
