@@ -22,13 +22,22 @@ constexpr int kStepWorkers = 2;
 // What pictures for steps back take at most, of all devices together.
 constexpr std::size_t kStepBytes = 480 * 1024 * 1024;
 
+/// What every device needs for as long as it lives. An open on a file system that hangs may outlive the engine.
+struct Means {
+    Means(const HandleSettings& settings, int devices) : stock(settings, devices) {}
+
+    HandleStock stock;
+    /// Null until the first picture.
+    std::unique_ptr<WindowSystem> windowSystem;
+};
+
 class MpvEngine final : public MediaEngine
 {
 public:
     explicit MpvEngine(MpvOptions options)
         : options_(std::move(options)),
           settings_(chooseOutputs(options_.outputs)),
-          stock_(settings_, options_.mostDevices)
+          means_(std::make_shared<Means>(settings_, options_.mostDevices))
     {
     }
 
@@ -40,18 +49,16 @@ private:
     /// What a decoder of the graphics card makes, or a renderer there, is not like what the processor makes.
     bool keepsPictures() const { return !settings_.hardwareDecoding && settings_.videoOutput != "gpu"; }
     double pixelRatio(std::optional<WindowHandle> window) const;
-    int openDevices() const { return static_cast<int>(inUse_.use_count()) - 1; }
+    int openDevices() const { return static_cast<int>(means_.use_count()) - 1; }
     /// Begins to open a file whose picture, if it is to be `shown`, gets its parent later.
     void begin(const std::string& path, bool shown);
 
     MpvOptions options_;
     HandleSettings settings_;
-    std::unique_ptr<WindowSystem> windowSystem_;
     /// Each device holds a share.
-    std::shared_ptr<void> inUse_ = std::make_shared<char>();
+    std::shared_ptr<Means> means_;
     StepTools stepTools_{std::make_shared<StepWorkers>(kStepWorkers), std::make_shared<StepBudget>(kStepBytes),
                          options_.wake};
-    HandleStock stock_;
     EarlyOpens early_;
 };
 
@@ -77,11 +84,11 @@ void silenceDecoders()
 
 WindowSystem& MpvEngine::windowSystem()
 {
-    if (windowSystem_ == nullptr) {
+    if (means_->windowSystem == nullptr) {
         keepXErrorsHarmless();
-        windowSystem_ = std::make_unique<WindowSystem>();
+        means_->windowSystem = std::make_unique<WindowSystem>();
     }
-    return *windowSystem_;
+    return *means_->windowSystem;
 }
 
 double MpvEngine::pixelRatio(std::optional<WindowHandle> window) const
@@ -91,19 +98,20 @@ double MpvEngine::pixelRatio(std::optional<WindowHandle> window) const
 
 void MpvEngine::begin(const std::string& path, bool shown)
 {
-    // A share for the device to come is taken here, so that the stock knows how many are still to be asked for.
-    std::shared_ptr<void> share = inUse_;
+    // A share for the device to come is taken here, so that the stock knows how many are still to be asked for. The
+    // window ends before it.
+    std::shared_ptr<Means> share = means_;
     auto window = shown ? std::make_shared<std::unique_ptr<PictureWindow>>(
                               std::make_unique<PictureWindow>(windowSystem(), std::nullopt))
                         : std::make_shared<std::unique_ptr<PictureWindow>>();
     const bool withoutSound = options_.outputs && settings_.audioOutput.empty();
-    early_.begin(path, [this, path, window, share = std::move(share), withoutSound]() mutable -> EarlyOpens::Result {
+    early_.begin(path, [path, share = std::move(share), window, withoutSound]() mutable -> EarlyOpens::Result {
         const MediaPath media = findMedia(path);
         if (media.failure != OpenFailure::None)
             return {media.failure};
         // Of the file as it is before anybody reads it.
         const MediaSource source{media.absolute, markOf(media.absolute), 0};
-        mpv_handle* handle = stock_.take();
+        mpv_handle* handle = share->stock.take();
         if (handle == nullptr)
             return {OpenFailure::TimedOut};
         auto device = std::make_unique<MpvDevice>(handle, std::move(*window), 1, std::move(share));
@@ -129,7 +137,7 @@ OpenResult MpvEngine::open(const std::string& path, std::optional<WindowHandle> 
     if (!shown || !early_.isBegun(path))
         begin(path, shown);
     EarlyOpens::Result result = early_.take(path, whileWaiting);
-    stock_.keep(std::max(0, options_.mostDevices - openDevices()));
+    means_->stock.keep(std::max(0, options_.mostDevices - openDevices()));
     if (result.failure != OpenFailure::None)
         return {result.failure, nullptr};
     result.device->setPulse([this] {
