@@ -4,6 +4,8 @@
 #include "toolkit/form.h"
 #include "video/other_media.h"
 
+#include <functional>
+
 namespace tandrel::test
 {
 
@@ -25,11 +27,15 @@ public:
     std::vector<std::string> asked;
     /// It refuses everything, as it does without a medium.
     bool fails = false;
+    /// Called whenever it is asked something, which it may refuse with an error.
+    std::function<void(const std::string& what)> onAsk;
 
 private:
     void note(const std::string& what)
     {
         asked.push_back(what);
+        if (onAsk)
+            onAsk(what);
         if (fails)
             throw RuntimeError(5, "No medium");
     }
@@ -46,11 +52,14 @@ public:
 
     std::vector<std::string> asked;
     bool fails = false;
+    std::function<void(const std::string& what)> onAsk;
 
 private:
     void note(const std::string& what)
     {
         asked.push_back(what);
+        if (onAsk)
+            onAsk(what);
         if (fails)
             throw RuntimeError(5, "No disc");
     }

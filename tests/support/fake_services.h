@@ -207,7 +207,12 @@ public:
     void setBoxTexts(const BoxTexts& texts) override { boxTexts = texts; }
     void beep() override { ++beeps; }
     void quit() override { ++quits; }
-    void mousePointerChanged(Integer shape) override { pointerShapes.push_back(shape); }
+    void mousePointerChanged(Integer shape) override
+    {
+        pointerShapes.push_back(shape);
+        if (whenPointerChanges)
+            whenPointerChanges();
+    }
 
     struct Box {
         Text text;
@@ -237,6 +242,8 @@ public:
     std::function<void()> whileMenuIsUp;
     int quits = 0;
     std::vector<int> pointerShapes;
+    /// Called at each change of the pointer.
+    std::function<void()> whenPointerChanges;
     bool windows = false;
     /// "frmChild place 0,0 1920x1080", "frmChild show", "frmChild.picVideo place": form or control, and what it was
     /// told.

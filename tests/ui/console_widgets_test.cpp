@@ -7,6 +7,7 @@
 #include "console/frm_start.h"
 #include "console/holders.h"
 #include "fullscreen/frm_panel.h"
+#include "media/shared_state.h"
 #include "texts/frm_help.h"
 #include "texts/frm_lang.h"
 #include "texts/frm_splash.h"
@@ -28,6 +29,7 @@ namespace tandrel::test
 {
 
 using ::testing::Contains;
+using ::testing::ElementsAre;
 using ::testing::ElementsAreArray;
 using ::testing::IsEmpty;
 
@@ -92,6 +94,17 @@ protected:
     {
         QTest::mousePress(widget, Qt::LeftButton, {}, widget->rect().center());
         QTest::mouseRelease(widget, Qt::LeftButton, {}, {-50, -50});
+    }
+    /// The pointer comes to a place of the console, and whatever lies there hears of it.
+    void moveTo(QPoint place)
+    {
+        QTest::mouseMove(window()->windowHandle(), place);
+        QApplication::processEvents();
+    }
+    void moveOver(const Control& control)
+    {
+        QWidget* widget = named(console(), control.name().c_str());
+        moveTo(widget->mapTo(window(), widget->rect().center()));
     }
     /// Nothing is left to be painted.
     bool settle(PaintCounter& counter)
@@ -177,6 +190,53 @@ TEST_F(ConsoleWidgets, ItBeginsWithoutARing)
     const int now = pixelsOf(looks(named(console(), "InvertSlider")), palette::kMoves);
     named(console(), "InvertSlider")->clearFocus();
     EXPECT_EQ(pixelsOf(looks(named(console(), "InvertSlider")), palette::kMoves), now);
+}
+
+// The mouse.
+
+TEST_F(ConsoleWidgets, TheSecondOfTwoFastPressesIsAPressOfTheImage)
+{
+    start();
+    Image& image = console().imgPlay;
+    int onImage = 0;
+    int onForm = 0;
+    int clicks = 0;
+    const auto showPress = image.MouseDown;
+    image.MouseDown = [&](const MouseEvent& event) {
+        ++onImage;
+        showPress(event);
+    };
+    image.Click = [&] { ++clicks; };
+    console().MouseDown = [&](const MouseEvent&) { ++onForm; };
+    QWidget* widget = named(console(), "imgPlay");
+    const QPointF middle = QRectF(widget->rect()).center();
+    press(widget);
+    mouseAt(widget, QEvent::MouseButtonDblClick, middle, Qt::LeftButton);
+    EXPECT_EQ(image.borderStyle(), 1);
+    EXPECT_EQ(onImage, 2);
+    mouseAt(widget, QEvent::MouseButtonRelease, middle, Qt::LeftButton);
+    EXPECT_EQ(image.borderStyle(), 0);
+    EXPECT_EQ(clicks, 2);
+    EXPECT_EQ(onForm, 0);
+}
+
+TEST_F(ConsoleWidgets, AMoveOverAnImageIsNotOneOverTheBody)
+{
+    start();
+    int onForm = 0;
+    console().MouseMove = [&](const MouseEvent&) { ++onForm; };
+    FullMedia = "\"/films/a.avi\"";
+    int images = 0;
+    for (Control* control : console().controls())
+        if (auto* image = dynamic_cast<Image*>(control); image && image->Click) {
+            moveOver(*image);
+            ++images;
+        }
+    EXPECT_EQ(images, 23);
+    EXPECT_EQ(onForm, 0);
+    EXPECT_THAT(world.mci.sent(), IsEmpty());
+    moveTo({340, 60});
+    EXPECT_THAT(world.mci.sent(), ElementsAre("Play \"/films/a.avi\" "));
 }
 
 // The outline.

@@ -79,6 +79,38 @@ TEST_F(Drops, TextAndAddressesAreRefused)
     EXPECT_THAT(form->dropped, ElementsAre(ElementsAre("/films/a.avi"))) << "and nothing of those before";
 }
 
+TEST_F(Drops, WhoeverProposesAMoveIsToldThatItWasACopy)
+{
+    QMimeData data;
+    data.setUrls({QUrl(QStringLiteral("file:///films/a.avi"))});
+    QDragEnterEvent enter({5, 5}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::ShiftModifier);
+    ASSERT_EQ(enter.dropAction(), Qt::MoveAction);
+    QApplication::sendEvent(windowOf(*form), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    EXPECT_EQ(enter.dropAction(), Qt::CopyAction);
+    QDropEvent end({5, 5}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::ShiftModifier);
+    ASSERT_EQ(end.dropAction(), Qt::MoveAction);
+    QApplication::sendEvent(windowOf(*form), &end);
+    EXPECT_TRUE(end.isAccepted());
+    EXPECT_EQ(end.dropAction(), Qt::CopyAction) << "a source whose files had moved would remove them";
+}
+
+TEST_F(Drops, FilesOfAnotherComputerAreRefused)
+{
+    const QUrl other(QStringLiteral("file://server/films/a.avi"));
+    const QUrl own(QStringLiteral("file://localhost/films/a.avi"));
+    QMimeData refused;
+    refused.setUrls({other});
+    EXPECT_FALSE(isAccepted(refused));
+    drop(refused);
+    QMimeData both;
+    both.setUrls({other, own});
+    EXPECT_TRUE(isAccepted(both));
+    drop(both);
+    ASSERT_TRUE(within(2000, [&] { return !form->dropped.empty(); }));
+    EXPECT_THAT(form->dropped, ElementsAre(ElementsAre("/films/a.avi")));
+}
+
 TEST_F(Drops, AFormThatEndsMeanwhileHearsNothing)
 {
     QMimeData data;

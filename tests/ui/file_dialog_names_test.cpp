@@ -6,6 +6,8 @@
 #include "toolkit/qt/file_names.h"
 #include "toolkit/qt/file_places.h"
 
+#include <QTextDocumentFragment>
+
 namespace tandrel::test
 {
 
@@ -102,6 +104,23 @@ TEST_F(FileDialogs, ANameThatMarksWouldTurnIntoAnotherIsRefused)
                              }
                          }}}),
                 ElementsAre(markPath(in("\".avi"))));
+}
+
+TEST_F(FileDialogs, ANameThatLooksLikeMarkupIsItsOwnTip)
+{
+    // A tip is taken for rich text where it looks like that.
+    const auto seenAsTip = [](const std::string& name) {
+        const QString tip = rowOf(name).data(Qt::ToolTipRole).toString();
+        return (Qt::mightBeRichText(tip) ? QTextDocumentFragment::fromHtml(tip).toPlainText() : tip).toStdString();
+    };
+    const std::vector<std::string> names{"a<b>c.avi", "<img src='x'>.avi", "<b>&amp;.avi", "a < b.avi"};
+    for (const std::string& name : names)
+        make(name);
+    choose({{names.front(), [&] {
+                 for (const std::string& name : names)
+                     EXPECT_EQ(seenAsTip(name), name);
+                 clickReject();
+             }}});
 }
 
 TEST_F(FileDialogs, AFolderWithAnOddNameIsEntered)

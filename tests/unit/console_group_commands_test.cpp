@@ -91,6 +91,17 @@ TEST_F(ConsoleGroupCommands, ADeadSlotIsSentItsStepTooAndNobodyMinds)
     EXPECT_THAT(paused(), ElementsAre(1, 1, 1));
 }
 
+TEST_F(ConsoleGroupCommands, AStepDuringAJumpShowsTheNormalSpeedAndLeavesTheJumpSet)
+{
+    begin("0", 1);
+    FastForward = true;
+    console().lblSpeed.Caption = "2x";
+    click(console().imgStep);
+    EXPECT_EQ(console().lblSpeed.caption(), "0x");
+    EXPECT_TRUE(FastForward);
+    EXPECT_FALSE(FastRewind);
+}
+
 TEST_F(ConsoleGroupCommands, WithoutASlotTableAStepLeavesNothingHeld)
 {
     start("0");
@@ -156,6 +167,17 @@ TEST_F(ConsoleGroupCommands, AnEmptySlotIsPausedInVainAndSkippedByTheResume)
     EXPECT_EQ(VideoWindows[0]->CurrPos, 0) << "a failing question reads as the beginning";
     click(console().imgPauseAll);
     EXPECT_THAT(commands(), ElementsAre("Play B from 1500"));
+}
+
+TEST_F(ConsoleGroupCommands, AVideoThatCantTellItsPlaceResumesFromItsBeginning)
+{
+    begin("0", 2);
+    VideoWindows[0]->CurrPos = 5;
+    world.mci.answer("status " + alias(0) + " position", "777", 276);
+    click(console().imgPauseAll);
+    EXPECT_EQ(VideoWindows[0]->CurrPos, 0) << "whatever the failing device has answered";
+    click(console().imgPauseAll);
+    EXPECT_THAT(commands(), ElementsAre("Play A from 0", "Play B from 1500"));
 }
 
 TEST_F(ConsoleGroupCommands, AFailingDeviceLeavesTheStateAsIfItHadWorked)
@@ -241,10 +263,24 @@ TEST_F(ConsoleGroupCommands, WhileADiscPlaysOrACommandRunsTheyReturnAtOnce)
 
 TEST_F(ConsoleGroupCommands, BesideAnHdFilmTheyWorkAsEver)
 {
-    begin("0", 1);
+    OtherMediaBench bench;
+    begin("0", 2);
     MkvOpen = true;
     click(console().imgStep);
-    EXPECT_THAT(startingWith(commands(), "step"), ElementsAre("step A"));
+    EXPECT_THAT(startingWith(commands(), "step"), ElementsAre("step A", "step B"));
+    click(console().imgBack);
+    EXPECT_THAT(startingWith(commands(), "step"), ElementsAre("step A reverse", "step B reverse"));
+    click(console().imgPauseAll);
+    EXPECT_THAT(commands(), ElementsAre("Play A from 1500", "Play B from 1500"));
+    EXPECT_EQ(tag(), "");
+    click(console().imgPauseAll);
+    EXPECT_THAT(startingWith(commands(), "Pause"), ElementsAre("Pause A", "Pause B"));
+    EXPECT_EQ(tag(), "1");
+    click(console().imgResync);
+    EXPECT_THAT(startingWith(commands(), "seek"), ElementsAre("seek A to 0", "seek B to 0"));
+    EXPECT_THAT(startingWith(commands(), "Play"), ElementsAre("Play A", "Play B"));
+    EXPECT_EQ(tag(), "");
+    EXPECT_THAT(bench.asked(), IsEmpty()) << "the film itself is in no group";
 }
 
 // Mute.
@@ -278,6 +314,30 @@ TEST_F(ConsoleGroupCommands, InPlayListModeMuteTouchesTheSelectedVideoOfThatMome
     click(console().imgMute);
     EXPECT_THAT(commands(), ElementsAre("setaudio C Volume to 500"));
     EXPECT_THAT(volumes(), ElementsAre(10, 0, 50));
+}
+
+TEST_F(ConsoleGroupCommands, InPlayListModeMuteTakesTheFirstOfTwoThatPlayTheSame)
+{
+    begin("1", 2);
+    VideoWindows[1]->MediaFile = alias(0);
+    CurrentAlias = alias(0);
+    click(console().imgMute);
+    EXPECT_THAT(commands(), ElementsAre("setaudio A Volume to 0"));
+    EXPECT_THAT(volumes(), ElementsAre(0, 20));
+    click(console().imgMute);
+    EXPECT_THAT(commands(), ElementsAre("setaudio A Volume to 500"));
+    EXPECT_THAT(volumes(), ElementsAre(50, 20));
+}
+
+TEST_F(ConsoleGroupCommands, InPlayListModeMuteWithNothingSelectedTakesTheFirstDeadSlot)
+{
+    begin("1", 3);
+    VideoWindows[1]->MediaFile.clear();
+    VideoWindows[2]->MediaFile.clear();
+    CurrentAlias.clear();
+    click(console().imgMute);
+    EXPECT_THAT(commands(), ElementsAre("setaudio  Volume to 0"));
+    EXPECT_THAT(volumes(), ElementsAre(10, 0, 30));
 }
 
 TEST_F(ConsoleGroupCommands, AVolumeOfZeroCantBeMuted)

@@ -191,6 +191,18 @@ TEST_F(MciServiceTest, AnnouncedStepsReachAllDevicesBeforeTheirCommands)
     EXPECT_EQ(engine->state("film")->frame, 1);
 }
 
+TEST_F(MciServiceTest, AStepAnnouncedTwiceForOneDeviceIsTakenOnceAhead)
+{
+    ASSERT_EQ(send("open film"), 0);
+    mci.expect({"step film", "step film"});
+    EXPECT_EQ(engine->state("film")->frame, 1);
+    EXPECT_EQ(send("step film"), 0);
+    EXPECT_EQ(engine->state("film")->frame, 1);
+    EXPECT_EQ(send("step film"), 0);
+    EXPECT_EQ(engine->state("film")->frame, 2);
+    EXPECT_EQ(engine->state("film")->steps, 2);
+}
+
 TEST_F(MciServiceTest, AStepThatWasNotTheAnnouncedOneIsDoneItself)
 {
     ASSERT_EQ(send("open film"), 0);

@@ -116,6 +116,25 @@ TEST(StepWorkers, WhoWaitsGoesFirst)
     EXPECT_EQ(notes.text(), "()bbaa");
 }
 
+TEST(StepWorkers, ThoseWhoWaitAreServedOneAfterTheOther)
+{
+    Notes notes;
+    StepWorkers workers(1);
+    const auto door = std::make_shared<Endless>(notes);
+    workers.post(door, {});
+    ASSERT_TRUE(notes.wait(has(1)));
+    for (const char name : {'c', 'd'})
+        workers.post(std::make_shared<Piecework>(notes, name, 3), {});
+    for (const char name : {'a', 'b'}) {
+        const auto job = std::make_shared<Piecework>(notes, name, 3);
+        workers.post(job, {});
+        workers.hurry(job);
+    }
+    door->release();
+    ASSERT_TRUE(notes.wait(has(14)));
+    EXPECT_EQ(notes.text(), "()aaabbbcdcdcd");
+}
+
 TEST(StepWorkers, NothingBeginsBeforeItIsDue)
 {
     Notes notes;
