@@ -141,6 +141,8 @@ private:
 
     // skin.cpp
     void dressControls();
+    /// One of the texts on the display is at this place of the console, in twips.
+    bool isOverText(double x, double y) const;
     void wireControls();
     /// The click of an image that is a button; nothing once the end has begun.
     void onImage(Image& image, std::function<void()> action);

@@ -14,6 +14,9 @@
 #include "texts/localised_dialog.h"
 #include "texts/menu.h"
 
+#include <algorithm>
+#include <array>
+
 namespace tandrel
 {
 
@@ -183,7 +186,22 @@ void frmMedia::wireWindow()
     MenuKey = [] { PopupMenu(menu().mnupopup); };
     DropFiles = [this](const std::vector<Text>& paths) { openDropped(paths); };
     MouseMove = [this](const MouseEvent&) { playAfterFullScreen(); };
-    Sposta.MouseMove = [this](const MouseEvent&) { playAfterFullScreen(); };
+    Sposta.MouseMove = [this](const MouseEvent& event) {
+        // The texts let presses through to be dragged by; what moves over them is theirs, and does nothing.
+        if (!isOverText(event.x, event.y))
+            playAfterFullScreen();
+    };
+}
+
+bool frmMedia::isOverText(double x, double y) const
+{
+    const auto holds = [&](const Label* label) {
+        const TwipsRect area = label->place();
+        return label->visible() && x >= area.left && x < area.left + area.width && y >= area.top &&
+               y < area.top + area.height;
+    };
+    const std::array<const Label*, 4> texts{&Label3, &lblCurTime, &lblDuration, &lblTitleBar};
+    return std::any_of(texts.begin(), texts.end(), holds);
 }
 
 void frmMedia::dressConsole()

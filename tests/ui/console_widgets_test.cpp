@@ -220,7 +220,7 @@ TEST_F(ConsoleWidgets, TheSecondOfTwoFastPressesIsAPressOfTheImage)
     EXPECT_EQ(onForm, 0);
 }
 
-TEST_F(ConsoleWidgets, AMoveOverAnImageIsNotOneOverTheBody)
+TEST_F(ConsoleWidgets, AMoveOverAnImageOrATextIsNotOneOverTheBody)
 {
     start();
     int onForm = 0;
@@ -233,6 +233,8 @@ TEST_F(ConsoleWidgets, AMoveOverAnImageIsNotOneOverTheBody)
             ++images;
         }
     EXPECT_EQ(images, 23);
+    for (Label* label : {&console().lblTitleBar, &console().Label3, &console().lblCurTime, &console().lblDuration})
+        moveOver(*label);
     EXPECT_EQ(onForm, 0);
     EXPECT_THAT(world.mci.sent(), IsEmpty());
     moveTo({340, 60});

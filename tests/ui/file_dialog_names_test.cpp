@@ -113,7 +113,8 @@ TEST_F(FileDialogs, ANameThatLooksLikeMarkupIsItsOwnTip)
         const QString tip = rowOf(name).data(Qt::ToolTipRole).toString();
         return (Qt::mightBeRichText(tip) ? QTextDocumentFragment::fromHtml(tip).toPlainText() : tip).toStdString();
     };
-    const std::vector<std::string> names{"a<b>c.avi", "<img src='x'>.avi", "<b>&amp;.avi", "a < b.avi"};
+    const std::vector<std::string> names{"a<b>c.avi", "<img src='x'>.avi", "<b>&amp;.avi",
+                                         "a < b.avi", "a&lt;b.avi",        "a  <b>.avi"};
     for (const std::string& name : names)
         make(name);
     choose({{names.front(), [&] {

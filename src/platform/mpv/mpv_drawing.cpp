@@ -71,7 +71,7 @@ void MpvDevice::hearDrawing(const mpv_event& event)
         } else {
             drawing_ = Drawing::Elsewhere;
         }
-    } else if (event.reply_userdata == drawingAsked_) {
+    } else if (event.reply_userdata == drawingAsked_ && drawing_ == Drawing::Flushing) {
         drawingAsked_ = ++flushes_ < kOutputTurns ? askOutput() : 0;
         if (drawingAsked_ == 0)
             drawing_ = Drawing::Done;

@@ -193,6 +193,11 @@ QString withoutMnemonic(const Text& bytes)
     return shown;
 }
 
-QString plainTip(const QString& shown) { return Qt::mightBeRichText(shown) ? shown.toHtmlEscaped() : shown; }
+QString plainTip(const QString& shown)
+{
+    if (!Qt::mightBeRichText(shown))
+        return shown;
+    return QStringLiteral("<p style=\"white-space:pre-wrap\">") + shown.toHtmlEscaped() + QStringLiteral("</p>");
+}
 
 } // namespace tandrel
