@@ -135,6 +135,7 @@ void frmMedia::playChosen(frmChild& window)
 
 void frmMedia::arrangePlayAll()
 {
+    const Text lead = CurrentAlias;
     sweepFailedSlots();
     const Long count = liveCount();
     if (count <= 0 || count > MaxVideos)
@@ -152,6 +153,8 @@ void frmMedia::arrangePlayAll()
         keepWaitInFront();
         place += 1;
     });
+    // Each window that came up has made itself the selected one.
+    CurrentAlias = lead;
 }
 
 void frmMedia::arrangePlayList()

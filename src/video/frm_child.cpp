@@ -163,7 +163,7 @@ void frmChild::onQueryUnload()
 void frmChild::closeDevice()
 {
     mciSend("Close " + MediaFile);
-    if (dropOpenEntry(path()))
+    if (!Listed || dropOpenEntry(path()))
         MediaClose(MediaFile);
 }
 

@@ -87,6 +87,14 @@ TEST_F(ConsoleOpenKnown, SeveralThatReplaceOneOfThemLeaveTheLastNewEntry)
     EXPECT_EQ(liveCount(), 2);
 }
 
+TEST_F(ConsoleOpenKnown, ItsNewEntryOutlivesTheWindowKnownByItsName)
+{
+    begin("0");
+    openByName(0);
+    presetSingle({1, 0});
+    EXPECT_THAT(list2(), ElementsAre(film(0)));
+}
+
 TEST_F(ConsoleOpenKnown, SeveralThatReplaceOneKnownByItsNameOpenItAnew)
 {
     begin("0");

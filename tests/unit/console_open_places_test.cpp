@@ -72,6 +72,16 @@ TEST_F(ConsoleOpenPlaces, WhereNothingNewOpensInPlayAllModeTheOpenOnesArePlacedA
     EXPECT_THAT(startingWith(commands(), "Play"), IsEmpty());
 }
 
+TEST_F(ConsoleOpenPlaces, InTheGridNothingIsSelectedWhereNothingOpens)
+{
+    begin("0");
+    openSeveral(2);
+    breakFilm(2);
+    breakFilm(3);
+    openGroup({2, 3});
+    EXPECT_EQ(CurrentAlias, "");
+}
+
 TEST_F(ConsoleOpenPlaces, AFileThatFailsCountsForTheGridWhereEverythingIsReplaced)
 {
     begin("0");
