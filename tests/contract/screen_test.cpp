@@ -1,9 +1,7 @@
 // What is seen on the screen: which frame, where, and what happens to windows. Needs an X server.
-#include "platform/mci/mci_service.h"
+#include "contract/screen_bench.h"
 #include "platform/mpv/graphics_probe.h"
-#include "platform/mpv/mpv_engine.h"
 #include "platform/mpv/output_choice.h"
-#include "support/test_media.h"
 
 #include <array>
 #include <cmath>
@@ -19,48 +17,13 @@ namespace
 {
 using namespace std::chrono_literals;
 
-constexpr PixelRect kPicture{0, 0, 320, 240};
-
-class Screen : public testing::Test
+class Screen : public ScreenBench
 {
 protected:
-    int send(const std::string& command)
-    {
-        std::array<char, 128> buffer{};
-        const int result = mci.send(command, buffer);
-        answer = buffer.data();
-        return result;
-    }
-    std::string ask(const std::string& command)
-    {
-        EXPECT_EQ(send(command), 0) << command;
-        return answer;
-    }
-    long number(const std::string& command) { return std::stol(ask(command)); }
-
     int open(const std::string& name, const std::string& alias = "A")
     {
         return send("Open \"" + testMedia(name) + "\" Type MPEGVideo alias " + alias + " parent " +
                     std::to_string(window.handle()) + " style child");
-    }
-
-    bool waitUntil(const std::function<bool()>& condition)
-    {
-        const auto end = std::chrono::steady_clock::now() + 10s;
-        while (std::chrono::steady_clock::now() < end) {
-            mci.idle();
-            if (condition())
-                return true;
-        }
-        return false;
-    }
-
-    /// Waits until the frame is on the screen. The output draws at the same moment as the service learns of it.
-    testing::AssertionResult showsFrame(int frame, const PixelRect& part = kPicture)
-    {
-        if (waitUntil([&] { return window.frameIn(part) == frame; }))
-            return testing::AssertionSuccess();
-        return testing::AssertionFailure() << "shown is " << window.frameIn(part).value_or(-1) << ", not " << frame;
     }
 
     /// True if no other frame comes up while `looks` pictures are taken.
@@ -73,10 +36,6 @@ protected:
         }
         return true;
     }
-
-    TestWindow window{640, 480};
-    MciService mci{makeMpvEngine({.outputs = true, .pixelRatio = nullptr, .mostDevices = 2})};
-    std::string answer;
 };
 
 struct VideoRow {

@@ -1,8 +1,6 @@
 // Steps as they are seen on the screen, where most of their pictures do not come from the player.
-#include "platform/mci/mci_service.h"
-#include "platform/mpv/mpv_engine.h"
-#include "support/test_media.h"
 
+#include "contract/screen_bench.h"
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -17,23 +15,9 @@ namespace
 {
 using namespace std::chrono_literals;
 
-constexpr PixelRect kPicture{0, 0, 320, 240};
-
-class Steps : public testing::Test
+class Steps : public ScreenBench
 {
 protected:
-    int send(const std::string& command)
-    {
-        std::array<char, 128> buffer{};
-        const int result = mci.send(command, buffer);
-        answer = buffer.data();
-        return result;
-    }
-    long number(const std::string& command)
-    {
-        EXPECT_EQ(send(command), 0) << command;
-        return std::stol(answer);
-    }
     void openAt(const std::string& name, int frame)
     {
         ASSERT_EQ(send("Open \"" + testMedia(name) + "\" alias A parent " + std::to_string(window.handle())), 0);
@@ -42,22 +26,7 @@ protected:
         EXPECT_EQ(number("status A position"), frame);
         EXPECT_TRUE(showsFrame(frame));
     }
-    bool waitUntil(const std::function<bool()>& condition)
-    {
-        const auto end = std::chrono::steady_clock::now() + 10s;
-        while (std::chrono::steady_clock::now() < end) {
-            mci.idle();
-            if (condition())
-                return true;
-        }
-        return false;
-    }
-    testing::AssertionResult showsFrame(int frame, const PixelRect& part = kPicture)
-    {
-        if (waitUntil([&] { return window.frameIn(part) == frame; }))
-            return testing::AssertionSuccess();
-        return testing::AssertionFailure() << "shown is " << window.frameIn(part).value_or(-1) << ", not " << frame;
-    }
+
     /// Steps that lead from one frame to another, each of which has to be told and shown.
     void stepTo(int from, int to)
     {
@@ -72,9 +41,6 @@ protected:
     bool hasStill() { return window.windowsInside().size() > windowsOfPlayer; }
     void countWindows() { windowsOfPlayer = window.windowsInside().size(); }
 
-    TestWindow window{640, 480};
-    MciService mci{makeMpvEngine({.outputs = true, .pixelRatio = nullptr, .mostDevices = 2})};
-    std::string answer;
     std::size_t windowsOfPlayer = 0;
 };
 

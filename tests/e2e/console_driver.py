@@ -163,21 +163,6 @@ class ConsoleTest(PlayerTest):
         _, x, y, _, _ = wait_for(lambda: self.console(player), 20, "the console")
         self.click(x + (left + width // 2) // TWIPS, y + (top + height // 2) // TWIPS)
 
-    def popup(self):
-        """Place and size of the menu on the screen, or None."""
-        tree = self.display.run("xwininfo", "-root", "-children").stdout
-        for line in tree.splitlines():
-            found = re.search(r'"tandrel-player".*?(\d+)x(\d+)\+-?\d+\+-?\d+\s+\+(-?\d+)\+(-?\d+)', line)
-            if not found or int(found.group(1)) < 40:
-                continue
-            facts = self.display.run("xwininfo", "-id", line.split()[0]).stdout
-            if "IsViewable" in facts and "Override Redirect State: yes" in facts and not self.is_tip(line.split()[0]):
-                return tuple(int(one) for one in found.groups())
-        return None
-
-    def is_tip(self, window):
-        return "TOOLTIP" in self.display.run("xprop", "-id", window, "_NET_WM_WINDOW_TYPE").stdout
-
     def open_menu(self, player, button):
         def opened():
             if self.popup():

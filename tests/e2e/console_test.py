@@ -2,13 +2,12 @@
 """The console and the small windows: outline, looks, keys, menus, languages, and settings that make no sense."""
 
 import os
-import re
 import signal
 import subprocess
 import time
 import unittest
 
-from player import PlayerTest, clips, long_clips, prepare_home, wait_briefly, wait_for
+from player import PlayerTest, clips, long_clips, wait_briefly, wait_for
 
 BACKGROUND = (51, 102, 153)
 WIDTH, HEIGHT = 900, 212
@@ -58,19 +57,6 @@ class Console(PlayerTest):
     def activate(self, window):
         """Gives a window the focus. The tool that does it waits for ever where something else takes it meanwhile."""
         self.display.run("timeout", "5", "xdotool", "windowactivate", "--sync", window)
-
-    def popup(self):
-        """A window that no window manager has: a menu. Its place on the screen."""
-        tree = self.display.run("xwininfo", "-root", "-children").stdout
-        for line in tree.splitlines():
-            found = re.search(r'"tandrel-player".*?(\d+)x(\d+)\+-?\d+\+-?\d+\s+\+(-?\d+)\+(-?\d+)', line)
-            if not found or int(found.group(1)) < 40:
-                continue
-            window = line.split()[0]
-            facts = self.display.run("xwininfo", "-id", window).stdout
-            if "IsViewable" in facts and "Override Redirect State: yes" in facts:
-                return tuple(int(one) for one in found.groups())
-        return None
 
     def test_outside_of_its_outline_the_screen_is_seen_and_clicked(self):
         player = self.up()

@@ -200,3 +200,18 @@ class PlayerTest(unittest.TestCase):
         raw = subprocess.run(["import", "-window", "root", "-crop", f"1x1+{x}+{y}", "-depth", "8", "rgb:-"],
                              env=self.display.environment, capture_output=True, check=True).stdout
         return tuple(raw[:3])
+
+    def popup(self):
+        """Place and size of the menu on the screen, or None."""
+        tree = self.display.run("xwininfo", "-root", "-children").stdout
+        for line in tree.splitlines():
+            found = re.search(r'"tandrel-player".*?(\d+)x(\d+)\+-?\d+\+-?\d+\s+\+(-?\d+)\+(-?\d+)', line)
+            if not found or int(found.group(1)) < 40:
+                continue
+            facts = self.display.run("xwininfo", "-id", line.split()[0]).stdout
+            if "IsViewable" in facts and "Override Redirect State: yes" in facts and not self.is_tip(line.split()[0]):
+                return tuple(int(one) for one in found.groups())
+        return None
+
+    def is_tip(self, window):
+        return "TOOLTIP" in self.display.run("xprop", "-id", window, "_NET_WM_WINDOW_TYPE").stdout

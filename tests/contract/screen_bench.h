@@ -1,0 +1,60 @@
+/// A media service over the real engine, and a window whose pictures are read back. Needs an X server.
+#pragma once
+
+#include "platform/mci/mci_service.h"
+#include "platform/mpv/mpv_engine.h"
+#include "support/test_media.h"
+
+#include <array>
+#include <chrono>
+#include <functional>
+#include <gtest/gtest.h>
+#include <string>
+
+namespace tandrel
+{
+
+inline constexpr PixelRect kPicture{0, 0, 320, 240};
+
+class ScreenBench : public testing::Test
+{
+protected:
+    int send(const std::string& command)
+    {
+        std::array<char, 128> buffer{};
+        const int result = mci.send(command, buffer);
+        answer = buffer.data();
+        return result;
+    }
+    std::string ask(const std::string& command)
+    {
+        EXPECT_EQ(send(command), 0) << command;
+        return answer;
+    }
+    long number(const std::string& command) { return std::stol(ask(command)); }
+
+    bool waitUntil(const std::function<bool()>& condition)
+    {
+        const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+        while (std::chrono::steady_clock::now() < end) {
+            mci.idle();
+            if (condition())
+                return true;
+        }
+        return false;
+    }
+
+    /// Waits until the frame is on the screen. The output draws at the same moment as the service learns of it.
+    testing::AssertionResult showsFrame(int frame, const PixelRect& part = kPicture)
+    {
+        if (waitUntil([&] { return window.frameIn(part) == frame; }))
+            return testing::AssertionSuccess();
+        return testing::AssertionFailure() << "shown is " << window.frameIn(part).value_or(-1) << ", not " << frame;
+    }
+
+    TestWindow window{640, 480};
+    MciService mci{makeMpvEngine({.outputs = true, .pixelRatio = nullptr, .mostDevices = 2})};
+    std::string answer;
+};
+
+} // namespace tandrel
