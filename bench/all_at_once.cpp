@@ -1,6 +1,7 @@
 // Twelve videos without any rules: windows in a grid, and files that are all loaded and played at once. It says
 // "ready", waits for a line, and goes on until its input ends.
 
+#include "platform/mpv/input_methods.h"
 #include "platform/mpv/mpv_engine.h"
 #include "platform/mpv/mpv_handle.h"
 #include "platform/mpv/output_choice.h"
@@ -74,6 +75,8 @@ void setText(mpv_handle* handle, const char* property, const std::string& value)
 int main(int argc, char** argv)
 {
     std::setlocale(LC_NUMERIC, "C");
+    // Outputs that come up at the same moment would corrupt the memory of the input methods.
+    keepInputMethodsForThisThread();
     keepXErrorsHarmless();
     std::vector<std::string> files(argv + 1, argv + argc);
     const bool managed = std::erase(files, "--managed") > 0;
