@@ -15,7 +15,7 @@ using Reply = std::unique_ptr<T, decltype(&std::free)>;
 
 // An output never gives back the memory of the largest picture that it has drawn, and this is what it draws before the
 // first place is known.
-constexpr PixelRect kFirstCanvas{0, 0, 320, 180};
+constexpr PixelRect kFirstCanvas{0, 0, 32, 18};
 
 std::uint32_t coordinate(int value)
 {
