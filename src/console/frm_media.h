@@ -267,6 +267,7 @@ private:
     void showPlaced(frmChild& window, bool play);
     /// The window's medium is one of the present open.
     bool isChosen(const frmChild& window) const;
+    /// The notice of a long command, where there is one, is painted at once.
     void refreshWait();
     /// The notice of a long command stays in front of the windows that come up.
     void keepWaitInFront();

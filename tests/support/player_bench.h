@@ -99,6 +99,20 @@ protected:
             open(index);
     }
 
+    /// What each slot says of its video, dead slots too.
+    static std::vector<int> paused()
+    {
+        std::vector<int> all;
+        for (const auto& window : VideoWindows)
+            all.push_back(window->Paused);
+        return all;
+    }
+    static void holdAll()
+    {
+        for (const auto& window : VideoWindows)
+            window->Paused = 1;
+    }
+
     /// Fails the open of a film, and every later command on it.
     void breakFilm(int index)
     {

@@ -32,13 +32,6 @@ protected:
         world.mci.clear();
         image.userClick();
     }
-    std::vector<int> paused()
-    {
-        std::vector<int> all;
-        for (const auto& window : VideoWindows)
-            all.push_back(window->Paused);
-        return all;
-    }
     std::vector<int> volumes()
     {
         std::vector<int> all;

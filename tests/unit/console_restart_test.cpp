@@ -24,8 +24,7 @@ protected:
         const auto closed = VideoWindows.at(1);
         unload(*closed);
         world.mci.fail("status  position", 263);
-        for (const auto& window : VideoWindows)
-            window->Paused = 1;
+        holdAll();
         console().VolumeSlider.Value = 70;
         world.mci.clear();
     }
@@ -34,13 +33,6 @@ protected:
     {
         const auto sent = commands();
         return {std::find(sent.begin(), sent.end(), "set A time format ms"), sent.end()};
-    }
-    std::vector<int> paused()
-    {
-        std::vector<int> all;
-        for (const auto& window : VideoWindows)
-            all.push_back(window->Paused);
-        return all;
     }
 };
 

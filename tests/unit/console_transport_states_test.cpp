@@ -31,19 +31,6 @@ protected:
         world.mci.clear();
         button.Value = true;
     }
-    /// All windows are held.
-    void holdAll()
-    {
-        for (const auto& window : VideoWindows)
-            window->Paused = 1;
-    }
-    std::vector<int> paused()
-    {
-        std::vector<int> all;
-        for (const auto& window : VideoWindows)
-            all.push_back(window->Paused);
-        return all;
-    }
 };
 
 } // namespace
