@@ -3,6 +3,8 @@
 
 #include "console/button_ids.h"
 #include "console/console_controls.h"
+#include "console/console_fields.h"
+#include "console/monitor_fields.h"
 #include "console/placement.h"
 #include "media/console_face.h"
 
@@ -10,62 +12,15 @@ namespace tandrel
 {
 
 class frmChild;
+class MediaPlayerControl;
+template <class Control, class Window>
+struct ControlWindow;
 
-class frmMedia : public ConsoleControls, public ConsoleFace
+class frmMedia : public ConsoleControls, public ConsoleFields, public ConsoleFace, public MonitorFields
 {
 public:
     frmMedia();
     ~frmMedia() override;
-
-    // The rectangle of the console's monitor in twips; all arrangements and full screen use it. 0 where none was found.
-    Long FullTop;
-    Long FullLeft;
-    Long FullHeight;
-    Long FullWidth;
-
-    /// Which strip of a video window is held (namespace drag).
-    Integer DragHandle;
-    /// "0" PlayAll Mode, "1" PlayList Mode.
-    Text SlideMode;
-    /// The console was activated after the last video window.
-    bool TrackHold = false;
-    /// A video window was sized without its title bar.
-    bool TitleOff = false;
-    /// A DVD or Matroska window has gone to full screen.
-    bool SaverOff = false;
-    /// The volume strip of a video window is showing.
-    bool VolumeTipOn = false;
-    /// A video window was dragged, so that the layout of PlayList Mode no longer holds.
-    bool WindowDragged = false;
-    /// This process stands beside a running one, and takes no file of its own from the command line.
-    bool SecondRun = false;
-    /// The first start on this system.
-    bool FirstRun = false;
-    /// The end has begun.
-    bool ClosingDown = false;
-    /// Last result of `frmUpdate`.
-    bool UpdateCancelled = false;
-    /// The user's language, as it was at the load.
-    Text LanguageCode;
-    /// "0": the tip of PlayList Mode stays away.
-    Text TipsOn;
-    /// A stored opacity, 0 to 255. Setting it changes nothing by itself.
-    Integer iTrans;
-    /// The volume before mute; 0 while nothing is muted.
-    Long SavedVolume;
-
-    /// The selection as a text, from the file dialog or set before an opener is called (console/selection.h).
-    Text SelectionText;
-    /// No dialog comes up: `SelectionText` is taken as it stands, with whole paths instead of names.
-    bool PresetSelection = false;
-    /// The folder of the last choice, with its separator at the end; empty until there was one.
-    Text LastFolder;
-    /// The tip about full screen is still to be shown.
-    bool FirstOpenTip = true;
-
-    /// The files of the present open, in order, and the entries of the open videos.
-    ListBox List1;
-    ListBox List2;
 
     /// Lays all videos out as a grid and plays them: PlayAll Mode. Does nothing with fewer than two entries in `List2`.
     void Resize(bool NoPlay);
@@ -116,6 +71,12 @@ public:
 
     /// A message in the program's own form, which waits for the user.
     void tell(const Text& message);
+
+    /// A window under the pointer tells of a move with the left button held: what is dragged follows at once, and not
+    /// only at the next tick.
+    void followDrag();
+    /// The cursor that was parked stands where it was, to be seen.
+    void showParkedCursor();
 
     // What the transport buttons do to file videos.
     void playSelected();
@@ -173,14 +134,12 @@ private:
     void pauseAll();
     void resumeAll();
     void setVolumeOfGroup(Long level);
-    /// -1 louder, 1 quieter.
-    void stepVolume(int direction);
 
     // hot_keys.cpp
     void takeHotKeys();
     /// Those that came while the console was busy.
     void runWaitingKeys();
-    void hotKeySize(int step);
+    void hotKeySize(int direction);
     void hotKeyFullScreen();
     void hotKeyPlayPause();
     void hotKeyStop();
@@ -290,18 +249,99 @@ private:
     void arrangePlayList();
     void placeSingle(frmChild& window, Long extraWidth);
 
-    // monitor.cpp
+    // monitor_position.cpp
     void Timer1_Timer();
-    void Timer2_Timer();
+    void followDisc();
+    void followPlayer();
+    void followFile();
+    void followRunning();
+    void showDiscTime();
+    void showTimeOnPanel();
+    bool selectedHasFailed() const;
+    /// What the title says of the medium that commands go to.
+    Text mediaTitle() const;
+    Text panelTitle() const;
+    /// The title says that nothing plays.
+    bool titleIsIdle() const;
+
+    // monitor_end.cpp
+    void followEnd();
+    void countEnd();
+    void playNext();
+    /// -1 where there is none; the first slot behind the last.
+    int slotBehindSelected() const;
+    void playSecondDisc();
+    void changeDisc(frmChild& window, const Text& path);
+    bool openDisc(frmChild& window, const Text& path);
+
+    // monitor_mouse.cpp
     void Timer3_Timer();
-    void leaveFullScreen();
-    /// The window of a video goes back to its place and frame of before full screen.
-    void restoreFromFull(frmChild& window);
-    /// Where a command has ended full screen by its flag alone, the window follows.
-    void followEndOfFullScreen();
+    void notePanel();
+    /// False: the tick ends here.
+    bool rightClick();
+    void fillWithDisc();
+    void fillWithPlayer();
+    bool fillPlayer(const ControlWindow<MediaPlayerControl, Form>& player);
+    void fillWithSelected();
+    void fillWith(frmChild& window);
+    void popUpFullMenu();
+    Form* windowToDrag() const;
+    void dragWindow();
+    void noteDrag(const Form& window, Long x, Long y);
+    void sizeByDrag(Form& window);
+    void forgetDrag();
+    void countClicks(bool down);
+    void countPress();
+    void tidyFullScreen();
+
+    // monitor.cpp
+    void Timer2_Timer();
+    void Timer4_Timer();
+    void keepAwake();
     /// What the hidden labels of the double-click test say.
     void tellClicks();
-    void keepAwake();
+    void scrollTitle();
+    void restartEndedVideos();
+    /// Monitors have come, gone or changed.
+    void followMonitors();
+
+    // monitor_full_screen.cpp
+    bool cursorIsParked() const;
+    void parkCursor();
+    bool hasLeftParking() const;
+    /// The cursor comes back, and with it the panel.
+    void wakeCursor(const Text& title);
+    void watchParkedCursor();
+    void watchFullScreen();
+    void watchPointer();
+    void watchTouch();
+    void refit();
+    void leaveByDoubleClick();
+    void leavePlayer(const ControlWindow<MediaPlayerControl, Form>& player);
+    void leaveDisc();
+    void leaveFullScreen();
+    /// Where a command has ended full screen by its flag alone, the window follows.
+    void followEndOfFullScreen();
+
+    // seek_volume_size.cpp
+    void wireSliders();
+    /// A page of the seek slider is 3 % of the length.
+    void takePage();
+    void SeekSlider_Click();
+    void SeekSlider_MouseDown(const MouseEvent& event);
+    void SeekSlider_MouseMove(const MouseEvent& event);
+    void SeekSlider_MouseUp();
+    void SeekSlider_Scroll();
+    void SeekSlider_Change();
+    void InvertSlider_Scroll();
+    void VolumeSlider_Click();
+    /// -1 louder, 1 quieter.
+    void stepVolume(int direction);
+    /// 1 larger, -1 smaller.
+    void cmdSize_Click(int direction);
+    void stepSize(int direction);
+    void chkFullscreen_Click();
+    void fillByCommand();
 
     // shutdown.cpp
     void exitProgram();
@@ -318,8 +358,8 @@ private:
 
     /// Ids of hot keys that wait for the end of a long command.
     std::vector<int> waitingKeys_;
-    /// Ticks of `Timer2` since the last sign of life to the system.
-    Long StayAwakeTicks;
+    /// Where the pointer is while it is parked.
+    PixelPoint parkedAt_;
     Text storedTop_;
     Text storedLeft_;
     /// The list of handed over files can't be read: the next activation tries again.
@@ -329,6 +369,9 @@ private:
     /// Commands under way that open something.
     int opening_ = 0;
 };
+
+/// A time of a media player control as the labels show it: one longer than 7 characters loses its first.
+Text playerCaption(const Text& time);
 
 /// The length as `lblDuration` shows it: characters 1, 3 to 4 and 6 to 7 of the time's text, joined with ":".
 Text durationCaption(const Text& length);

@@ -18,7 +18,6 @@ namespace
 constexpr int kForward = 1;
 constexpr int kBackward = 0;
 constexpr int kLoudest = 100;
-constexpr int kVolumeStep = 10;
 constexpr const char* kHeld = "1";
 
 /// Tells the service which command each video gets next, so that none has to wait for another.
@@ -142,18 +141,6 @@ void frmMedia::setVolumeOfGroup(Long level)
         forEachLive(set);
     else if (frmChild* window = firstSlot([](const frmChild& slot) { return trim(slot.MediaFile) == CurrentAlias; }))
         set(*window);
-}
-
-void frmMedia::stepVolume(int direction)
-{
-    const Long now = InvertSlider.Value;
-    const bool canMove = direction < 0 ? now > InvertSlider.Min() : now < InvertSlider.Max();
-    if (CurrentAlias.empty() || !canMove)
-        return;
-    InvertSlider.Value = now + direction * kVolumeStep;
-    VolumeSlider.Value = kLoudest - InvertSlider.Value();
-    VolumeLevel = VolumeSlider.Value();
-    MediaSetVolume(VolumeLevel);
 }
 
 } // namespace tandrel

@@ -23,10 +23,6 @@ constexpr std::array<HotKeyRow, hot_key::kCount> kTable{{
     {hot_key::kVolumeUp, "Ctrl+Alt+Shift+U", "frmHelp.keyLouder"},
 }};
 
-constexpr int kSizeStep = 25;
-constexpr int kLargest = 300;
-constexpr int kSmallest = 50;
-constexpr int kNativeSize = 100;
 constexpr int kVolumeStep = 10;
 constexpr int kLoudest = 100;
 
@@ -64,9 +60,9 @@ void frmMedia::hotKey(int id)
         return;
     switch (id) {
     case hot_key::kSizeUp:
-        return hotKeySize(kSizeStep);
+        return hotKeySize(1);
     case hot_key::kSizeDown:
-        return hotKeySize(-kSizeStep);
+        return hotKeySize(-1);
     case hot_key::kFullScreen:
         return hotKeyFullScreen();
     case hot_key::kPlayPause:
@@ -82,15 +78,10 @@ void frmMedia::hotKey(int id)
     }
 }
 
-void frmMedia::hotKeySize(int step)
+void frmMedia::hotKeySize(int direction)
 {
-    if (FullScreenOn)
-        return;
-    if (step > 0 ? SizePercent < kLargest : SizePercent > kSmallest)
-        SizePercent += step;
-    FixedPoint percent = FixedPoint::whole(SizePercent == kNativeSize ? 0 : static_cast<int>(SizePercent));
-    MediaPutWindow(percent);
-    lblSize.Caption = text(SizePercent) + " %";
+    if (!FullScreenOn)
+        stepSize(direction);
 }
 
 void frmMedia::hotKeyFullScreen()

@@ -1,66 +1,67 @@
-// What the ticks of the console watch.
+// What happens by itself: the slow ticks of the console. `Timer2` and `Timer4`.
 
 #include "console/frm_media.h"
 #include "console/holders.h"
+#include "desktop/monitors.h"
 #include "desktop/screen_saver.h"
+#include "fullscreen/frm_panel.h"
 #include "media/mod_media.h"
 #include "media/shared_state.h"
+#include "toolkit/screen.h"
+#include "toolkit/trap.h"
 #include "video/other_media.h"
 #include "video/slots.h"
+#include "video/video_window.h"
 
 namespace tandrel
 {
 
 namespace
 {
+
 // About 76 seconds of ticks, well below what any screen saver or power saving waits for.
 constexpr int kTicksAwake = 100;
+constexpr std::size_t kBlanksAround = 50;
+// What the media service answers for a device that has not answered it in time.
+constexpr int kNoAnswer = 276;
+
+/// Where a video stands, in ms; what can't be read is 0.
+struct Reading {
+    Long position;
+    Long length;
+    bool answered = true;
+};
+
+Reading read(const Alias& alias)
+{
+    mciSend("set " + alias + " time format ms");
+    Reading reading;
+    const MciAnswer position = mciAsk("status " + alias + " position");
+    reading.answered = position.result != kNoAnswer;
+    if (!reading.answered)
+        return reading;
+    reading.position = numberAtFront(position.text);
+    reading.length = numberAtFront(mciAsk("status " + alias + " length").text);
+    return reading;
+}
+
 } // namespace
-
-void frmMedia::Timer1_Timer()
-{
-    if (ClosingDown || mediaKind() != MediaKind::Files)
-        return;
-    // A window whose open failed is sent no command.
-    const frmChild* window = slotPlaying(CurrentAlias);
-    if (!window || window->hasFailed())
-        return;
-    CurrentPosMs = MediaGetPosition();
-    if (MediaLengthMs > 0)
-        SeekSlider.Max = MediaLengthMs;
-    if (CurrentPosMs >= MediaLengthMs)
-        return;
-    SeekSlider.Value = CurrentPosMs;
-    Long shown = CurrentPosMs;
-    lblCurTime.Caption = FormatTime(shown);
-}
-
-void frmMedia::Timer3_Timer()
-{
-    if (ClosingDown)
-        return;
-    runWaitingKeys();
-    if (CurrentAlias.empty())
-        return;
-    if (FastForward)
-        MediaFastForward();
-    else if (FastRewind)
-        MediaFastRewind();
-}
 
 void frmMedia::Timer2_Timer()
 {
     if (ClosingDown)
         return;
+    watchParkedCursor();
     keepAwake();
-    if (ClickState == 1.0) {
-        if (!FullMedia.empty() && FullScreenOn && !PanelUp && !FullMenuOpen)
-            leaveFullScreen();
-        else
-            PanelUp = false;
-    }
+    notePanel();
+    leaveByDoubleClick();
     ClickState = 0;
     tellClicks();
+    if (titleIsIdle())
+        return;
+    scrollTitle();
+    watchFullScreen();
+    ignoringErrors([this] { restartEndedVideos(); });
 }
 
 void frmMedia::keepAwake()
@@ -81,47 +82,76 @@ void frmMedia::tellClicks()
     lblDblClick.Refresh();
 }
 
-void frmMedia::leaveFullScreen()
+void frmMedia::scrollTitle()
 {
-    if (frmChild* window = slotPlaying(FullMedia)) {
+    if (lblDuration.caption() == "0:00:00")
+        return;
+    if (!trim(lblTitleBar.caption()).empty()) {
+        lblTitleBar.Caption = fromSecondCharacter(lblTitleBar.caption());
+        return;
+    }
+    ignoringErrors([this] {
+        const Text title = mediaTitle();
+        lblTitleBar.Caption =
+            blanks(kBlanksAround) + (DVDMode ? Text("DVD Movie") : " [ " + title + " ] ") + blanks(kBlanksAround);
+    });
+}
+
+void frmMedia::restartEndedVideos()
+{
+    if (DVDMode || (SlideMode == "1" && List2.ListCount() != 1))
+        return;
+    forEachPlayable([this](frmChild& window) {
+        const Alias alias = trim(window.MediaFile);
+        const Reading reading = read(alias);
+        // A device that does not answer is left alone; the others go on.
+        if (!reading.answered)
+            return;
+        if (reading.position >= reading.length)
+            mciSend("Play " + alias + " from 0");
+        if (!FullScreenOn && !FastForward && !FastRewind && alias == CurrentAlias)
+            mciSend("setaudio " + alias + " Volume to " + text(window.Volume * 10));
+    });
+}
+
+void frmMedia::Timer4_Timer()
+{
+    if (ClosingDown || !FullScreenOn)
+        return;
+    CursorPos = services().pointer->position();
+    if (frmPanel().top() >= FullTop + FullHeight)
+        PanelUp = false;
+    if (CursorLastX != static_cast<float>(CursorPos.x) || CursorLastY != static_cast<float>(CursorPos.y)) {
+        CursorIdle = false;
+        return;
+    }
+    if (CursorIdle && !VolumeTipOn && !frmPanel().standsUp() && !FullMenuOpen && CursorHomeX == -1)
+        parkCursor();
+    CursorIdle = true;
+}
+
+void frmMedia::followMonitors()
+{
+    const PixelRect before = consoleMonitor();
+    monitors().Refresh();
+    if (ClosingDown || !isLoaded())
+        return;
+    for (const clsMonitor& monitor : monitors().Monitors())
+        if (PixelRect{monitor.Left, monitor.Top, monitor.Right, monitor.Bottom} == before)
+            return;
+    // What fills a monitor that is no more returns to its size, and everything to where it can be reached.
+    if (FullScreenOn) {
         FullScreenOn = false;
         ScreenSaverSwitch(true);
-        restoreFromFull(*window);
-        lblTitleBar.Caption = titleFor(fileNameOf(window->path()));
         FullMedia.clear();
+        followEndOfFullScreen();
     }
-    Unload<class frmPanel>();
-    mciSend("Play " + FullMedia + " ");
-    FullMedia.clear();
-    Visible = true;
-}
-
-void frmMedia::restoreFromFull(frmChild& window)
-{
-    window.Full = false;
-    window.setFullScreen(false);
-    window.Style.Titlebar = true;
-    window.Style.Border = true;
-    window.Move({SavedLeft, SavedTop, SavedWidth, SavedHeight});
-    window.picVideo.BorderStyle = 1;
-    window.Refresh();
-    window.Show();
-    SetFocus();
-    window.SetFocus();
-}
-
-void frmMedia::followEndOfFullScreen()
-{
-    if (FullScreenOn)
-        return;
-    for (const auto& slot : SlotTable(VideoWindows)) {
-        if (!slot || !slot->Full)
-            continue;
-        PanelUp = false;
-        restoreFromFull(*slot);
-        Unload<class frmPanel>();
-        Timer4.Enabled = true;
-    }
+    monitors().bringWithinReach(*this);
+    findMonitor();
+    forEachSlot([](frmChild& window) {
+        if (window.isLoaded())
+            monitors().bringWithinReach(window);
+    });
 }
 
 } // namespace tandrel

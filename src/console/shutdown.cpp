@@ -108,6 +108,7 @@ void frmMedia::releaseHooks()
     SliderHookRemove(*this);
     services().hotKeys->releaseAll();
     services().hotKeys->pressed = nullptr;
+    services().monitors->changed = nullptr;
 }
 
 void frmMedia::restoreOtherMedia()

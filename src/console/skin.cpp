@@ -143,11 +143,13 @@ void frmMedia::nameInLanguage()
 void frmMedia::wireControls()
 {
     wireTransport();
+    wireSliders();
     wireTools();
     wireWindow();
     Timer1.Tick = [this] { Timer1_Timer(); };
     Timer2.Tick = [this] { Timer2_Timer(); };
     Timer3.Tick = [this] { Timer3_Timer(); };
+    Timer4.Tick = [this] { Timer4_Timer(); };
 }
 
 void frmMedia::onImage(Image& image, std::function<void()> action)

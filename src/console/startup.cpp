@@ -61,6 +61,7 @@ void frmMedia::onLoad()
     SizePercent = 100;
     VolumeLevel = 50;
     takeHotKeys();
+    services().monitors->changed = [this] { run([this] { followMonitors(); }); };
     // An error in a medium is no error of the start.
     trap([this] { openCommandLine(); });
     screen().MousePointer = pointer::kDefault;
@@ -91,7 +92,7 @@ void frmMedia::clearFields()
     TrackHold = TitleOff = SaverOff = VolumeTipOn = WindowDragged = false;
     SecondRun = FirstRun = ClosingDown = UpdateCancelled = false;
     iTrans = 255;
-    StayAwakeTicks = 0;
+    static_cast<MonitorFields&>(*this) = {};
     MaxVideos = kMostVideos;
 }
 

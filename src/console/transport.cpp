@@ -9,6 +9,9 @@
 #include "toolkit/trap.h"
 #include "video/other_media.h"
 #include "video/slots.h"
+#include "video/video_window.h"
+
+#include <array>
 
 namespace tandrel
 {
@@ -16,58 +19,28 @@ namespace tandrel
 namespace
 {
 
-using Player = MediaPlayerControl;
-
-void restart(Player& player)
-{
-    std::string url;
-    ignoringErrors([&] { url = player.url(); });
-    ignoringErrors([&] { player.close(); });
-    ignoringErrors([&] { player.setUrl(url); });
-}
-
 void playNextChapter() { controlOf(otherMedia().dvd).playNextChapter(); }
 
 void playPrevChapter() { controlOf(otherMedia().dvd).playPrevChapter(); }
 
-/// What a button does by the kind of medium.
-struct TransportRow {
-    void (*onDiscOnVideoControl)(VideoControl& control);
-    void (*onDiscOnPlayer)(Player& control);
-    void (*onHd)(Player& control);
+/// What a button does: a command for the disc or HD film that plays, else something to the file videos.
+struct ButtonRow {
+    Image frmMedia::*image;
+    Transport command;
     void (frmMedia::*onFiles)();
 };
 
-constexpr TransportRow kPlayRow{[](VideoControl& disc) { disc.run(); }, [](Player& disc) { disc.resumeFromMenu(); },
-                                [](Player& film) { film.play(); }, &frmMedia::playSelected};
-constexpr TransportRow kPauseRow{[](VideoControl& disc) { disc.pause(); }, [](Player& disc) { disc.pause(); },
-                                 [](Player& film) { film.pause(); }, &frmMedia::pressPause};
-constexpr TransportRow kForwardRow{[](VideoControl& disc) { disc.playNextChapter(); },
-                                   [](Player& disc) { disc.fastForward(); }, [](Player& film) { film.fastForward(); },
-                                   &frmMedia::pressForward};
-constexpr TransportRow kRewindRow{[](VideoControl& disc) { disc.playPrevChapter(); },
-                                  [](Player& disc) { disc.fastReverse(); }, [](Player& film) { film.fastReverse(); },
-                                  &frmMedia::pressRewind};
-constexpr TransportRow kReplayRow{[](VideoControl& disc) { disc.showMenu(disc_menu::kRoot); },
-                                  [](Player& disc) { disc.topMenu(); }, &restart, &frmMedia::replaySelected};
-
-void follow(class frmMedia& console, const TransportRow& row)
-{
-    switch (mediaKind()) {
-    case MediaKind::DiscOnVideoControl:
-        return ignoringErrors([&] { row.onDiscOnVideoControl(controlOf(otherMedia().dvd)); });
-    case MediaKind::DiscOnPlayer:
-        return ignoringErrors([&] { row.onDiscOnPlayer(controlOf(otherMedia().dvd2)); });
-    case MediaKind::Hd:
-        return ignoringErrors([&] { row.onHd(controlOf(otherMedia().mkv)); });
-    case MediaKind::Files:
-        return (console.*row.onFiles)();
-    }
-}
+constexpr std::array<ButtonRow, 5> kButtons{{
+    {&frmMedia::imgPlay, Transport::Play, &frmMedia::playSelected},
+    {&frmMedia::imgPause, Transport::Pause, &frmMedia::pressPause},
+    {&frmMedia::imgFwd, Transport::Forward, &frmMedia::pressForward},
+    {&frmMedia::imgRwd, Transport::Rewind, &frmMedia::pressRewind},
+    {&frmMedia::imgReplay, Transport::Menu, &frmMedia::replaySelected},
+}};
 
 /// Pauses the control and hides its window, as far as either can be done.
-template <class Control>
-void putAway(const ControlWindow<Control>& window)
+template <class Control, class Window>
+void putAway(const ControlWindow<Control, Window>& window)
 {
     ignoringErrors([&] { controlOf(window).pause(); });
     if (window.form != nullptr)
@@ -81,11 +54,11 @@ void frmMedia::wireTransport()
     for (int index = 0; index < command::kCount; ++index)
         if (auto& button = cmdMedia[static_cast<std::size_t>(index)])
             button->Click = [this, index] { cmdMedia_Click(index); };
-    onImage(imgPlay, [this] { follow(*this, kPlayRow); });
-    onImage(imgPause, [this] { follow(*this, kPauseRow); });
-    onImage(imgFwd, [this] { follow(*this, kForwardRow); });
-    onImage(imgRwd, [this] { follow(*this, kRewindRow); });
-    onImage(imgReplay, [this] { follow(*this, kReplayRow); });
+    for (const ButtonRow& row : kButtons)
+        onImage(this->*row.image, [this, &row] {
+            if (!tellOtherMedia(row.command))
+                (this->*row.onFiles)();
+        });
     onImage(imgBack, [this] { imgBack_Click(); });
     onImage(imgStep, [this] { imgStep_Click(); });
     onImage(imgPauseAll, [this] { imgPauseAll_Click(); });

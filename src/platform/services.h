@@ -88,6 +88,18 @@ public:
     /// 0 to 100.
     virtual void setVolume(int level) = 0;
 
+    /// Seconds from the beginning of the medium.
+    virtual void setCurrentPosition(double seconds) = 0;
+    /// "MM:SS", and from an hour on "HH:MM:SS".
+    virtual std::string currentPositionString() const = 0;
+    virtual std::string durationString() const = 0;
+    /// What the medium says of itself under a name such as "Title".
+    virtual std::string itemInfo(const std::string& name) const = 0;
+
+    /// The control's own way of filling the screen.
+    virtual bool fullScreen() const = 0;
+    virtual void setFullScreen(bool on) = 0;
+
     /// From the menu of a disc back to the film, and the other way round.
     virtual void resumeFromMenu() = 0;
     virtual void topMenu() = 0;
@@ -110,6 +122,11 @@ public:
     virtual void playPrevChapter() = 0;
     /// One of `disc_menu`.
     virtual void showMenu(int menu) = 0;
+    /// "HH:MM:SS:FF", the last being frames.
+    virtual std::string currentTime() const = 0;
+    virtual std::string totalTitleTime() const = 0;
+    /// "HH:MM:SS".
+    virtual void playAtTime(const std::string& time) = 0;
 };
 
 enum class MouseButton { Left = 1, Right = 2 };
@@ -124,8 +141,11 @@ public:
     /// A button went down a moment ago, and no window of ours has been told yet: one may be about to be.
     virtual bool pressOnItsWay() const = 0;
     virtual PixelPoint position() const = 0;
-    /// Where the system refuses the move, the pointer stays.
+    /// Where the system refuses the move, the pointer stays; `position` tells.
     virtual void moveTo(PixelPoint place) = 0;
+    /// The picture of the pointer, on the whole desktop where the system can do that. It comes back with the end of the
+    /// process at the latest.
+    virtual void showCursor(bool on) = 0;
 };
 
 struct MonitorFacts {
@@ -148,6 +168,8 @@ public:
     virtual std::optional<std::int32_t> fromWindow(WindowHandle window) const = 0;
     /// Empty for a handle that is no monitor.
     virtual std::optional<MonitorFacts> facts(std::int32_t handle) const = 0;
+    /// Runs on the user-interface thread when a monitor has come, gone or changed its place or size.
+    std::function<void()> changed;
 };
 
 /// The screen saver and the idle power saving of the desktop.

@@ -9,6 +9,12 @@ Menu* Backend::popUp(Menu&) { return nullptr; }
 
 void Backend::later(int, std::function<void()> task) { task(); }
 
+void Backend::animate(int steps, int, const std::function<void(int step)>& draw)
+{
+    for (int step = 0; step < steps; ++step)
+        draw(step);
+}
+
 namespace
 {
 Backend unseen;

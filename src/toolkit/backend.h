@@ -153,6 +153,11 @@ public:
     /// Starts, stops or re-times the timer. Ticks arrive by `Timer::tick`.
     virtual void timerChanged(Timer&) {}
     virtual void timerGone(Timer&) {}
+    /// Its next tick comes as soon as the present event is done.
+    virtual void timerHastened(Timer&) {}
+    /// Draws a movement of so many steps, the last of them in any case, and returns when it is over. What shows the
+    /// screen takes `ms` for it and draws as many steps as it can; elsewhere all are drawn.
+    virtual void animate(int steps, int ms, const std::function<void(int step)>& draw);
     virtual void mousePointerChanged(Integer) {}
     /// `Cancel` for a question that the end of the program has closed.
     virtual BoxAnswer messageBox(const Text& text, BoxStyle style, const Text& title);
@@ -164,6 +169,8 @@ public:
     virtual Menu* popUp(Menu& head);
     /// Runs `task` so many ms later, at once where nothing is seen.
     virtual void later(int ms, std::function<void()> task);
+    /// Lets the events that have come in meanwhile run, and returns.
+    virtual void runPending() {}
     /// Runs `task` once there is nothing else to do. Only a program on a screen ever waits: elsewhere it never runs.
     virtual void whenIdle(std::function<void()>) {}
     /// A drawing of the skin at this size, in black where it is clear. Empty where nothing is seen.

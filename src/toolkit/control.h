@@ -88,6 +88,9 @@ public:
     /// Runs when the width or the height has changed, inside the setter.
     std::function<void()> Resize;
 
+    /// The pointer's shape over it, one of `pointer::`. Set before the form is loaded.
+    int pointerShape = 0;
+
     /// All four at once, with one `Resize` if the size has changed.
     void move(const TwipsRect& place);
     TwipsRect place() const { return place_; }

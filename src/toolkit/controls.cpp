@@ -80,8 +80,8 @@ void CheckBox::setValue(Integer ticked)
 
 void CheckBox::userClick() { setValue(value_ == 0 ? 1 : 0); }
 
-Slider::Slider(Form& form, Text name, TwipsRect place, bool vertical)
-    : Control(form, std::move(name), place), vertical_(vertical)
+Slider::Slider(Form& form, Text name, TwipsRect place, bool vertical, Control* container)
+    : Control(form, std::move(name), place, container), vertical_(vertical)
 {
 }
 
@@ -99,6 +99,8 @@ void Slider::setValue(Long value)
 
 void Slider::setMinimum(Long value)
 {
+    if (value == minimum_)
+        return;
     minimum_ = value;
     notify(Aspect::Value);
     setValue(value_);
@@ -106,6 +108,8 @@ void Slider::setMinimum(Long value)
 
 void Slider::setMaximum(Long value)
 {
+    if (value == maximum_)
+        return;
     maximum_ = value;
     notify(Aspect::Value);
     setValue(value_);

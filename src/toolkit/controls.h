@@ -46,6 +46,10 @@ public:
     Property<Image, Text, &Image::picture, &Image::setPicture> Picture{*this};
 
     Plate plate = Plate::None;
+    /// One without a plate is a little darker while the pointer is elsewhere.
+    bool dimmedAtRest = true;
+    /// Twips; the drawing has this width, and the image shows as much of it as fits. 0: it fills the image.
+    Long pictureWidth;
     /// Tab comes here, and Space and Enter press it.
     bool tabStop = false;
 
@@ -53,13 +57,14 @@ private:
     Text picture_;
 };
 
-/// A box with a native window of its own, which may hold other controls or a video.
+/// A box that may hold other controls, or a video in the native window of its own that it has.
 class PictureBox : public Control
 {
 public:
     using Control::Control;
-    /// The pointer's shape over it.
-    int pointerShape = 0;
+    /// A drawing of the skin that fills it. The box has no window then: the form shows through where the drawing is
+    /// clear.
+    Text picture;
     /// Filled with the dark of a video; otherwise with the colour of a frame.
     bool dark = false;
 };
@@ -117,7 +122,7 @@ private:
 class Slider : public Control
 {
 public:
-    Slider(Form& form, Text name, TwipsRect place, bool vertical);
+    Slider(Form& form, Text name, TwipsRect place, bool vertical, Control* container = nullptr);
 
     Long value() const { return value_; }
     void setValue(Long value);

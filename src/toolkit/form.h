@@ -111,6 +111,8 @@ public:
     Property<Form, Integer, &Form::mousePointer, &Form::setMousePointer> MousePointer{*this};
 
     std::function<void(const MouseEvent&)> MouseMove;
+    /// The pointer has gone to another window.
+    std::function<void()> MouseLeave;
     std::function<void(const MouseEvent&)> MouseDown;
     std::function<void(const MouseEvent&)> MouseUp;
     /// Where the turns of the wheel go while the form is the active one and the pointer is on it.
@@ -120,6 +122,8 @@ public:
     std::function<void(const std::vector<Text>& paths)> DropFiles;
     /// The key that brings up a menu.
     std::function<void()> MenuKey;
+    /// A key that none of the controls has taken, by the code of its character.
+    std::function<void(int code)> KeyPress;
 
     /// Loads the form if that has not been done. A form that was unloaded stays dead.
     void load();

@@ -16,6 +16,7 @@ inline constexpr int kSizeVertical = 7;
 inline constexpr int kSizeDiagonal = 8;
 inline constexpr int kSizeHorizontal = 9;
 inline constexpr int kHourglass = 11;
+inline constexpr int kHand = 32649;
 } // namespace pointer
 
 class Screen

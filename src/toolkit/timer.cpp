@@ -27,6 +27,12 @@ void Timer::setEnabled(bool on)
     backend().timerChanged(*this);
 }
 
+void Timer::hasten()
+{
+    if (running())
+        backend().timerHastened(*this);
+}
+
 bool Timer::running() const { return enabled_ && interval_ > 0 && form_.isLoaded() && !programEnded(); }
 
 void Timer::tick()

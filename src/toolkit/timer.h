@@ -34,6 +34,9 @@ public:
     /// True while it is enabled, has an interval, and its form is loaded.
     bool running() const;
 
+    /// Does not wait for the rest of the interval with the next tick. Where nothing is seen it has no effect.
+    void hasten();
+
     /// Called by the backend when the interval has passed, and by tests. Does nothing while not running or inside a
     /// tick of its own.
     void tick();

@@ -22,7 +22,7 @@ bool leftDown(const MouseEvent& event) { return (event.button & mouse::kLeft) !=
 
 } // namespace
 
-frmChild::frmChild() : Form("frmChild", Frame::Video, {0, 0, 4810, 4505})
+frmChild::frmChild() : VideoWindow("frmChild", Frame::Video, {0, 0, 4810, 4505})
 {
     picVideo.dark = true;
     lblError.alignment = Alignment::Centre;
@@ -50,6 +50,7 @@ void frmChild::wireControls()
         box.MouseMove = [this, strip](const MouseEvent& event) {
             if (leftDown(event))
                 holdStrip(strip);
+            followPointer(event);
         };
         box.MouseUp = [this](const MouseEvent&) { holdStrip(drag::kNone); };
     };
@@ -64,6 +65,7 @@ void frmChild::wireControls()
     };
     picVideo.MouseDown = pressAtEdge;
     MouseDown = pressAtEdge;
+    picVideo.MouseMove = MouseMove = [this](const MouseEvent& event) { followPointer(event); };
     picVideo.MouseUp = [this](const MouseEvent&) { holdStrip(drag::kNone); };
     MouseUp = [this](const MouseEvent&) { holdStrip(drag::kNone); };
 }
@@ -99,6 +101,12 @@ bool frmChild::isLive() const { return !trim(MediaFile).empty(); }
 bool frmChild::plays(const Text& alias) const { return isLive() && trim(MediaFile) == alias; }
 
 void frmChild::holdStrip(int strip) { frmMedia().DragHandle = strip; }
+
+void frmChild::followPointer(const MouseEvent& event)
+{
+    if (leftDown(event))
+        frmMedia().followDrag();
+}
 
 int frmChild::stripAt(double x, double y) const
 {

@@ -1,8 +1,7 @@
 /// The window of one file video: a slot of the table.
 #pragma once
 
-#include "desktop/window_style.h"
-#include "toolkit/form.h"
+#include "video/video_window.h"
 
 namespace tandrel
 {
@@ -16,7 +15,7 @@ inline constexpr int kBottom = 2;
 inline constexpr int kSide = 3;
 } // namespace drag
 
-class frmChild : public Form
+class frmChild : public VideoWindow
 {
 public:
     frmChild();
@@ -32,14 +31,10 @@ public:
     Long MediaWidth;
     /// Level of this video, 0 to 100.
     Long Volume;
-    /// This window is the full-screen one.
-    bool Full = false;
     /// The list of open entries holds one of this window's own, which goes with it.
     bool Listed = true;
     /// The length as `lblDuration` shows it.
     Text Duration;
-
-    clsStyle Style;
 
     Label lblError{*this, "lblError", {0, 1800, 4710, 420}, "Video not Available"};
     PictureBox picVideo{*this, "picVideo", {0, 0, 4710, 4105}};
@@ -58,6 +53,9 @@ public:
 
     /// `MediaWidth` and `MediaHeigth` from the device; both stay where its answer can't be read.
     void ReadMediaSize();
+
+    PictureBox& pictureBox() override { return picVideo; }
+    void showStrips(bool on) override;
 
     /// The open of its medium has failed: the tag says so, and "Video not Available" is seen.
     void markFailed();
@@ -79,11 +77,8 @@ protected:
 private:
     void wireControls();
     void selectThis();
-    void showStrips(bool on);
     void goFullScreen();
-    void coverMonitor();
     void endFullScreen();
-    void bringUpPanel();
     void placeStrips();
     void picVideo_Resize();
     void wheelVolume(Long rotation);
@@ -91,6 +86,8 @@ private:
     void showVolumeStrip();
     void Timer1_Timer();
     void holdStrip(int strip);
+    /// A move of the pointer while the left button is held.
+    void followPointer(const MouseEvent& event);
     int stripAt(double x, double y) const;
     void closeDevice();
 };

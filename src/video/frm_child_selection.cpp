@@ -6,7 +6,6 @@
 #include "fullscreen/frm_panel.h"
 #include "media/mod_media.h"
 #include "toolkit/press.h"
-#include "toolkit/screen.h"
 #include "video/frm_child.h"
 #include "video/slots.h"
 
@@ -66,32 +65,12 @@ void frmChild::goFullScreen()
     if (trim(MediaFile) != FullMedia)
         return;
     spendPress(MouseButton::Right);
-    FullScreenOn = true;
-    Full = true;
-    ScreenSaverSwitch(false);
-    SavedTop = top();
-    SavedLeft = left();
-    SavedHeight = height();
-    SavedWidth = width();
-    picVideo.BorderStyle = 0;
-    Style.Titlebar = false;
-    Style.Border = false;
-    showStrips(false);
-    coverMonitor();
-    bringUpPanel();
+    fillScreen();
+    bringUpPanel("File:: " + CurrentAlias);
+    // This way counts the height of the monitor in 16 bits: on one that is higher, run-time error 6 ends the handler
+    // here, with the panel in its place.
+    [[maybe_unused]] const Integer counted = frmMedia().FullHeight;
     frmMedia().Timer4.Enabled = false;
-}
-
-void frmChild::coverMonitor()
-{
-    const class frmMedia& console = frmMedia();
-    const int x = pixelsX(console.FullLeft);
-    const int y = pixelsY(console.FullTop);
-    movePixels({x, y, x + pixelsX(console.FullWidth), y + pixelsY(console.FullHeight)});
-    Refresh();
-    setFullScreen(true);
-    ZOrder();
-    SetFocus();
 }
 
 /// The window goes while it fills the screen: nothing else would end that state.
@@ -103,19 +82,9 @@ void frmChild::endFullScreen()
     FullMedia.clear();
     setFullScreen(false);
     ScreenSaverSwitch(true);
+    frmMedia().showParkedCursor();
     Unload<class frmPanel>();
     frmMedia().Timer4.Enabled = true;
-}
-
-void frmChild::bringUpPanel()
-{
-    PanelUp = true;
-    class frmPanel& panel = frmPanel();
-    panel.Show();
-    panel.lblTitle.Caption = "File:: " + CurrentAlias;
-    panel.ZOrder();
-    panel.Left = frmMedia().FullLeft;
-    slideInPanel();
 }
 
 } // namespace tandrel

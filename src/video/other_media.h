@@ -8,6 +8,7 @@ namespace tandrel
 {
 
 class Form;
+class VideoWindow;
 
 /// What a command of the console goes to, in the order in which it is asked.
 enum class MediaKind {
@@ -25,27 +26,39 @@ enum class MediaKind {
 MediaKind mediaKind();
 
 /// A loaded window and its control; both null while there is none.
-template <class Control>
+template <class Control, class Window = Form>
 struct ControlWindow {
-    Form* form = nullptr;
+    Window* form = nullptr;
     Control* control = nullptr;
 };
 
 /// Each window puts itself here while it is loaded.
 struct OtherMedia {
-    ControlWindow<VideoControl> dvd;
+    ControlWindow<VideoControl, VideoWindow> dvd;
     ControlWindow<MediaPlayerControl> dvd2;
     ControlWindow<MediaPlayerControl> mkv;
 };
 OtherMedia& otherMedia();
 
 /// The control of a window. Raises run-time error 91 where the window isn't loaded.
-template <class Control>
-Control& controlOf(const ControlWindow<Control>& window)
+template <class Control, class Window>
+Control& controlOf(const ControlWindow<Control, Window>& window)
 {
     if (window.control == nullptr)
         throw RuntimeError(error::kNoObject, "Object variable not set");
     return *window.control;
 }
+
+/// The window on a media player control that commands go to now: that of a disc or of an HD film; else null.
+ControlWindow<MediaPlayerControl>* playerWindow();
+
+/// Commands that mean another thing on each kind of medium.
+enum class Transport { Play, Pause, Forward, Rewind, Menu };
+
+/// Gives a command to the disc or HD film that plays; one that refuses is left alone. False: it is for the file videos.
+bool tellOtherMedia(Transport command);
+
+/// Sends the disc or HD film that plays to a second from its beginning, in the same way.
+bool seekOtherMedia(Long seconds);
 
 } // namespace tandrel

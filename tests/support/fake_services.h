@@ -70,14 +70,21 @@ public:
     PixelPoint position() const override { return place; }
     void moveTo(PixelPoint to) override
     {
-        place = to;
+        if (!stuck)
+            place = confine ? confine(to) : to;
         moves.push_back(to);
     }
+    void showCursor(bool on) override { shown = on; }
     bool left = false;
     bool right = false;
     bool onItsWay = false;
     PixelPoint place;
     std::vector<PixelPoint> moves;
+    bool shown = true;
+    /// The system refuses to move the pointer.
+    bool stuck = false;
+    /// Where a move ends that leads beyond the monitors.
+    std::function<PixelPoint(PixelPoint)> confine;
 };
 
 /// One monitor of 1920 by 1080 at the origin, until told otherwise. Handles are 1, 2, ...

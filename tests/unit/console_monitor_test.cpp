@@ -32,7 +32,7 @@ protected:
         window.SetFocus();
         world.pointer.right = false;
         console().Timer2.Enabled = true;
-        PanelUp = false;
+        putPanelBelow();
         world.mci.clear();
         world.journal.clear();
         world.screenSaver.switched.clear();
@@ -122,10 +122,11 @@ TEST_F(ConsoleMonitor, WhereNoWindowPlaysTheFullMediumTheStateEndsAllTheSame)
 TEST_F(ConsoleMonitor, UnderThePanelOrAMenuADoubleClickSendsThePanelAwayOnly)
 {
     const frmChild& window = fullScreen();
-    PanelUp = true;
+    bringUpPanel("File::");
     doubleClick();
     EXPECT_TRUE(window.Full);
     EXPECT_FALSE(PanelUp);
+    putPanelBelow();
     FullMenuOpen = true;
     doubleClick();
     EXPECT_TRUE(window.Full);
@@ -151,7 +152,7 @@ TEST_F(ConsoleMonitor, HalfADoubleClickIsForgotten)
 {
     const frmChild& window = fullScreen();
     ClickState = 0.5;
-    PanelUp = true;
+    bringUpPanel("File::");
     console().Timer2.tick();
     EXPECT_EQ(ClickState, 0);
     EXPECT_TRUE(PanelUp);

@@ -12,6 +12,9 @@ namespace tandrel
 namespace
 {
 
+// One change of the monitors is reported in several pieces.
+constexpr int kSettlingMs = 100;
+
 PixelRect pixels(const QRect& rect)
 {
     return {rect.left(), rect.top(), rect.left() + rect.width(), rect.top() + rect.height()};
@@ -28,6 +31,30 @@ QRect desktop()
 long area(const QRect& rect) { return rect.isValid() ? static_cast<long>(rect.width()) * rect.height() : 0; }
 
 } // namespace
+
+X11MonitorSource::X11MonitorSource()
+{
+    settling_.setSingleShot(true);
+    settling_.setInterval(kSettlingMs);
+    connect(&settling_, &QTimer::timeout, this, [this] {
+        if (changed)
+            changed();
+    });
+    connect(qGuiApp, &QGuiApplication::screenAdded, this, [this](QScreen* screen) {
+        watch(screen);
+        tellSoon();
+    });
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, [this] { tellSoon(); });
+    for (QScreen* screen : QGuiApplication::screens())
+        watch(screen);
+}
+
+void X11MonitorSource::watch(QScreen* screen)
+{
+    connect(screen, &QScreen::geometryChanged, this, [this] { tellSoon(); });
+}
+
+void X11MonitorSource::tellSoon() { settling_.start(); }
 
 int X11MonitorSource::metric(int index) const
 {

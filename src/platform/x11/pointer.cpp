@@ -6,6 +6,8 @@
 #include <QCursor>
 #include <QMouseEvent>
 
+#include <xcb/xfixes.h>
+
 namespace tandrel
 {
 
@@ -14,8 +16,6 @@ namespace
 
 // A press that nobody asked for in this time is old: it must not be taken for the cause of something later.
 constexpr qint64 kLatchMs = 400;
-
-Qt::MouseButton qtButton(MouseButton button) { return button == MouseButton::Left ? Qt::LeftButton : Qt::RightButton; }
 
 unsigned buttonMask()
 {
@@ -29,16 +29,36 @@ unsigned buttonMask()
 
 } // namespace
 
-X11Pointer::X11Pointer() { qApp->installEventFilter(this); }
+X11Pointer::X11Pointer()
+{
+    qApp->installEventFilter(this);
+    if (xcb_connection_t* display = connection()) {
+        const ReplyPtr<xcb_xfixes_query_version_reply_t> version(
+            xcb_xfixes_query_version_reply(display, xcb_xfixes_query_version(display, 4, 0), nullptr));
+        speaksFixes_ = version && version->major_version >= 4;
+    }
+}
+
+X11Pointer::~X11Pointer() { X11Pointer::showCursor(true); }
+
+bool X11Pointer::latched(Button& state) const
+{
+    const bool fresh = state.pressed.isValid() && state.pressed.elapsed() < kLatchMs;
+    state.pressed.invalidate();
+    return fresh;
+}
 
 bool X11Pointer::buttonDown(MouseButton button)
 {
-    const auto latch = pressed_.find(button);
-    const bool latched = latch != pressed_.end() && latch->second.elapsed() < kLatchMs;
-    if (latch != pressed_.end())
-        pressed_.erase(latch);
+    Button& state = buttons_[button];
+    if (state.upIsDue) {
+        state.upIsDue = state.toldDown = false;
+        return false;
+    }
     const unsigned bit = button == MouseButton::Left ? XCB_BUTTON_MASK_1 : XCB_BUTTON_MASK_3;
-    return latched || (buttonMask() & bit) != 0;
+    state.toldDown = latched(state) || (buttonMask() & bit) != 0;
+    state.letGo = false;
+    return state.toldDown;
 }
 
 bool X11Pointer::pressOnItsWay() const { return raw_.undelivered(); }
@@ -51,20 +71,53 @@ PixelPoint X11Pointer::position() const
 
 void X11Pointer::moveTo(PixelPoint place) { QCursor::setPos(place.x, place.y); }
 
-bool X11Pointer::eventFilter(QObject*, QEvent* event)
+void X11Pointer::showCursor(bool on)
 {
-    if (event->type() != QEvent::MouseButtonPress)
+    if (on != hidden_)
+        return;
+    hidden_ = !on;
+    xcb_connection_t* display = speaksFixes_ ? connection() : nullptr;
+    if (!display) {
+        if (on)
+            QGuiApplication::restoreOverrideCursor();
+        else
+            QGuiApplication::setOverrideCursor(Qt::BlankCursor);
+        return;
+    }
+    if (on)
+        xcb_xfixes_show_cursor(display, rootWindow(display));
+    else
+        xcb_xfixes_hide_cursor(display, rootWindow(display));
+    xcb_flush(display);
+}
+
+void X11Pointer::notePress(MouseButton pressed)
+{
+    // A new press is the latest cause there is: an older one that nobody asked for is none any more.
+    for (auto& [button, state] : buttons_)
+        if (button != pressed)
+            state.pressed.invalidate();
+    Button& state = buttons_[pressed];
+    state.upIsDue = state.toldDown && state.letGo;
+    state.pressed.start();
+}
+
+bool X11Pointer::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool press = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
+    // Windows hear of it first and once, their widgets after them.
+    if (!watched->isWindowType() || (!press && event->type() != QEvent::MouseButtonRelease))
         return false;
-    raw_.delivered();
     const auto button = static_cast<QMouseEvent*>(event)->button();
-    // A new press is the latest cause there is: an older one that nobody asked for is none any more. The same press is
-    // seen by a window and its widgets, one after the other.
-    for (auto latch = pressed_.begin(); latch != pressed_.end();)
-        latch = qtButton(latch->first) == button ? std::next(latch) : pressed_.erase(latch);
-    if (button == Qt::LeftButton)
-        pressed_[MouseButton::Left].start();
-    else if (button == Qt::RightButton)
-        pressed_[MouseButton::Right].start();
+    if (press)
+        raw_.delivered();
+    if (button != Qt::LeftButton && button != Qt::RightButton)
+        return false;
+    const auto which = button == Qt::LeftButton ? MouseButton::Left : MouseButton::Right;
+    if (press)
+        notePress(which);
+    else
+        buttons_[which].letGo = true;
     return false;
 }
 

@@ -2,6 +2,7 @@
 
 #include "toolkit/activation.h"
 #include "toolkit/controls.h"
+#include "toolkit/qt/cursor_shape.h"
 #include "toolkit/qt/form_widget.h"
 #include "toolkit/qt/frame_painter.h"
 #include "toolkit/qt/kinds.h"
@@ -19,6 +20,8 @@ WidgetView::WidgetView(Control& control, FormWidget& window, QWidget* widget)
     widget_->setObjectName(QString::fromStdString(control.name()));
     widget_->installEventFilter(this);
     widget_->setMouseTracking(true);
+    if (control.pointerShape != pointer::kDefault)
+        widget_->setCursor(cursorShape(control.pointerShape));
     for (const Aspect aspect : {Aspect::Place, Aspect::Enabled, Aspect::ToolTip, Aspect::Visible})
         WidgetView::changed(aspect);
 }

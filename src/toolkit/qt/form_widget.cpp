@@ -111,7 +111,12 @@ void FormWidget::hoverCloseBox(bool on)
     update(closeBox(rect()));
 }
 
-void FormWidget::leaveEvent(QEvent*) { hoverCloseBox(false); }
+void FormWidget::leaveEvent(QEvent*)
+{
+    hoverCloseBox(false);
+    if (form_ && form_->MouseLeave)
+        form_->run(form_->MouseLeave);
+}
 
 MouseEvent FormWidget::translated(QMouseEvent* event, int buttons) const
 {
@@ -204,6 +209,8 @@ void FormWidget::keyPressEvent(QKeyEvent* event)
         const QtBackend::PressedByKey key(*this);
         return form_->run(form_->MenuKey);
     }
+    if (form_ && form_->KeyPress && !event->text().isEmpty())
+        return form_->run([this, code = event->text().front().unicode()] { form_->KeyPress(code); });
     if (!form_ || !(enter || escape))
         return QWidget::keyPressEvent(event);
     for (Control* control : form_->controls()) {

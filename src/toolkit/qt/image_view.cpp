@@ -4,6 +4,7 @@
 #include "toolkit/qt/kinds.h"
 #include "toolkit/qt/palette.h"
 #include "toolkit/qt/qt_backend.h"
+#include "toolkit/screen.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -86,10 +87,17 @@ void ImageWidget::paintPlate(QPainter& painter) const
 
 void ImageWidget::paintPicture(QPainter& painter) const
 {
+    if (image_.picture().empty())
+        return;
     const bool plain = image_.plate == Plate::None;
-    if (plain && isEnabled() && image_.Click && !underMouse() && !pressed())
+    if (plain && image_.dimmedAtRest && isEnabled() && image_.Click && !underMouse() && !pressed())
         painter.setOpacity(kResting);
-    const QSize size = this->size() * plate().iconPart;
+    QSize size = this->size() * plate().iconPart;
+    if (image_.pictureWidth > 0) {
+        size.setWidth(pixelsX(image_.pictureWidth));
+        painter.drawPixmap(0, 0, drawing(QString::fromStdString(image_.picture()), size, devicePixelRatioF()));
+        return;
+    }
     painter.drawPixmap((width() - size.width()) / 2, (height() - size.height()) / 2,
                        drawing(QString::fromStdString(image_.picture()), size, devicePixelRatioF()));
 }

@@ -1,5 +1,6 @@
 #include "toolkit/qt/kinds.h"
 
+#include "toolkit/qt/drawings.h"
 #include "toolkit/qt/form_widget.h"
 #include "toolkit/qt/frame_painter.h"
 #include "toolkit/qt/palette.h"
@@ -127,26 +128,24 @@ private:
 class BoxWidget : public QWidget
 {
 public:
-    BoxWidget(const PictureBox& box, QWidget* parent) : QWidget(parent), dark_(box.dark)
+    BoxWidget(const PictureBox& box, QWidget* parent) : QWidget(parent), box_(box)
     {
-        setAttribute(Qt::WA_NativeWindow);
-        setAttribute(Qt::WA_OpaquePaintEvent);
-        if (box.pointerShape == pointer::kSizeDiagonal)
-            setCursor(Qt::SizeFDiagCursor);
-        else if (box.pointerShape == pointer::kSizeVertical)
-            setCursor(Qt::SizeVerCursor);
-        else if (box.pointerShape == pointer::kSizeHorizontal)
-            setCursor(Qt::SizeHorCursor);
+        setAttribute(Qt::WA_NativeWindow, box.picture.empty());
+        setAttribute(Qt::WA_OpaquePaintEvent, box.picture.empty());
     }
 
 protected:
     void paintEvent(QPaintEvent*) override
     {
-        QPainter(this).fillRect(rect(), dark_ ? palette::kVideoGround : palette::kBandTop);
+        QPainter painter(this);
+        if (box_.picture.empty())
+            painter.fillRect(rect(), box_.dark ? palette::kVideoGround : palette::kBandTop);
+        else
+            painter.drawPixmap(0, 0, drawing(QString::fromStdString(box_.picture), size(), devicePixelRatioF()));
     }
 
 private:
-    bool dark_;
+    const PictureBox& box_;
 };
 
 /// Buttons and boxes are pressed by Enter as well as by Space.

@@ -2,6 +2,7 @@
 
 #include "toolkit/activation.h"
 #include "toolkit/press.h"
+#include "toolkit/qt/cursor_shape.h"
 #include "toolkit/qt/drawings.h"
 #include "toolkit/qt/form_widget.h"
 #include "toolkit/qt/frame_painter.h"
@@ -13,8 +14,10 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QElapsedTimer>
 #include <QMouseEvent>
 #include <QScreen>
+#include <QThread>
 #include <QTimer>
 
 // Resources of a static library have to be called in by hand, outside of any namespace.
@@ -27,26 +30,11 @@ namespace
 {
 
 constexpr int kIdleMs = 30;
+constexpr qint64 kFrameMs = 16;
 
 constexpr int kIconSize = 128;
 
 Long twipsPerPixel(double dotsPerInch) { return 1440.0 / dotsPerInch; }
-
-Qt::CursorShape cursorShape(Integer shape)
-{
-    switch (static_cast<int>(shape)) {
-    case pointer::kHourglass:
-        return Qt::WaitCursor;
-    case pointer::kSizeVertical:
-        return Qt::SizeVerCursor;
-    case pointer::kSizeDiagonal:
-        return Qt::SizeFDiagCursor;
-    case pointer::kSizeHorizontal:
-        return Qt::SizeHorCursor;
-    default:
-        return Qt::ArrowCursor;
-    }
-}
 
 /// What a box says that the end of the program has closed.
 BoxAnswer withoutAnswer(BoxStyle style) { return style == BoxStyle::YesNoQuestion ? BoxAnswer::Cancel : BoxAnswer::Ok; }
@@ -102,6 +90,38 @@ void QtBackend::timerChanged(Timer& timer)
         engine->start(timer.interval());
 }
 
+void QtBackend::timerHastened(Timer& timer)
+{
+    QTimer::singleShot(0, this, [this, &timer] {
+        // It may be gone, or stopped, meanwhile.
+        const auto found = timers_.find(&timer);
+        if (found == timers_.end() || !found->second->isActive())
+            return;
+        found->second->start();
+        timer.tick();
+    });
+}
+
+void QtBackend::animate(int steps, int ms, const std::function<void(int step)>& draw)
+{
+    // The caller is in the middle of its work: nothing but the screen may come in between.
+    constexpr auto kOnlyTheScreen =
+        QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers | QEventLoop::X11ExcludeTimers;
+    QElapsedTimer clock;
+    clock.start();
+    for (int shown = -1; shown < steps - 1;) {
+        const qint64 begun = clock.elapsed();
+        const auto due = ms > 0 ? std::min<qint64>(begun * steps / ms, steps - 1) : steps - 1;
+        if (due > shown) {
+            draw(static_cast<int>(due));
+            shown = static_cast<int>(due);
+            QCoreApplication::processEvents(kOnlyTheScreen);
+        }
+        if (const qint64 rest = begun + kFrameMs - clock.elapsed(); shown < steps - 1 && rest > 0)
+            QThread::msleep(static_cast<unsigned long>(rest));
+    }
+}
+
 void QtBackend::timerGone(Timer& timer)
 {
     const auto found = timers_.find(&timer);
@@ -145,6 +165,8 @@ Bitmap QtBackend::picture(const Text& name, int width, int height)
 }
 
 void QtBackend::later(int ms, std::function<void()> task) { QTimer::singleShot(ms, this, std::move(task)); }
+
+void QtBackend::runPending() { QCoreApplication::processEvents(); }
 
 void QtBackend::whenIdle(std::function<void()> task)
 {

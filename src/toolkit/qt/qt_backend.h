@@ -25,6 +25,8 @@ public:
     std::unique_ptr<FormView> makeView(Form& form) override;
     void timerChanged(Timer& timer) override;
     void timerGone(Timer& timer) override;
+    void timerHastened(Timer& timer) override;
+    void animate(int steps, int ms, const std::function<void(int step)>& draw) override;
     void mousePointerChanged(Integer shape) override;
     BoxAnswer messageBox(const Text& text, BoxStyle style, const Text& title) override;
     std::vector<Text> chooseFiles(const FileDialog& what) override;
@@ -33,6 +35,7 @@ public:
     void setBoxTexts(const BoxTexts& texts) override { boxTexts_ = texts; }
     const BoxTexts& boxTexts() const { return boxTexts_; }
     void setFileDialogTexts(const FileDialogTexts& texts) override { fileDialogTexts_ = texts; }
+    void runPending() override;
     void later(int ms, std::function<void()> task) override;
     void whenIdle(std::function<void()> task) override;
     void quit() override;

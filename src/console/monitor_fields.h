@@ -1,0 +1,42 @@
+/// What the ticks of the console keep from one to the next.
+#pragma once
+
+#include "toolkit/control.h"
+
+namespace tandrel
+{
+
+struct MonitorFields {
+    /// Ticks of `Timer1` at the end of a medium. Nothing sets it back.
+    Integer EndTicks;
+    /// Counts to the refit of a full-screen picture; 0 is idle.
+    Integer RefitTicks;
+    /// The last reading of the pointer, in pixels.
+    PixelPoint CursorPos;
+    /// The pointer as the last tick of `Timer2` in full screen saw it; while it is parked, the place where it is.
+    float CursorLastX = 0;
+    float CursorLastY = 0;
+    /// Where the pointer stood before it was parked; -1 when it isn't.
+    float CursorHomeX = -1;
+    float CursorHomeY = -1;
+    /// `Timer4` has seen the pointer at rest.
+    bool CursorIdle = false;
+    /// The DVD window went to full screen by a right click.
+    bool DvdFullByClick = false;
+    /// One-shot: leaving full screen doesn't give the focus to the console.
+    bool KeepConsoleBack = false;
+    /// Ticks of `Timer2` since the last sign of life to the system.
+    Long StayAwakeTicks;
+    /// Twips from the window's left and top to the pointer at the start of a drag.
+    Long DragOffsetX;
+    Long DragOffsetY;
+    /// The size in twips that a drag of an edge asks for.
+    Long DragSizeWidth;
+    Long DragSizeHeight;
+    /// The left button went down on `SeekSlider` while something is loaded.
+    bool SeekDragging = false;
+    /// The picture inside its window, in twips, as it is in full screen.
+    TwipsRect FullPicture;
+};
+
+} // namespace tandrel
