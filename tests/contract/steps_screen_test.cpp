@@ -302,7 +302,7 @@ TEST_P(StepColours, AreThoseOfThePlayer)
     constexpr PixelRect part{0, 0, 473, 333};
     const auto lookAt = [&](int frame) {
         EXPECT_EQ(send("seek A to " + std::to_string(frame)), 0);
-        EXPECT_EQ(number("status A position"), frame);
+        EXPECT_EQ(number("status A position wait"), frame);
         std::vector<unsigned char> last;
         // Until the picture is complete.
         EXPECT_TRUE(

@@ -326,6 +326,9 @@ TEST_F(MciServiceTest, AnEngineThatIsNotDoneInTimeMakesNotReady)
     EXPECT_EQ(send("seek A to 5000"), 0);
     EXPECT_EQ(send("status A mode"), 0);
     EXPECT_EQ(answer, "stopped") << "nobody has waited yet";
+    EXPECT_EQ(send("status A position"), 0);
+    EXPECT_EQ(answer, "5000") << "it is on its way there, for as long as anybody would wait";
+    clock.advance(2s);
     EXPECT_EQ(send("status A position"), 276);
     EXPECT_EQ(answer, "");
     EXPECT_EQ(send("status A mode"), 0);

@@ -23,6 +23,8 @@ constexpr double kIntoMillisecond = 0.5;
 // A frame is aimed at a little behind its beginning, because some containers round their time stamps.
 constexpr double kIntoFrame = 0.25;
 constexpr double kSamePicture = 1e-6;
+// A seek that takes longer is waited for, and found to hang.
+constexpr std::chrono::seconds kSeekPatience{2};
 // Places are numbers of 32 bits to those who read them; only a file with a false length is longer.
 constexpr double kLargestPlace = std::numeric_limits<std::int32_t>::max();
 } // namespace
@@ -125,22 +127,22 @@ bool Device::standsAt(double place)
     if (running_ || !media_->ready())
         return false;
     double stands = 0;
-    return position(false, stands) == mci_error::kNone && stands == place;
+    return position(true, {}, stands) == mci_error::kNone && stands == place;
 }
 
-void Device::goTo(double place)
+void Device::goTo(double place, Moment now)
 {
     ahead_.reset();
     const auto length = knownLength();
     // The picture is the right one already, and whoever plays on from it need not wait.
     if (standsAt(place)) {
         if (length && !atEnd())
-            asked_ = AskedPlace{.end = false, .value = place, .format = format_, .shown = media_->read().seconds};
+            asked_ = AskedPlace{.end = false, .value = place, .format = format_, .shown = media_->read().seconds, .since = now};
         return;
     }
     mayHaveEnded_ = stepped_ = false;
     if (length && place >= *length) {
-        asked_ = AskedPlace{.end = true, .value = *length, .format = format_, .shown = {}};
+        asked_ = AskedPlace{.end = true, .value = *length, .format = format_, .shown = {}, .since = now};
         media_->seekToEnd();
         return;
     }
@@ -148,16 +150,16 @@ void Device::goTo(double place)
     asked_.reset();
     // Nobody knows whether there is anything at a place in a medium of unknown length.
     if (length)
-        asked_ = AskedPlace{.end = false, .value = place, .format = format_, .shown = {}};
+        asked_ = AskedPlace{.end = false, .value = place, .format = format_, .shown = {}, .since = now};
     media_->seek((place + (format_ == TimeFormat::Milliseconds ? kIntoMillisecond : kIntoFrame)) / unitsPerSecond());
 }
 
-int Device::seek(double place)
+int Device::seek(double place, Moment now)
 {
     stopRunning();
     if (mode_ == Mode::Playing)
         mode_ = Mode::Stopped;
-    goTo(place);
+    goTo(place, now);
     return mci_error::kNone;
 }
 
@@ -165,11 +167,11 @@ int Device::playFrom(double place, Moment now)
 {
     const auto length = knownLength();
     if (length && place >= *length) {
-        seek(place);
+        seek(place, now);
         mode_ = Mode::Stopped;
         return mci_error::kNone;
     }
-    goTo(place);
+    goTo(place, now);
     mode_ = Mode::Playing;
     if (running_) {
         asked_.reset();
@@ -219,7 +221,15 @@ void Device::noteEnd(double seconds)
     if (!facts().length)
         foundLength_ =
             std::max(seconds + (facts().frameRate > 0 ? 1 / facts().frameRate : 0), foundLength_.value_or(0));
-    asked_ = AskedPlace{.end = true, .value = 0, .format = format_, .shown = {}};
+    asked_ = AskedPlace{.end = true, .value = 0, .format = format_, .shown = {}, .since = {}};
+}
+
+bool Device::seekIsUnderWay(Moment now)
+{
+    // It will bring the place that was asked for, so that nobody need wait to hear of it: a thumb that is dragged would
+    // lag behind its pointer.
+    return asked_ && !asked_->end && !asked_->shown && asked_->format == format_ && now - asked_->since < kSeekPatience &&
+           !media_->ready();
 }
 
 bool Device::settleInTime()
@@ -245,7 +255,7 @@ bool Device::settleAtRest()
     return true;
 }
 
-int Device::position(bool afterSeeks, double& answer)
+int Device::position(bool afterSeeks, Moment now, double& answer)
 {
     if (running_) {
         if (afterSeeks && !settleInTime())
@@ -255,6 +265,10 @@ int Device::position(bool afterSeeks, double& answer)
     }
     if (running_)
         return mci_error::kNone;
+    if (!afterSeeks && seekIsUnderWay(now)) {
+        answer = asked_->value;
+        return mci_error::kNone;
+    }
     if (!settleAtRest())
         return mci_error::kNotReady;
     if (atEnd())

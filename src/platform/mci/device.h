@@ -25,7 +25,7 @@ public:
     void play(Moment now);
     int playFrom(double place, Moment now);
     void pause();
-    int seek(double place);
+    int seek(double place, Moment now);
     int step(StepDirection direction);
     /// Does a step that will be asked for next; that one then finds it done.
     void stepAhead(StepDirection direction);
@@ -38,8 +38,9 @@ public:
     void show();
     void showPlace();
 
-    /// With `afterSeeks`, a seek of a running device under way is waited for; a device at rest always is.
-    int position(bool afterSeeks, double& answer);
+    /// With `afterSeeks`, a seek under way is waited for. Without it a device at rest answers the place it is on its way
+    /// to, for as long as anybody would wait.
+    int position(bool afterSeeks, Moment now, double& answer);
     double length();
     std::string_view mode();
     void setFormat(TimeFormat format) { format_ = format; }
@@ -65,6 +66,8 @@ private:
         TimeFormat format = TimeFormat::Milliseconds;
         /// The time of the picture, once it is known.
         std::optional<double> shown;
+        /// When it was asked for.
+        Moment since;
     };
 
     double unitsPerSecond() const;
@@ -76,8 +79,9 @@ private:
     /// At rest, and `place` is what it would answer for its position.
     bool standsAt(double place);
     void stopRunning();
+    bool seekIsUnderWay(Moment now);
     int beginStep(StepDirection direction);
-    void goTo(double place);
+    void goTo(double place, Moment now);
     /// Looks whether a running device has come to its end by itself. The reading is the newest.
     MediaReading look();
     void noteEnd(double seconds);

@@ -302,7 +302,7 @@ int MciService::pause(Device& device, const Command&)
     return mci_error::kNone;
 }
 
-int MciService::seek(Device& device, const Command& command) { return device.seek(command[Clause::To]->numbers[0]); }
+int MciService::seek(Device& device, const Command& command) { return device.seek(command[Clause::To]->numbers[0], now_()); }
 
 int MciService::step(Device& device, const Command& command) { return device.step(directionOf(command)); }
 
@@ -317,7 +317,7 @@ int MciService::status(Device& device, const Command& command)
         return mci_error::kNone;
     }
     double place = 0;
-    const int result = device.position(command[Clause::Wait].has_value(), place);
+    const int result = device.position(command[Clause::Wait].has_value(), now_(), place);
     if (result == mci_error::kNone)
         answer_ = whole(place);
     return result;
