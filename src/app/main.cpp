@@ -107,7 +107,7 @@ int run(QApplication& application)
     qt.setBusCheck(sessionBusIsSilent);
     installBackend(&qt);
     Platform platform;
-    const SignalWatch report({SIGUSR1}, [&] { writeStatusReport(platform.media, qt.paints()); });
+    const SignalWatch report({SIGUSR1}, [&] { writeStatusReport(platform.media, qt.paints(), qt.tickTimes()); });
     // An end from outside is a close of the console: its place is kept and the mark of the owner goes.
     const SignalWatch end({SIGTERM, SIGINT, SIGHUP}, [&qt] {
         qt.endBoxes();

@@ -12,6 +12,11 @@ namespace tandrel
 namespace
 {
 
+long inUs(TickTimes::Duration duration)
+{
+    return std::chrono::duration_cast<std::chrono::microseconds>(duration).count();
+}
+
 long inMs(double seconds) { return std::lround(seconds * 1000); }
 
 /// A name may hold the mark between two fields.
@@ -29,7 +34,7 @@ std::string inOneField(const std::string& name)
     return field;
 }
 
-void writeTable(MciService& media, long paints, const std::string& path)
+void writeTable(MciService& media, long paints, const TickTimes& ticks, const std::string& path)
 {
     const std::string beside = path + ".new";
     std::ofstream file(beside, std::ios::trunc);
@@ -39,16 +44,19 @@ void writeTable(MciService& media, long paints, const std::string& path)
              << '\t' << row.counts.dropped << '\n';
     }
     file << "# paints\t" << paints << '\n';
+    for (const TickTimes::Row& row : ticks.rows())
+        file << "# ticks\t" << row.timer << '\t' << row.count << '\t' << inUs(row.whole) << '\t' << inUs(row.median)
+             << '\t' << inUs(row.percentile99) << '\n';
     file.close();
     std::rename(beside.c_str(), path.c_str());
 }
 
 } // namespace
 
-void writeStatusReport(MciService& media, long paints)
+void writeStatusReport(MciService& media, long paints, const TickTimes& ticks)
 {
     if (const char* path = std::getenv("TANDREL_REPORT"))
-        writeTable(media, paints, path);
+        writeTable(media, paints, ticks, path);
 }
 
 } // namespace tandrel

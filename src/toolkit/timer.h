@@ -25,6 +25,7 @@ public:
     bool enabled() const { return enabled_; }
     void setEnabled(bool on);
     const Text& name() const { return name_; }
+    const Form& form() const { return form_; }
 
     Property<Timer, Long, &Timer::interval, &Timer::setInterval> Interval{*this};
     Property<Timer, bool, &Timer::enabled, &Timer::setEnabled> Enabled{*this};

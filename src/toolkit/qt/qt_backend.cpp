@@ -82,12 +82,20 @@ void QtBackend::timerChanged(Timer& timer)
     if (!engine) {
         engine = std::make_unique<QTimer>();
         engine->setTimerType(Qt::PreciseTimer);
-        connect(engine.get(), &QTimer::timeout, this, [&timer] { timer.tick(); });
+        connect(engine.get(), &QTimer::timeout, this, [this, &timer] { tick(timer); });
     }
     if (!timer.running())
         engine->stop();
     else if (!engine->isActive() || engine->interval() != timer.interval())
         engine->start(timer.interval());
+}
+
+void QtBackend::tick(Timer& timer)
+{
+    const Text name = timer.form().name() + "." + timer.name();
+    const auto begun = std::chrono::steady_clock::now();
+    timer.tick();
+    tickTimes_.note(name, std::chrono::steady_clock::now() - begun);
 }
 
 void QtBackend::timerHastened(Timer& timer)
@@ -98,7 +106,7 @@ void QtBackend::timerHastened(Timer& timer)
         if (found == timers_.end() || !found->second->isActive())
             return;
         found->second->start();
-        timer.tick();
+        tick(timer);
     });
 }
 

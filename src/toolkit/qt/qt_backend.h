@@ -2,6 +2,7 @@
 #pragma once
 
 #include "toolkit/backend.h"
+#include "toolkit/qt/tick_times.h"
 
 #include <QObject>
 
@@ -61,12 +62,15 @@ public:
 
     /// How many paintings of windows and controls there were so far: a window at rest costs none.
     long paints() const { return paints_; }
+    /// How long the ticks took that the user had to wait for.
+    const TickTimes& tickTimes() const { return tickTimes_; }
 
 protected:
     /// Watches the mouse buttons in all windows of the program.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void tick(Timer& timer);
     std::vector<Text> chooseSomewhere(const FileDialog& what);
 
     std::map<Timer*, std::unique_ptr<QTimer>> timers_;
@@ -77,6 +81,7 @@ private:
     bool pointerSet_ = false;
     bool boxesEnded_ = false;
     long paints_ = 0;
+    TickTimes tickTimes_;
 };
 
 } // namespace tandrel
