@@ -61,7 +61,7 @@ tandrel_media_test(steps_kept NODISPLAY
 
 target_link_libraries(steps_kept PRIVATE PkgConfig::codecs)
 
-tandrel_media_test(steps_screen DISPLAY contract/steps_screen_test.cpp)
+tandrel_media_test(steps_screen DISPLAY contract/scrub_screen_test.cpp contract/steps_screen_test.cpp)
 
 add_test(NAME mci_tool COMMAND xvfb-run -a -s "-screen 0 1920x1080x24 -s 0 -noreset" ${Python3_EXECUTABLE}
          ${CMAKE_CURRENT_SOURCE_DIR}/contract/mci_tool_test.py $<TARGET_FILE:tandrel-mci> ${TANDREL_TEST_MEDIA})

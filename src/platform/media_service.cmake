@@ -21,9 +21,11 @@ tandrel_library(platform/mpv USES platform/mci LINKS PkgConfig::mpv PkgConfig::c
   mpv_handle.cpp
   mpv_loading.cpp
   mpv_moves.cpp
+  mpv_scrub.cpp
   mpv_stills.cpp
   output_choice.cpp
   picture_window.cpp
+  scrub.cpp
   step_budget.cpp
   step_cache.cpp
   step_fill.cpp

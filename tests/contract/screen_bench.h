@@ -52,6 +52,11 @@ protected:
         return testing::AssertionFailure() << "shown is " << window.frameIn(part).value_or(-1) << ", not " << frame;
     }
 
+    /// True from the first picture on that came without the player, since the windows were counted.
+    bool hasStill() { return window.windowsInside().size() > windowsOfPlayer; }
+    void countWindows() { windowsOfPlayer = window.windowsInside().size(); }
+
+    std::size_t windowsOfPlayer = 0;
     TestWindow window{640, 480};
     MciService mci{makeMpvEngine({.outputs = true, .pixelRatio = nullptr, .mostDevices = 2})};
     std::string answer;

@@ -37,11 +37,6 @@ protected:
             ASSERT_TRUE(showsFrame(frame));
         }
     }
-    /// True from the first picture on that came without the player.
-    bool hasStill() { return window.windowsInside().size() > windowsOfPlayer; }
-    void countWindows() { windowsOfPlayer = window.windowsInside().size(); }
-
-    std::size_t windowsOfPlayer = 0;
 };
 
 struct StepRowOf {

@@ -154,6 +154,18 @@ bool GopReader::seek(double seconds)
     return av_seek_frame(format_.get(), stream_->index, static_cast<std::int64_t>(stamp), AVSEEK_FLAG_BACKWARD) >= 0;
 }
 
+std::optional<double> GopReader::keyFrameBefore(double seconds) const
+{
+    const double stamp = std::floor((seconds + start_) / av_q2d(stream_->time_base));
+    if (std::abs(stamp) > 9e15)
+        return {};
+    const AVIndexEntry* entry =
+        avformat_index_get_entry_from_timestamp(stream_, static_cast<std::int64_t>(stamp), AVSEEK_FLAG_BACKWARD);
+    if (entry == nullptr)
+        return {};
+    return static_cast<double>(entry->timestamp) * av_q2d(stream_->time_base) - start_;
+}
+
 void GopReader::skimWhile(bool skim) { decoder_->skip_frame = skim ? AVDISCARD_NONREF : AVDISCARD_DEFAULT; }
 
 GopReader::Result GopReader::next()

@@ -46,6 +46,8 @@ public:
     bool open();
     /// The next picture is that of a key frame, wanted near to and not behind this time; it may be another one.
     bool seek(double seconds);
+    /// The time of the last key frame that is not behind this one, as far as the file tells without being read.
+    std::optional<double> keyFrameBefore(double seconds) const;
     /// Pictures that nothing depends on may be left out until told otherwise.
     void skimWhile(bool skim);
     Result next();

@@ -46,6 +46,7 @@ void MpvDevice::beginClose()
         return;
     if (stills_ != nullptr) {
         endFollowing();
+        scrub_->stop();
         stills_->close();
         mpv_set_wakeup_callback(channel_.handle(), nullptr, nullptr);
     }
@@ -58,6 +59,8 @@ void MpvDevice::drain()
     channel_.drain([this](const mpv_event& event) { hear(event); });
     if (stage_ == Stage::Filling)
         lookForPicture();
+    else if (stage_ == Stage::Scrubbing)
+        followScrub();
 }
 
 void MpvDevice::hear(const mpv_event& event)
@@ -163,6 +166,8 @@ void MpvDevice::notePlace(double time)
 
 void MpvDevice::play()
 {
+    if (stage_ == Stage::Scrubbing)
+        endScrub();
     // A step ends in a pause of its own, which would undo the play; and sound comes on at rest only.
     if (stage_ == Stage::Stepping || stage_ == Stage::Filling || soundIsOff_)
         settle();
@@ -202,6 +207,8 @@ bool MpvDevice::waitsForPlayer() const { return stage_ != Stage::Rest && stage_ 
 bool MpvDevice::settle()
 {
     drain();
+    if (stage_ == Stage::Scrubbing)
+        endScrub();
     // What was waited for in vain once is not waited for again: the program has to go on.
     const auto deadline = now() + (gaveUp_ ? 0s : kSettleLimit);
     while (stage_ != Stage::Rest && now() < deadline) {

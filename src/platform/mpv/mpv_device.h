@@ -5,6 +5,7 @@
 #include "platform/mpv/media_tracks.h"
 #include "platform/mpv/mpv_channel.h"
 #include "platform/mpv/picture_window.h"
+#include "platform/mpv/scrub.h"
 #include "platform/mpv/step_stills.h"
 
 #include <atomic>
@@ -69,6 +70,8 @@ private:
         Stepping,
         /// A step back waits for its picture, which is being decoded.
         Filling,
+        /// Places change faster than the player finds them: it is told of the last one when they no longer do.
+        Scrubbing,
         /// The new place was asked for.
         Reading
     };
@@ -154,6 +157,12 @@ private:
     void expectStepsWhilePausing();
     /// Goes on with a step back: shows its picture, or waits for it, or leaves it to the player.
     void lookForPicture();
+    /// A place right behind another one that is still being sought. False: it is for the player.
+    bool scrubTo(double seconds);
+    /// Shows what there is of the way, and lets the player seek once places no longer change.
+    void followScrub();
+    void endScrub();
+    void seekByPlayer(double seconds);
     /// Shows a picture without the player. False if that cannot be done.
     bool show(const KeptPicture& picture);
     /// True if a step on is done, or under way; otherwise it is up to the player.
@@ -180,6 +189,10 @@ private:
     std::unique_ptr<PictureWindow> window_;
     /// Null where the player does all steps by itself.
     std::unique_ptr<StepStills> stills_;
+    std::unique_ptr<Scrub> scrub_;
+    /// The last place that was asked for, and when.
+    double sought_ = 0;
+    Moment soughtAt_;
     std::function<void()> wake_;
     /// When the picture shown without the player came up, and whether the player has yet to follow there.
     Moment shownAt_;

@@ -29,6 +29,14 @@ constexpr std::initializer_list<const char*> kSeekToEnd{"seek", "100", "absolute
 
 void MpvDevice::seek(double seconds)
 {
+    if (!scrubTo(seconds))
+        seekByPlayer(seconds);
+    sought_ = seconds;
+    soughtAt_ = MpvChannel::Moment::clock::now();
+}
+
+void MpvDevice::seekByPlayer(double seconds)
+{
     // A step that runs would be lost in the seek, and before the first picture nobody knows where the medium begins.
     if (stage_ == Stage::Stepping || !origin_)
         settle();
@@ -50,6 +58,8 @@ void MpvDevice::seek(double seconds)
 
 void MpvDevice::seekToEnd()
 {
+    if (stage_ == Stage::Scrubbing)
+        endScrub();
     if (stage_ == Stage::Stepping || !origin_)
         settle();
     if (!seekable_)

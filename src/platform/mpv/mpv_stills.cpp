@@ -29,6 +29,7 @@ void MpvDevice::keepPictures(const StepTools& tools, const MediaSource& source)
     turn_ = tools.follows;
     stills_ = std::make_unique<StepStills>(tools, MediaSource{source.path, source.mark, facts_.frameRate},
                                            samePicture(), window_.get());
+    scrub_ = std::make_unique<Scrub>(tools, MediaSource{source.path, source.mark, facts_.frameRate});
 }
 
 double MpvDevice::samePicture() const { return std::min(kStampTolerance, 0.25 / facts_.frameRate); }

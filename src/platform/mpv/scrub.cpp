@@ -1,0 +1,210 @@
+#include "platform/mpv/scrub.h"
+
+#include <utility>
+
+namespace tandrel
+{
+
+namespace
+{
+using namespace std::chrono_literals;
+
+// How often something of the way is shown.
+constexpr auto kBetweenPictures = 90ms;
+// Without an index nobody knows where the next key frame is. Seconds.
+constexpr double kFarAhead = 10;
+// So many pictures before the wanted one are decoded in full, because they come in another order than they are read.
+constexpr double kReordered = 24;
+} // namespace
+
+/// What the caller and the jobs have in common, of which one is at work at a time.
+struct Scrub::Shared {
+    Shared(MediaSource medium, std::shared_ptr<StepBudget> memory, std::function<void()> news)
+        : source(std::move(medium)), budget(std::move(memory)), wake(std::move(news))
+    {
+    }
+
+    const MediaSource source;
+    const std::shared_ptr<StepBudget> budget;
+    const std::function<void()> wake;
+
+    std::mutex mutex;
+    // Under the lock.
+    double target = 0;
+    PictureSize size;
+    std::optional<KeptPicture> latest;
+    std::shared_ptr<Job> job;
+    bool failed = false;
+
+    // For the job at work alone. It ends when it is there, and the next one goes on from where it was.
+    std::atomic<bool> over = false;
+    std::unique_ptr<GopReader> reader;
+    Scaler scaler;
+    PictureSize scaledTo;
+    /// The time of the last picture read.
+    std::optional<double> at;
+    StepJob::Moment shownAt{};
+};
+
+class Scrub::Job final : public StepJob
+{
+public:
+    explicit Job(std::shared_ptr<Shared> shared) : s_(*shared), keepsAlive_(std::move(shared)) {}
+
+    bool work(Moment until) override
+    {
+        if (s_.reader == nullptr) {
+            s_.reader = std::make_unique<GopReader>(s_.source, s_.over);
+            if (!s_.reader->open())
+                return end(true);
+        }
+        while (!cancelled()) {
+            const auto [target, size] = wanted();
+            if (reached(target) ? rests(target) : !comeNearer(target, size))
+                return false;
+            if (std::chrono::steady_clock::now() >= until)
+                return true;
+        }
+        return end(false);
+    }
+
+private:
+    std::pair<double, PictureSize> wanted()
+    {
+        const std::lock_guard lock(s_.mutex);
+        return {s_.target, s_.size};
+    }
+
+    double frame() const { return 1 / s_.source.frameRate; }
+
+    /// The picture of the place was the last one.
+    bool reached(double target) const { return s_.at && *s_.at <= target && *s_.at + frame() > target; }
+
+    bool isOnTheWay(double target) const
+    {
+        if (!s_.at || target < *s_.at)
+            return false;
+        const auto key = s_.reader->keyFrameBefore(target);
+        return key ? *key <= *s_.at : target - *s_.at < kFarAhead;
+    }
+
+    /// Reads a picture, and shows it if it is time. False if this is the end.
+    bool comeNearer(double target, PictureSize size)
+    {
+        if (!isOnTheWay(target)) {
+            s_.at.reset();
+            if (!s_.reader->seek(target))
+                return end(true);
+        }
+        s_.reader->skimWhile(s_.at && target - *s_.at > kReordered * frame());
+        const auto result = s_.reader->next();
+        if (result == GopReader::Result::End) {
+            // Beyond the last picture there is nothing to come nearer by: the next place begins anew.
+            s_.at.reset();
+            return end(false);
+        }
+        if (result != GopReader::Result::Picture)
+            return end(!cancelled());
+        s_.at = s_.reader->time();
+        // A way that begins behind its place has no picture of it.
+        if (*s_.at > target)
+            return end(true);
+        return !isDue(target) || show(size);
+    }
+
+    bool isDue(double target)
+    {
+        const auto now = std::chrono::steady_clock::now();
+        if (!reached(target) && now - s_.shownAt < kBetweenPictures)
+            return false;
+        s_.shownAt = now;
+        return true;
+    }
+
+    bool show(PictureSize size)
+    {
+        // A scaler is made for one size.
+        if (!(std::exchange(s_.scaledTo, size) == size))
+            s_.scaler.reset();
+        auto picture = StepPicture::make(size, s_.reader->colours(), s_.budget);
+        if (picture == nullptr || !picture->fillFrom(s_.reader->frame(), s_.scaler))
+            return end(true);
+        {
+            const std::lock_guard lock(s_.mutex);
+            s_.latest = KeptPicture{*s_.at, std::move(picture)};
+        }
+        if (s_.wake)
+            s_.wake();
+        return true;
+    }
+
+    /// True if nothing else has been asked for meanwhile: the job is over.
+    bool rests(double target)
+    {
+        const std::lock_guard lock(s_.mutex);
+        if (s_.target != target)
+            return false;
+        s_.job.reset();
+        return true;
+    }
+
+    bool end(bool failed)
+    {
+        {
+            const std::lock_guard lock(s_.mutex);
+            s_.failed = s_.failed || failed;
+            s_.job.reset();
+        }
+        if (s_.wake)
+            s_.wake();
+        return false;
+    }
+
+    Shared& s_;
+    const std::shared_ptr<Shared> keepsAlive_;
+};
+
+Scrub::Scrub(const StepTools& tools, MediaSource source)
+    : workers_(tools.workers), shared_(std::make_shared<Shared>(std::move(source), tools.budget, tools.wake))
+{
+}
+
+void Scrub::aim(double time, PictureSize size)
+{
+    std::shared_ptr<Job> fresh;
+    {
+        const std::lock_guard lock(shared_->mutex);
+        shared_->target = time;
+        shared_->size = size;
+        if (shared_->job != nullptr || shared_->failed)
+            return;
+        fresh = shared_->job = std::make_shared<Job>(shared_);
+    }
+    workers_->post(fresh, {});
+    workers_->hurry(fresh);
+}
+
+std::optional<KeptPicture> Scrub::take()
+{
+    const std::lock_guard lock(shared_->mutex);
+    return std::exchange(shared_->latest, std::nullopt);
+}
+
+bool Scrub::failed() const
+{
+    const std::lock_guard lock(shared_->mutex);
+    return shared_->failed;
+}
+
+void Scrub::stop()
+{
+    const auto former =
+        std::exchange(shared_, std::make_shared<Shared>(shared_->source, shared_->budget, shared_->wake));
+    const std::lock_guard lock(former->mutex);
+    shared_->failed = former->failed;
+    former->over = true;
+    if (former->job != nullptr)
+        former->job->cancel();
+}
+
+} // namespace tandrel
