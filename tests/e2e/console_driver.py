@@ -24,6 +24,7 @@ BUTTONS = {
 MULTIPLE, SINGLE = "Open Multiple Video...", "Open File Video..."
 TIP, CONSOLE = (420, 166), (900, 212)
 QUESTIONS = ('set "{0}" time format ms', 'status "{0}" position', 'status "{0}" length')
+VOLUME = re.compile(r'setaudio "(.*)" Volume to ')
 TICK = re.compile(r'set "(.*)" time format ms')
 # The caption and the frame of a video window, beside and above its picture.
 PICTURE_LEFT, PICTURE_TOP = 3, 27
@@ -78,15 +79,24 @@ def beside_lead(count):
 
 
 def without_ticks(commands, begin=0):
-    """Those from `begin` on, without the three questions that the console asks about the selected video at each tick."""
-    kept, place = [], 0
+    """Those from `begin` on, without what the console's ticks send: three questions about a video, and behind them its
+    present volume once more, or a new start where it has ended."""
+    kept, place, volumes = [], 0, {}
     while place < len(commands):
         asked = TICK.fullmatch(commands[place])
         questions = [part.format(asked.group(1)) for part in QUESTIONS] if asked else []
         # The last tick may be under way.
         if asked and commands[place:place + 3] == questions[:len(commands) - place]:
             place += 3
+            name = asked.group(1)
+            if commands[place:place + 1] == [f'Play "{name}" from 0']:
+                place += 1
+            if commands[place:place + 1] == [volumes.get(name)]:
+                place += 1
             continue
+        volume = VOLUME.match(commands[place])
+        if volume:
+            volumes[volume.group(1)] = commands[place]
         if place >= begin:
             kept.append(commands[place])
         place += 1

@@ -11,6 +11,7 @@
 
 #include <QElapsedTimer>
 #include <QGuiApplication>
+#include <QTimer>
 #include <QWindow>
 
 namespace tandrel
@@ -42,6 +43,17 @@ private:
     const Form& form_;
     QWidget& widget_;
 };
+
+/// Asks the window system for the focus when the present event is done, unless another form has become the active one
+/// by then: of several requests right behind each other a window manager need not grant the last.
+void askForFocus(const Form& form, QWidget& widget)
+{
+    QTimer::singleShot(0, &widget, [form = form.weak_from_this(), &widget] {
+        const auto alive = form.lock();
+        if (alive && activeForm() == alive.get() && widget.isVisible())
+            widget.activateWindow();
+    });
+}
 
 } // namespace
 
@@ -116,7 +128,7 @@ void QtFormView::activate()
     if (isNotice && QGuiApplication::focusWindow() == window)
         widget_->update();
     else if (window->isExposed())
-        widget_->activateWindow();
+        askForFocus(form_, *widget_);
     else if (!activationWaits_)
         window->installEventFilter(activationWaits_ = new ActivationAtExpose(form_, *widget_));
     widget_->update();
