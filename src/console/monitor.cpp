@@ -77,7 +77,7 @@ void frmMedia::keepAwake()
 void frmMedia::tellClicks()
 {
     lblClick.Caption = "Click: " + text(ClickCount);
-    lblDblClick.Caption = "DblClick: " + text(ClickState);
+    lblDblClick.Caption = "DblClick: " + FixedPoint(ClickState).text();
     lblClick.Refresh();
     lblDblClick.Refresh();
 }
