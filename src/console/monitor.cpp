@@ -151,10 +151,14 @@ void frmMedia::followMonitors()
     }
     monitors().bringWithinReach(*this);
     findMonitor();
-    forEachSlot([](frmChild& window) {
-        if (window.isLoaded())
-            monitors().bringWithinReach(window);
-    });
+    const auto bring = [](Form* window) {
+        if (window && window->isLoaded())
+            monitors().bringWithinReach(*window);
+    };
+    forEachSlot([&](frmChild& window) { bring(&window); });
+    bring(otherMedia().dvd.form);
+    bring(otherMedia().dvd2.form);
+    bring(otherMedia().mkv.form);
 }
 
 } // namespace tandrel
