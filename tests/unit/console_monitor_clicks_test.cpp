@@ -165,21 +165,23 @@ TEST_F(ConsoleMonitorClicks, ThePanelStaysWhereItOrAMenuIsUpOrNoFileIsFull)
 {
     fullWithPanelDown();
     frmPanel().Top = 16200 - 1;
-    click();
+    press();
     EXPECT_TRUE(PanelUp) << "a part of it is in view";
     EXPECT_TRUE(Loaded<class frmPanel>());
 
+    release();
     ClickState = 0;
     putPanelBelow();
     FullMenuOpen = true;
-    click();
+    press();
     EXPECT_TRUE(Loaded<class frmPanel>());
     EXPECT_TRUE(FullMenuOpen);
 
+    release();
     ClickState = 0;
     FullMenuOpen = false;
     FullMedia.clear();
-    click();
+    press();
     EXPECT_TRUE(Loaded<class frmPanel>());
 }
 
@@ -188,8 +190,9 @@ TEST_F(ConsoleMonitorClicks, ADiscThatIsFullByTheMenuKeepsItsPanel)
     OtherMediaBench bench;
     fullWithPanelDown();
     DVDMode = true;
-    click();
+    press();
     EXPECT_TRUE(Loaded<class frmPanel>());
+    release();
     ClickState = 0;
     console().DvdFullByClick = true;
     press();

@@ -282,6 +282,16 @@ TEST_F(ConsoleMonitorCursor, OnOtherMonitorsItIsParkedThereAndFoundThere)
     }
 }
 
+TEST_F(ConsoleMonitorCursor, WithAMonitorToTheRightItIsParkedOnItsOwnAllTheSame)
+{
+    fullOn(kFirst);
+    world.pointer.confine = nullptr;
+    rest();
+    EXPECT_THAT(world.pointer.moves, ElementsAre(PixelPoint{1920, 150}, PixelPoint{1919, 150}));
+    tick2();
+    EXPECT_TRUE(parked());
+}
+
 TEST_F(ConsoleMonitorCursor, LeavingFullScreenLeavesNoCursorHidden)
 {
     fullOn(kFirst);

@@ -195,6 +195,7 @@ TEST_F(ConsoleMonitorDrag, TheWindowsOfDiscsAndHdFilmsAreDraggedToo)
 TEST_F(ConsoleMonitorDrag, WhereTheWindowIsGoneThereIsNothingToDrag)
 {
     play(1);
+    world.pointer.place = {console().pixelRect().left + 200, console().pixelRect().top + 100};
     MkvOpen = true;
     EXPECT_NO_THROW(press());
     DVDMode = true;
@@ -207,9 +208,9 @@ TEST_F(ConsoleMonitorDrag, WhereTheWindowIsGoneThereIsNothingToDrag)
 TEST_F(ConsoleMonitorDrag, BetweenTheTicksAMoveOverTheWindowDragsOn)
 {
     frmChild& selected = window();
-    world.pointer.place = {300, 300};
+    world.pointer.place = {200, 200};
     console().followDrag();
-    EXPECT_EQ(rectOf(selected), (Rect{1505, 1500, 4495, 3100})) << "a tick begins the drag";
+    EXPECT_EQ(offset(), none) << "a tick begins the drag";
     dragTo(3000, 3000);
     world.pointer.place = {220, 220};
     console().followDrag();

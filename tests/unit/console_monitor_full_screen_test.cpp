@@ -188,6 +188,7 @@ TEST_F(ConsoleMonitorFullScreen, OneShotTheConsoleStaysBack)
 TEST_F(ConsoleMonitorFullScreen, BehindTheWayOutTheTickGoesOn)
 {
     full().Duration = "0:01:00";
+    console().lblTitleBar.Caption = "another";
     stands(1, "60000");
     doubleClick();
     EXPECT_THAT(commands(), AllOf(Contains("Play  "), Contains("Play B from 0")));
@@ -223,6 +224,10 @@ TEST_F(ConsoleMonitorFullScreen, ADiscOnTheVideoControlReturnsToItsPlace)
     doubleClick();
     EXPECT_TRUE(FullScreenOn) << "not under a menu";
     FullMenuOpen = false;
+    world.pointer.shown = false;
+    console().CursorHomeX = console().CursorHomeY = 300;
+    // It has not moved, so that the tick itself does not wake it.
+    world.pointer.place = {0, 0};
     doubleClick();
     EXPECT_FALSE(FullScreenOn || bench.dvdForm->Full || console().DvdFullByClick);
     EXPECT_EQ(rectOf(*bench.dvdForm), (Rect{1500, 1650, 4500, 3000}));
@@ -231,6 +236,7 @@ TEST_F(ConsoleMonitorFullScreen, ADiscOnTheVideoControlReturnsToItsPlace)
     EXPECT_THAT(world.screenSaver.switched, Contains(true));
     EXPECT_TRUE(FullMedia.empty());
     EXPECT_EQ(activeForm(), &console());
+    EXPECT_TRUE(world.pointer.shown);
 }
 
 TEST_F(ConsoleMonitorFullScreen, APlayerThatIsFullIsLedBackAndNeverIn)
@@ -257,6 +263,16 @@ TEST_F(ConsoleMonitorFullScreen, APlayerThatIsFullIsLedBackAndNeverIn)
     }
 }
 
+TEST_F(ConsoleMonitorFullScreen, WhereThePlayersWindowIsGoneADoubleClickLeavesNothing)
+{
+    start();
+    MkvOpen = PanelUp = true;
+    world.screenSaver.switched.clear();
+    doubleClick();
+    EXPECT_THAT(world.screenSaver.switched, IsEmpty());
+    EXPECT_FALSE(PanelUp);
+}
+
 TEST_F(ConsoleMonitorFullScreen, AFullFileBehindAPlayerReturnsByTheDoubleClick)
 {
     OtherMediaBench bench;
@@ -281,6 +297,7 @@ TEST_F(ConsoleMonitorFullScreen, TheFlagThatNothingFillsTheScreenAnyMoreEnds)
 TEST_F(ConsoleMonitorFullScreen, WhereItsMonitorGoesTheWindowReturnsToASizeAndIntoReach)
 {
     frmChild& window = full({1920, 0, 3840, 1080});
+    console().Left = 30000;
     world.monitors.set({{0, 0, 1280, 1024}});
     world.monitors.windowMonitor = 1;
     services().monitors->changed();
@@ -294,6 +311,29 @@ TEST_F(ConsoleMonitorFullScreen, WhereItsMonitorGoesTheWindowReturnsToASizeAndIn
     EXPECT_EQ(console().FullWidth, 1280 * 15);
     EXPECT_FALSE(Loaded<class frmPanel>());
     EXPECT_THAT(world.screenSaver.switched, Contains(true));
+}
+
+TEST_F(ConsoleMonitorFullScreen, ADiscWhoseMonitorGoesReturnsTooAndSoDoTheWindowsOfPlayersThatStoodThere)
+{
+    OtherMediaBench bench;
+    start();
+    moveTo({1920, 0, 3840, 1080});
+    WindowsVersion = "WINDOWS XP";
+    DVDMode = true;
+    bench.dvdForm->Move({30000, 1650, 4500, 3000});
+    bench.dvd2Form->Move({30000, 0, 4500, 3000});
+    bench.mkvForm->Move({30000, 0, 4500, 3000});
+    bench.dvdForm->SetFocus();
+    console().TrackHold = false;
+    rightPressOn(*bench.dvdForm);
+    ASSERT_EQ(bench.dvdForm->left(), 28800);
+    world.monitors.set({{0, 0, 1280, 1024}});
+    services().monitors->changed();
+    EXPECT_FALSE(FullScreenOn || bench.dvdForm->Full || console().DvdFullByClick || PanelUp);
+    EXPECT_EQ(bench.dvdForm->width(), 4500);
+    EXPECT_FALSE(Loaded<class frmPanel>());
+    for (const Form* form : {static_cast<Form*>(bench.dvdForm.get()), bench.dvd2Form.get(), bench.mkvForm.get()})
+        EXPECT_LT(form->left(), 1280 * 15);
 }
 
 TEST_F(ConsoleMonitorFullScreen, AnotherMonitorMoreOrLessChangesNothing)

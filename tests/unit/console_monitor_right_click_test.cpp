@@ -48,6 +48,7 @@ TEST_F(ConsoleMonitorRightClick, TheSelectedVideoInFrontGoesFullScreen)
     play(2);
     frmChild& window = *VideoWindows[1];
     window.Move({1500, 1650, 4500, 3000});
+    window.picVideo.BorderStyle = 1;
     world.screenSaver.switched.clear();
     world.mci.clear();
     rightPressOn(window);
@@ -120,8 +121,10 @@ TEST_F(ConsoleMonitorRightClick, BehindTheConsoleOrWithNothingSelectedNothingIsT
     EXPECT_TRUE(FullMedia.empty());
     console().TrackHold = false;
     CurrentAlias.clear();
+    FullMedia = alias(3);
     rightPressOn(*VideoWindows[0]);
     EXPECT_FALSE(FullScreenOn);
+    EXPECT_EQ(FullMedia, alias(3));
     CurrentAlias = alias(9);
     rightPressOn(*VideoWindows[0]);
     EXPECT_EQ(FullMedia, alias(9)) << "an alias that no slot plays";
@@ -184,6 +187,7 @@ TEST_F(ConsoleMonitorRightClick, ADiscOnTheVideoControlFillsTheScreenUnderThePan
     EXPECT_EQ(frmPanel().lblTitle.caption(), "DVD:: \"Movie\"");
     EXPECT_EQ(frmPanel().top(), 16200 - 914);
     EXPECT_FALSE(console().Timer4.enabled());
+    EXPECT_TRUE(console().SaverOff);
     EXPECT_THAT(bench.asked(), IsEmpty());
 }
 
@@ -225,6 +229,7 @@ TEST_F(ConsoleMonitorRightClick, APlayerIsAskedToFillTheScreenItself)
         EXPECT_FALSE(FullScreenOn) << "the control alone knows";
         EXPECT_THAT(world.screenSaver.switched, ElementsAre(false));
         EXPECT_EQ(console().Timer4.enabled(), !disc);
+        EXPECT_TRUE(console().SaverOff);
         DVDMode = MkvOpen = false;
     }
 }
@@ -250,6 +255,7 @@ TEST_F(ConsoleMonitorRightClick, APlayerThatRefusesEndsNothingElse)
     filmOn(bench);
     bench.mkv.fails = true;
     console().lblClick.Caption = "";
+    world.pointer.place = {200, 200};
     world.pointer.right = true;
     EXPECT_NO_THROW(console().Timer3.Tick());
     EXPECT_EQ(console().lblClick.caption(), "Click: 0") << "the tick went on";

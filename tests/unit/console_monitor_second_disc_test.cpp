@@ -110,6 +110,16 @@ TEST_F(ConsoleMonitorSecondDisc, ABareNameInTheListsIsTheFirstDiscToo)
     EXPECT_THAT(console().List2.entries(), ElementsAre(second));
 }
 
+TEST_F(ConsoleMonitorSecondDisc, AFileOfThatNameInAnotherFolderStaysInTheLists)
+{
+    firstDisc();
+    console().List1.Clear();
+    console().List1.AddItem("/other/Film cd1.avi");
+    console().List1.AddItem(first);
+    tick1();
+    EXPECT_THAT(console().List1.entries(), ElementsAre("/other/Film cd1.avi"));
+}
+
 TEST_F(ConsoleMonitorSecondDisc, TheLettersOfTheNameStayAsTheyAreAndTheFirstPlaceCounts)
 {
     for (const auto& [path, next] : {std::pair<Text, Text>{"/films/a CD1.avi", "/films/a CD2.avi"},
@@ -141,8 +151,10 @@ TEST_F(ConsoleMonitorSecondDisc, WithAnotherVideoOpenTheWindowStaysAtItsEnd)
 {
     const frmChild& window = firstDisc();
     console().List2.AddItem(film(3));
-    for (int tick = 0; tick < 40; ++tick)
+    for (int tick = 0; tick < 40; ++tick) {
+        console().SlideMode = tick < 20 ? "0" : "1";
         tick1();
+    }
     EXPECT_EQ(window.MediaFile, tandrel::quoted(first));
     EXPECT_EQ(console().EndTicks, 0);
     EXPECT_THAT(startingWith(world.mci.sent(), "Open"), IsEmpty());

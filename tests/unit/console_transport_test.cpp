@@ -478,7 +478,7 @@ TEST_F(ConsoleTransport, TheTickFollowsTheSelectedVideo)
     console().ClosingDown = false;
     CurrentAlias = kNoMedia;
     console().Timer1.Tick();
-    EXPECT_EQ(commands().front(), "set No Media Selected time format ms")
+    EXPECT_THAT(commands(), Contains("set No Media Selected time format ms"))
         << "a text like any other, which no device has";
 }
 
