@@ -304,7 +304,7 @@ TEST_F(ConsoleMonitorRightClick, InFullScreenTheMenuWakesAParkedCursorFirst)
     console().Timer4.Enabled = false;
     rightPressOn(console());
     EXPECT_TRUE(world.pointer.shown);
-    EXPECT_EQ(world.pointer.moves.back(), (PixelPoint{400, 300}));
+    EXPECT_THAT(world.pointer.moves, ElementsAre(PixelPoint{400, 300}));
     EXPECT_EQ(console().CursorHomeX, -1);
     EXPECT_EQ(console().CursorHomeY, -1);
     EXPECT_TRUE(console().Timer4.enabled());
