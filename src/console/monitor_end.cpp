@@ -116,8 +116,8 @@ void frmMedia::changeDisc(frmChild& window, const Text& path)
     picture.Width = window.width();
     const bool opened = openDisc(window, path);
     window.Height = window.height() - kNudge;
-    window.Caption = "§" + path;
     if (!FullScreenOn) {
+        window.Caption = "§" + path;
         SetFocus();
     } else {
         FullMedia = CurrentAlias;
