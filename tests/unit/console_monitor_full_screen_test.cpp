@@ -181,7 +181,24 @@ TEST_F(ConsoleMonitorFullScreen, OneShotTheConsoleStaysBack)
     doubleClick();
     EXPECT_FALSE(FullScreenOn);
     EXPECT_FALSE(console().KeepConsoleBack);
+    EXPECT_THAT(world.screenSaver.switched, Contains(true));
     EXPECT_THAT(world.journal, Not(Contains("frmMedia activate")));
+    EXPECT_EQ(activeForm(), VideoWindows[0].get());
+}
+
+TEST_F(ConsoleMonitorFullScreen, TheWayOutBringsAHiddenConsoleBack)
+{
+    full();
+    console().Hide();
+    doubleClick();
+    EXPECT_TRUE(console().visible());
+}
+
+TEST_F(ConsoleMonitorFullScreen, AWindowThatIsMadeToFillTheScreenGetsTheFocus)
+{
+    play(2);
+    console().SetFocus();
+    VideoWindows[0]->fillScreen();
     EXPECT_EQ(activeForm(), VideoWindows[0].get());
 }
 
@@ -299,8 +316,13 @@ TEST_F(ConsoleMonitorFullScreen, WhereItsMonitorGoesTheWindowReturnsToASizeAndIn
     frmChild& window = full({1920, 0, 3840, 1080});
     console().Left = 30000;
     world.monitors.set({{0, 0, 1280, 1024}});
-    world.monitors.windowMonitor = 1;
+    console().CursorHomeX = console().CursorHomeY = 300;
+    world.pointer.shown = false;
+    console().Timer4.Enabled = false;
     services().monitors->changed();
+    EXPECT_TRUE(world.pointer.shown) << "no cursor stays parked";
+    EXPECT_EQ(console().CursorHomeX, -1);
+    EXPECT_TRUE(console().Timer4.enabled());
     EXPECT_FALSE(FullScreenOn || window.Full || PanelUp);
     EXPECT_TRUE(FullMedia.empty());
     EXPECT_EQ(window.width(), 4500);

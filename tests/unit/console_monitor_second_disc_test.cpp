@@ -82,6 +82,28 @@ TEST_F(ConsoleMonitorSecondDisc, ItOpensInThePlaceOfTheFirst)
     EXPECT_TRUE(FullMedia.empty());
 }
 
+TEST_F(ConsoleMonitorSecondDisc, ThePictureIsOutOfSightMeanwhile)
+{
+    frmChild& window = firstDisc();
+    window.Move({1500, 1500, 4500, 3000});
+    bool closed = false;
+    world.mci.onSend = [&](const std::string& command) {
+        if (command != "Close " + tandrel::quoted(first))
+            return;
+        closed = true;
+        EXPECT_FALSE(window.picVideo.visible());
+        EXPECT_EQ(rectOf(window.picVideo), (Rect{0, -25000, 4500, 3000}));
+        EXPECT_EQ(window.path(), first);
+    };
+    tick1();
+    EXPECT_TRUE(closed);
+    const TwipsRect kept = console().FullPicture;
+    EXPECT_EQ(kept.left, 0);
+    EXPECT_EQ(kept.top, 0);
+    EXPECT_EQ(kept.width, 4400);
+    EXPECT_EQ(kept.height, 2600);
+}
+
 TEST_F(ConsoleMonitorSecondDisc, AHeldWindowHoldsTheSecondToo)
 {
     firstDisc().Paused = 1;
@@ -175,6 +197,7 @@ TEST_F(ConsoleMonitorSecondDisc, InFullScreenThePictureStaysFullAndIsFittedLater
     frmChild& window = firstDisc();
     rightPressOn(window);
     ASSERT_TRUE(window.Full);
+    window.picVideo.BorderStyle = 1;
     world.journal.clear();
     tick1();
     EXPECT_EQ(FullMedia, tandrel::quoted(second));
