@@ -136,6 +136,9 @@ void frmMedia::fillWithSelected()
 void frmMedia::fillWith(frmChild& window)
 {
     window.fillScreen();
+    // It may have been closed on its way.
+    if (!window.Full)
+        return;
     bringUpPanel(panelTitle());
     Timer4.Enabled = false;
 }

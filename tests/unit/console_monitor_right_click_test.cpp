@@ -170,6 +170,32 @@ TEST_F(ConsoleMonitorRightClick, ThePressThatFilledTheScreenOpensNoMenu)
     EXPECT_FALSE(FullMenuOpen) << "the next press is another one";
 }
 
+TEST_F(ConsoleMonitorRightClick, AWindowThatClosesOnItsWayToFullScreenLeavesNothingOfThatState)
+{
+    for (const bool byActivation : {false, true}) {
+        play(2);
+        frmChild& window = *VideoWindows[byActivation ? 0 : 1];
+        console().Timer4.Enabled = true;
+        world.mci.onSend = [&](const std::string& command) {
+            if (command.starts_with("put " + window.MediaFile) && FullScreenOn)
+                unload(window);
+        };
+        if (byActivation) {
+            pressIsOver(MouseButton::Right);
+            world.pointer.right = true;
+            window.SetFocus();
+            world.pointer.right = false;
+        } else {
+            rightPressOn(window);
+        }
+        EXPECT_FALSE(FullScreenOn || PanelUp || window.Full) << byActivation;
+        EXPECT_FALSE(Loaded<class frmPanel>() && frmPanel().visible()) << byActivation;
+        EXPECT_TRUE(console().Timer4.enabled()) << byActivation;
+        world.mci.onSend = nullptr;
+        discardSlots();
+    }
+}
+
 // Discs and HD films.
 
 TEST_F(ConsoleMonitorRightClick, ADiscOnTheVideoControlFillsTheScreenUnderThePanel)
