@@ -49,7 +49,7 @@ constexpr const char* kDown = "Your Left Mouse Button Is Down";
 
 } // namespace
 
-TEST_F(ConsoleMonitorClicks, APressAndAReleaseAreToldApart)
+TEST_F(ConsoleMonitorClicks, APressAndAReleaseAreTwoThings)
 {
     EXPECT_THAT(labels(), ElementsAre("Click: 0", "DblClick: 0", kUp));
     press();
@@ -166,7 +166,7 @@ TEST_F(ConsoleMonitorClicks, ThePanelStaysWhereItOrAMenuIsUpOrNoFileIsFull)
     fullWithPanelDown();
     frmPanel().Top = 16200 - 1;
     press();
-    EXPECT_TRUE(PanelUp) << "a part of it is in view";
+    EXPECT_TRUE(PanelUp) << "some of it is in view";
     EXPECT_TRUE(Loaded<class frmPanel>());
 
     release();

@@ -14,7 +14,7 @@ namespace
 class ConsoleMonitorDrag : public MonitorBench
 {
 protected:
-    /// A window whose inner part begins and ends on whole pixels: 15 twips each.
+    /// A window whose inside begins and ends on whole pixels: 15 twips each.
     frmChild& window()
     {
         play(2);
