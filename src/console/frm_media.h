@@ -302,6 +302,7 @@ private:
     void tellClicks();
     void scrollTitle();
     void restartEndedVideos();
+    void restartIfEnded(const frmChild& window);
     /// Monitors have come, gone or changed.
     void followMonitors();
 

@@ -61,7 +61,7 @@ void frmMedia::Timer2_Timer()
         return;
     scrollTitle();
     watchFullScreen();
-    ignoringErrors([this] { restartEndedVideos(); });
+    restartEndedVideos();
 }
 
 void frmMedia::keepAwake()
@@ -77,7 +77,7 @@ void frmMedia::keepAwake()
 void frmMedia::tellClicks()
 {
     lblClick.Caption = "Click: " + text(ClickCount);
-    lblDblClick.Caption = "DblClick: " + text(ClickState);
+    lblDblClick.Caption = "DblClick: " + FixedPoint(ClickState).text();
     lblClick.Refresh();
     lblDblClick.Refresh();
 }
@@ -101,17 +101,20 @@ void frmMedia::restartEndedVideos()
 {
     if (DVDMode || (SlideMode == "1" && List2.ListCount() != 1))
         return;
-    forEachPlayable([this](frmChild& window) {
-        const Alias alias = trim(window.MediaFile);
-        const Reading reading = read(alias);
-        // A device that does not answer is left alone; the others go on.
-        if (!reading.answered)
-            return;
-        if (reading.position >= reading.length)
-            mciSend("Play " + alias + " from 0");
-        if (!FullScreenOn && !FastForward && !FastRewind && alias == CurrentAlias)
-            mciSend("setaudio " + alias + " Volume to " + text(window.Volume * 10));
-    });
+    // One whose place can't be held or whose device does not answer is left alone; the others go on.
+    forEachPlayable([this](frmChild& window) { ignoringErrors([&] { restartIfEnded(window); }); });
+}
+
+void frmMedia::restartIfEnded(const frmChild& window)
+{
+    const Alias alias = trim(window.MediaFile);
+    const Reading reading = read(alias);
+    if (!reading.answered)
+        return;
+    if (reading.position >= reading.length)
+        mciSend("Play " + alias + " from 0");
+    if (!FullScreenOn && !FastForward && !FastRewind && alias == CurrentAlias)
+        mciSend("setaudio " + alias + " Volume to " + text(window.Volume * 10));
 }
 
 void frmMedia::Timer4_Timer()
@@ -148,10 +151,14 @@ void frmMedia::followMonitors()
     }
     monitors().bringWithinReach(*this);
     findMonitor();
-    forEachSlot([](frmChild& window) {
-        if (window.isLoaded())
-            monitors().bringWithinReach(window);
-    });
+    const auto bring = [](Form* window) {
+        if (window && window->isLoaded())
+            monitors().bringWithinReach(*window);
+    };
+    forEachSlot([&](frmChild& window) { bring(&window); });
+    bring(otherMedia().dvd.form);
+    bring(otherMedia().dvd2.form);
+    bring(otherMedia().mkv.form);
 }
 
 } // namespace tandrel

@@ -20,13 +20,11 @@ constexpr int kOutOfSight = -25000;
 constexpr int kNudge = 15;
 constexpr const char* kFirstDisc = "CD1";
 
-/// Removes the first entry that stands for the file: its path, or its bare name. `name` may be empty, where the file is
-/// gone from the disk.
-void removeEntry(ListBox& list, const Text& name, const Text& path)
+/// Removes the first entry that stands for the file: its path, or its bare name.
+void removeEntry(ListBox& list, const Text& path)
 {
     for (Long index = 0; index < list.ListCount(); index += 1) {
-        const Text entry = list.List(index);
-        if (entry == path || (!name.empty() && (entry == name || fileNameOf(entry) == name))) {
+        if (sameMedium(list.List(index), path)) {
             list.RemoveItem(index);
             return;
         }
@@ -110,17 +108,16 @@ void frmMedia::changeDisc(frmChild& window, const Text& path)
     FullPicture = picture.place();
     picture.Top = kOutOfSight;
     const Text old = window.path();
-    const Text name = services().files->dir(old);
-    removeEntry(List2, name, old);
-    removeEntry(List1, name, old);
+    removeEntry(List2, old);
+    removeEntry(List1, old);
     List2.AddItem(path);
     picture.Refresh();
     picture.Height = window.height();
     picture.Width = window.width();
     const bool opened = openDisc(window, path);
     window.Height = window.height() - kNudge;
-    window.Caption = "§" + path;
     if (!FullScreenOn) {
+        window.Caption = "§" + path;
         SetFocus();
     } else {
         FullMedia = CurrentAlias;

@@ -31,6 +31,15 @@ int rightEdge()
     return Long((console.FullLeft + console.FullWidth) / static_cast<double>(screen().TwipsPerPixelX()));
 }
 
+/// The window of a file or of a disc that fills the screen, or null.
+VideoWindow* fullWindow()
+{
+    if (frmChild* window = firstSlot([](const frmChild& slot) { return slot.Full; }))
+        return window;
+    VideoWindow* disc = otherMedia().dvd.form;
+    return disc && disc->Full ? disc : nullptr;
+}
+
 } // namespace
 
 bool frmMedia::cursorIsParked() const { return CursorHomeX != -1 && CursorHomeY != -1; }
@@ -192,7 +201,7 @@ void frmMedia::leaveFullScreen()
     FullMedia.clear();
     Visible = true;
     // Nothing fills the screen, whatever the flag says.
-    if (FullScreenOn && !firstSlot([](const frmChild& slot) { return slot.Full; })) {
+    if (FullScreenOn && !fullWindow()) {
         FullScreenOn = false;
         ScreenSaverSwitch(true);
     }
@@ -200,9 +209,10 @@ void frmMedia::leaveFullScreen()
 
 void frmMedia::followEndOfFullScreen()
 {
-    frmChild* window = FullScreenOn ? nullptr : firstSlot([](const frmChild& slot) { return slot.Full; });
+    VideoWindow* window = FullScreenOn ? nullptr : fullWindow();
     if (!window)
         return;
+    DvdFullByClick = false;
     PanelUp = false;
     showParkedCursor();
     window->returnFromScreen();

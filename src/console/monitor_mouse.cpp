@@ -1,5 +1,5 @@
-// The mouse buttons, polled: full screen by a right click, windows that are dragged and sized, clicks that are told
-// apart. `Timer3`.
+// The mouse buttons, polled: full screen by a right click, windows that are dragged and sized, clicks that are
+// counted. `Timer3`.
 
 #include "console/frm_media.h"
 #include "console/holders.h"
@@ -136,6 +136,9 @@ void frmMedia::fillWithSelected()
 void frmMedia::fillWith(frmChild& window)
 {
     window.fillScreen();
+    // It may have been closed on its way.
+    if (!window.Full)
+        return;
     bringUpPanel(panelTitle());
     Timer4.Enabled = false;
 }

@@ -19,7 +19,7 @@ PixelRect consoleMonitor()
 
 void VideoWindow::fillScreen() { fillScreen(consoleMonitor()); }
 
-void VideoWindow::fillScreen(const PixelRect& told)
+void VideoWindow::fillScreen(const PixelRect& target)
 {
     FullScreenOn = true;
     Full = true;
@@ -32,15 +32,15 @@ void VideoWindow::fillScreen(const PixelRect& told)
     Style.Titlebar = false;
     Style.Border = false;
     showStrips(false);
-    cover(told);
+    cover(target);
     frmMedia().FullPicture = pictureBox().place();
     SetFocus();
 }
 
-void VideoWindow::cover(const PixelRect& told)
+void VideoWindow::cover(const PixelRect& target)
 {
-    movePixels(told);
-    if (const PixelRect monitor = consoleMonitor(); !(told == monitor))
+    movePixels(target);
+    if (const PixelRect monitor = consoleMonitor(); !(target == monitor))
         movePixels(monitor);
     Refresh();
     setFullScreen(true);

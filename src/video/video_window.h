@@ -22,13 +22,13 @@ public:
     /// The close box and the strips that it is sized by.
     virtual void showStrips(bool on) = 0;
 
-    /// Fills the screen: keeps the present place, drops border, title and strips, covers `told` (pixels) and gets the
+    /// Fills the screen: keeps the present place, drops border, title and strips, covers `target` (pixels) and gets the
     /// focus. Where those numbers miss the console's monitor, the window is put right onto it afterwards.
-    void fillScreen(const PixelRect& told);
+    void fillScreen(const PixelRect& target);
     /// The same with the rectangle of the console's monitor.
     void fillScreen();
-    /// Covers `told`, and the console's monitor where that is elsewhere.
-    void cover(const PixelRect& told);
+    /// Covers `target`, and the console's monitor where that is elsewhere.
+    void cover(const PixelRect& target);
     /// Title and border come back, and then the kept place. Neither shows nor activates the window.
     void returnFromScreen();
 };

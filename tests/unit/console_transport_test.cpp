@@ -472,12 +472,14 @@ TEST_F(ConsoleTransport, TheTickFollowsTheSelectedVideo)
     VideoWindows[0]->markFailed();
     console().Timer1.Tick();
     VideoWindows[0]->Tag = "";
-    CurrentAlias = kNoMedia;
-    console().Timer1.Tick();
-    CurrentAlias = alias(0);
     console().ClosingDown = true;
     console().Timer1.Tick();
     EXPECT_THAT(commands(), IsEmpty());
+    console().ClosingDown = false;
+    CurrentAlias = kNoMedia;
+    console().Timer1.Tick();
+    EXPECT_THAT(commands(), Contains("set No Media Selected time format ms"))
+        << "a text like any other, which no device has";
 }
 
 // The volume.
