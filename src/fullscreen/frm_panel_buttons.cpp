@@ -209,8 +209,10 @@ void frmPanel::giveVolume()
     class frmMedia& console = frmMedia();
     console.InvertSlider.Value = kLoudest - InvertSlider.Value();
     console.VolumeSlider.Value = InvertSlider.Value;
-    if (auto* player = playerWindow())
+    if (auto* player = playerWindow()) {
         ignoringErrors([&] { controlOf(*player).setVolume(console.VolumeSlider.Value()); });
+        return;
+    }
     if (CurrentAlias.empty())
         return;
     MediaSetVolume(console.VolumeSlider.Value);
