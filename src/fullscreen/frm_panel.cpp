@@ -45,8 +45,8 @@ frmPanel::frmPanel() : Form("frmPanel", Frame::Bare, {0, 0, 14400, kHeight})
     imgMoveUp.pointerShape = pointer::kHand;
     imgDVD.Visible = false;
     wireButtons();
-    wireHover();
     wireStrip();
+    wireHover();
     Timer2.Tick = [this] { Timer2_Timer(); };
     KeyPress = [this](int code) { Form_KeyPress(code); };
 }

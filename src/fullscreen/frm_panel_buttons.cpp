@@ -102,6 +102,16 @@ void frmPanel::wireHover()
     };
     MouseLeave = [this] { lightUp(nullptr); };
     MouseDown = [this](const MouseEvent&) { PanelIdle = false; };
+    // Texts and pictures take the mouse from the form they lie on.
+    for (Control* control : controls()) {
+        if (!control->MouseMove)
+            control->MouseMove = MouseMove;
+        control->MouseDown = [this, own = std::move(control->MouseDown)](const MouseEvent& event) {
+            PanelIdle = false;
+            if (own)
+                own(event);
+        };
+    }
 }
 
 Text frmPanel::restPicture(const Image& image) const
