@@ -163,6 +163,7 @@ void bringUpPanel(const Text& title)
     PanelUp = true;
     class frmPanel& panel = frmPanel();
     panel.Show();
+    panel.imgDVD.Visible = DVDMode;
     panel.lblTitle.Caption = title;
     panel.ZOrder();
     panel.Left = console.FullLeft;
