@@ -13,6 +13,9 @@
 #include <QAbstractButton>
 #include <QtTest/qtestmouse.h>
 
+#include <algorithm>
+#include <set>
+
 namespace tandrel::test
 {
 
@@ -127,6 +130,32 @@ TEST_F(PanelWidgets, WhereverThePointerMovesThePanelStaysUp)
         panel().PanelIdle = true;
         moveOver(on(name));
         EXPECT_FALSE(panel().PanelIdle) << name;
+    }
+}
+
+TEST_F(PanelWidgets, EveryPictureThatItMayShowIsDrawn)
+{
+    startFull();
+    std::set<Text> names{panel().picMain.picture};
+    const auto note = [&] {
+        for (const Control* control : panel().controls())
+            if (const auto* image = dynamic_cast<const Image*>(control))
+                names.insert(image->picture());
+    };
+    for (const int mutedFrom : {0, 50}) {
+        panel().MuteMemory = mutedFrom;
+        for (const Control* control : panel().controls()) {
+            control->MouseMove({});
+            note();
+        }
+    }
+    // At rest some are shown by the row that they lie on.
+    names.erase("");
+    EXPECT_EQ(names.size(), 16U);
+    for (const Text& name : names) {
+        const Bitmap picture = qt.picture(name, 60, 60);
+        EXPECT_TRUE(std::any_of(picture.pixels.begin(), picture.pixels.end(), [](auto pixel) { return pixel != 0; }))
+            << name << " shows nothing";
     }
 }
 
