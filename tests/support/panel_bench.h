@@ -23,6 +23,14 @@ protected:
         start("0");
         openSeveral(videos);
     }
+    /// The console is on another monitor now.
+    void standOn(const PixelRect& monitor)
+    {
+        console().FullLeft = 15 * monitor.left;
+        console().FullTop = 15 * monitor.top;
+        console().FullWidth = 15 * monitor.width();
+        console().FullHeight = 15 * monitor.height();
+    }
     /// A video fills the screen by a right click, and the panel comes up.
     frmChild& fill(int index)
     {

@@ -198,9 +198,10 @@ TEST_F(PanelButtons, WhereBothJumpsAreSetTheOneAskedForIsLeft)
 TEST_F(PanelButtons, WithNothingSelectedNoJumpBegins)
 {
     CurrentAlias.clear();
-    press(panel().imgFwd);
-    press(panel().imgRwd);
-    EXPECT_FALSE(FastForward || FastRewind);
+    for (Image* button : {&panel().imgFwd, &panel().imgRwd}) {
+        press(*button);
+        EXPECT_FALSE(FastForward || FastRewind);
+    }
 }
 
 // The way out.

@@ -198,9 +198,11 @@ TEST_F(PanelHide, OverTheOriginItNeverGoes)
 
 TEST_F(PanelHide, APanelThatBeginsOrEndsAtTheOriginGoes)
 {
+    start("0");
     for (const PixelRect monitor : {PixelRect{0, -1060, 1920, 20}, {-1920, -1060, 0, 20}}) {
-        openOn({monitor, {3000, 0, 3640, 480}}, 1);
-        frmChild& window = fill(0);
+        standOn(monitor);
+        frmChild& window = open(0);
+        fill(0);
         tick();
         tick();
         EXPECT_TRUE(isDown()) << monitor.left;

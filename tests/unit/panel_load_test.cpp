@@ -204,20 +204,15 @@ TEST_F(PanelLoad, TheCurrentTimeFollowsWhileThePanelIsUp)
     EXPECT_EQ(panel().lblCurrent.caption(), "-");
 }
 
-TEST_F(PanelLoad, TheEndOfTheConsoleEndsIt)
-{
-    fullScreen();
-    unload(console());
-    EXPECT_FALSE(Loaded<class frmPanel>());
-}
-
 // The strip of the volume on a video looks at it.
 
 TEST_F(PanelLoad, TheEndOfTheVolumeStripLeavesThePanelTheKeysWhereverTheMonitorIs)
 {
+    start("0");
     for (const PixelRect monitor : {PixelRect{0, 0, 1920, 1080}, {0, 400, 1920, 1480}, {0, -1080, 1920, 0}}) {
-        openOn({monitor, {3000, 0, 3640, 480}}, 1);
-        frmChild& window = fill(0);
+        standOn(monitor);
+        frmChild& window = open(0);
+        fill(0);
         window.MouseWheel(0, 120, 0, 0);
         panel().SetFocus();
         window.Timer1.tick();
