@@ -223,7 +223,7 @@ void frmPanel::giveVolume()
         ignoringErrors([&] { controlOf(*player).setVolume(console.VolumeSlider.Value()); });
         return;
     }
-    if (CurrentAlias.empty())
+    if (mediaKind() != MediaKind::Files || CurrentAlias.empty())
         return;
     MediaSetVolume(console.VolumeSlider.Value);
     if (frmChild* window = slotPlaying(CurrentAlias))
