@@ -45,8 +45,8 @@ frmPanel::frmPanel() : Form("frmPanel", Frame::Bare, {0, 0, 14400, kHeight})
     imgMoveUp.pointerShape = pointer::kHand;
     imgDVD.Visible = false;
     wireButtons();
-    wireHover();
     wireStrip();
+    wireHover();
     Timer2.Tick = [this] { Timer2_Timer(); };
     KeyPress = [this](int code) { Form_KeyPress(code); };
 }
@@ -163,6 +163,7 @@ void bringUpPanel(const Text& title)
     PanelUp = true;
     class frmPanel& panel = frmPanel();
     panel.Show();
+    panel.imgDVD.Visible = DVDMode;
     panel.lblTitle.Caption = title;
     panel.ZOrder();
     panel.Left = console.FullLeft;

@@ -91,6 +91,8 @@ private:
     void imgMoveUp_Click();
     Long targetOfStrip() const;
     void seekToStrip();
+    /// The medium goes where the strip is dragged to.
+    void followDrag();
 
     /// Blocks the auto-hide. Nothing sets it.
     bool PanelHold = false;

@@ -102,6 +102,16 @@ void frmPanel::wireHover()
     };
     MouseLeave = [this] { lightUp(nullptr); };
     MouseDown = [this](const MouseEvent&) { PanelIdle = false; };
+    // Texts and pictures take the mouse from the form they lie on.
+    for (Control* control : controls()) {
+        if (!control->MouseMove)
+            control->MouseMove = MouseMove;
+        control->MouseDown = [this, own = std::move(control->MouseDown)](const MouseEvent& event) {
+            PanelIdle = false;
+            if (own)
+                own(event);
+        };
+    }
 }
 
 Text frmPanel::restPicture(const Image& image) const
@@ -209,9 +219,11 @@ void frmPanel::giveVolume()
     class frmMedia& console = frmMedia();
     console.InvertSlider.Value = kLoudest - InvertSlider.Value();
     console.VolumeSlider.Value = InvertSlider.Value;
-    if (auto* player = playerWindow())
+    if (auto* player = playerWindow()) {
         ignoringErrors([&] { controlOf(*player).setVolume(console.VolumeSlider.Value()); });
-    if (CurrentAlias.empty())
+        return;
+    }
+    if (mediaKind() != MediaKind::Files || CurrentAlias.empty())
         return;
     MediaSetVolume(console.VolumeSlider.Value);
     if (frmChild* window = slotPlaying(CurrentAlias))

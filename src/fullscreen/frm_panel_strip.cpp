@@ -15,7 +15,7 @@ namespace
 {
 bool leftDown(const MouseEvent& event) { return (event.button & mouse::kLeft) != 0; }
 
-bool somethingPlays() { return DVDMode || !CurrentAlias.empty(); }
+bool somethingPlays() { return DVDMode || MkvOpen || !CurrentAlias.empty(); }
 } // namespace
 
 void frmPanel::wireStrip()
@@ -62,7 +62,7 @@ void frmPanel::imgMoveUp_MouseMove(const MouseEvent& event)
         PanelSeeking = true;
     }
     if (somethingPlays() && PanelSeeking)
-        seekToStrip();
+        followDrag();
     PanelSeeking = false;
 }
 
@@ -76,6 +76,17 @@ void frmPanel::seekToStrip()
     SeekTarget = targetOfStrip();
     if (const frmChild* window = slotPlaying(CurrentAlias))
         MediaSeek(SeekTarget, window->Paused);
+}
+
+void frmPanel::followDrag()
+{
+    const MediaKind kind = mediaKind();
+    if (kind == MediaKind::Files)
+        return seekToStrip();
+    SeekTarget = targetOfStrip();
+    // A disc seeks at the click alone.
+    if (kind == MediaKind::Hd)
+        seekOtherMedia(SeekTarget);
 }
 
 void frmPanel::imgMoveUp_Click()

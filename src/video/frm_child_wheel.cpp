@@ -74,7 +74,7 @@ void frmChild::Timer1_Timer()
     Timer1.Interval = 0;
     Timer1.Enabled = false;
     frmMedia().VolumeTipOn = false;
-    if (!Loaded<class frmPanel>() || frmPanel().Top() >= frmMedia().FullHeight)
+    if (!Loaded<class frmPanel>() || !frmPanel().standsUp())
         SetFocus();
 }
 

@@ -174,7 +174,9 @@ TEST_F(ConsoleWidgets, ThePressOfTheMouseShowsNoRing)
 TEST_F(ConsoleWidgets, AKeyOnASliderThatTheMouseHasTakenShowsItsRing)
 {
     start();
-    QWidget* slider = named(console(), "SeekSlider");
+    // The other slider hands the keys on to this one at once.
+    QWidget* slider = named(console(), "InvertSlider");
+    slider->clearFocus();
     takeWithMouse(slider);
     ASSERT_EQ(QApplication::focusWidget(), slider);
     type(slider, Qt::Key_Home);
@@ -311,6 +313,8 @@ TEST_F(ConsoleWidgets, EveryDrawingThatIsNamedIsThere)
         for (const Control* control : form->controls())
             if (const auto* image = dynamic_cast<const Image*>(control))
                 names.insert(QString::fromStdString(image->picture()));
+    // Some lie on a drawing that shows them already, and on some a picture is put later.
+    names.erase(QString());
     EXPECT_GT(names.size(), 45U);
     for (const QString& name : names) {
         EXPECT_TRUE(QSvgRenderer(":/skin/" + name + ".svg").isValid()) << name.toStdString();
