@@ -13,6 +13,7 @@ namespace tandrel
 
 class frmChild;
 class MediaPlayerControl;
+class VideoWindow;
 template <class Control, class Window>
 struct ControlWindow;
 
@@ -280,6 +281,7 @@ private:
     /// False: the tick ends here.
     bool rightClick();
     void fillWithDisc();
+    void fillDisc(VideoWindow& window);
     void fillWithPlayer();
     bool fillPlayer(const ControlWindow<MediaPlayerControl, Form>& player);
     void fillWithSelected();

@@ -31,15 +31,6 @@ int rightEdge()
     return Long((console.FullLeft + console.FullWidth) / static_cast<double>(screen().TwipsPerPixelX()));
 }
 
-/// The window of a file or of a disc that fills the screen, or null.
-VideoWindow* fullWindow()
-{
-    if (frmChild* window = firstSlot([](const frmChild& slot) { return slot.Full; }))
-        return window;
-    VideoWindow* disc = otherMedia().dvd.form;
-    return disc && disc->Full ? disc : nullptr;
-}
-
 } // namespace
 
 bool frmMedia::cursorIsParked() const { return CursorHomeX != -1 && CursorHomeY != -1; }

@@ -101,9 +101,14 @@ void frmMedia::fillWithDisc()
         return;
     spendPress(MouseButton::Right);
     DvdFullByClick = true;
+    fillDisc(*window);
+}
+
+void frmMedia::fillDisc(VideoWindow& window)
+{
     SaverOff = true;
     // The corner stands in twips here, which is right on the first monitor; the window is put right elsewhere.
-    window->fillScreen({FullLeft, FullTop, FullLeft + pixelsX(FullWidth), FullTop + pixelsY(FullHeight)});
+    window.fillScreen({FullLeft, FullTop, FullLeft + pixelsX(FullWidth), FullTop + pixelsY(FullHeight)});
     bringUpPanel(panelTitle());
 }
 

@@ -180,7 +180,7 @@ void frmMedia::chkFullscreen_Click()
         MediaPlay();
         return;
     }
-    const bool wasFull = firstSlot([](const frmChild& slot) { return slot.Full; }) != nullptr;
+    const bool wasFull = fullWindow() != nullptr;
     chkFullscreen.Value = 0;
     FullScreenOn = true;
     ScreenSaverSwitch(false);
@@ -199,8 +199,12 @@ void frmMedia::fillByCommand()
         ignoringErrors([&] { fillPlayer(*player); });
         return;
     }
-    frmChild* window = slotPlaying(CurrentAlias);
-    if (mediaKind() == MediaKind::Files && window && window->visible())
+    const bool isDisc = mediaKind() == MediaKind::DiscOnVideoControl;
+    VideoWindow* disc = isDisc ? otherMedia().dvd.form : nullptr;
+    frmChild* window = isDisc ? nullptr : slotPlaying(CurrentAlias);
+    if (disc && disc->visible())
+        fillDisc(*disc);
+    else if (window && window->visible())
         fillWith(*window);
 }
 

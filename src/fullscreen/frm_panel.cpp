@@ -4,6 +4,7 @@
 #include "console/holders.h"
 #include "media/shared_state.h"
 #include "texts/frm_update.h"
+#include "toolkit/activation.h"
 #include "toolkit/program.h"
 #include "toolkit/screen.h"
 #include "video/other_media.h"
@@ -155,6 +156,9 @@ void frmPanel::focusPicture()
     for (std::size_t index = 1; index < VideoWindows.size(); ++index)
         if (VideoWindows[index] && VideoWindows[index]->plays(CurrentAlias))
             return VideoWindows[index]->SetFocus();
+    // Off the screen the panel can't hold the keys. Most window managers hand them to the picture by themselves.
+    if (frmChild* window = activeForm() == this ? firstSlot([](const frmChild& slot) { return slot.Full; }) : nullptr)
+        window->SetFocus();
 }
 
 void bringUpPanel(const Text& title)
@@ -163,6 +167,8 @@ void bringUpPanel(const Text& title)
     PanelUp = true;
     class frmPanel& panel = frmPanel();
     panel.Show();
+    // It may have gone from under a pointer that has moved elsewhere since.
+    panel.lightUp(nullptr);
     panel.imgDVD.Visible = DVDMode;
     panel.lblTitle.Caption = title;
     panel.ZOrder();

@@ -49,6 +49,8 @@ public:
 
     /// The drawn part of the strip follows the console's slider.
     void followSlider();
+    /// All buttons in their rest state but this one.
+    void lightUp(const Image* hovered);
     /// It is in view, as far as the auto-hide and the hiding of the cursor are concerned.
     bool standsUp() const;
 
@@ -68,8 +70,6 @@ private:
     // frm_panel_buttons.cpp
     void wireButtons();
     void wireHover();
-    /// All buttons in their rest state but this one.
-    void lightUp(const Image* hovered);
     Text restPicture(const Image& image) const;
     void imgPlay_Click();
     void imgPause_Click();

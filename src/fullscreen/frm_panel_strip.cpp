@@ -54,6 +54,7 @@ void frmPanel::imgMoveUp_MouseDown(const MouseEvent& event)
 void frmPanel::imgMoveUp_MouseMove(const MouseEvent& event)
 {
     PanelIdle = false;
+    lightUp(nullptr);
     const Long x = event.x;
     if (!leftDown(event))
         return;

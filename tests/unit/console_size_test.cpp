@@ -220,6 +220,23 @@ TEST_F(ConsoleFullBox, AnHdFilmAndADiscOnThePlayerFillTheScreenThemselves)
     EXPECT_FALSE(VideoWindows[1]->Full) << "the file behind it does not";
 }
 
+TEST_F(ConsoleFullBox, ADiscOnTheVideoControlFillsTheScreenAndGoesBack)
+{
+    OtherMediaBench bench;
+    DVDMode = true;
+    WindowsVersion = "WINDOWS XP";
+    const Rect before = rectOf(*bench.dvdForm);
+    tick();
+    EXPECT_TRUE(bench.dvdForm->Full);
+    EXPECT_TRUE(FullScreenOn);
+    EXPECT_EQ(rectOf(*bench.dvdForm), (Rect{0, 0, 28800, 16200}));
+    EXPECT_EQ(frmPanel().lblTitle.caption(), "DVD:: \"Movie\"");
+    EXPECT_FALSE(VideoWindows[1]->Full);
+    tick();
+    EXPECT_FALSE(bench.dvdForm->Full);
+    EXPECT_EQ(rectOf(*bench.dvdForm), before);
+}
+
 TEST_F(ConsoleFullBox, OnEachMonitorTheWindowAndThePanelAreWhereTheConsoleIs)
 {
     console().FullLeft = -19200;

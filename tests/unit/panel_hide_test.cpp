@@ -214,14 +214,14 @@ TEST_F(PanelHide, APanelThatBeginsOrEndsAtTheOriginGoes)
 
 // Who gets the keys.
 
-TEST_F(PanelHide, TheFirstSlotIsNotLookedAt)
+TEST_F(PanelHide, WhereNoOtherSlotPlaysIsTheFullPictureGetsTheKeys)
 {
     openOn({{0, 0, 1920, 1080}});
-    fill(0);
+    frmChild& window = fill(0);
     tick();
     tick();
     EXPECT_TRUE(isDown());
-    EXPECT_EQ(activeForm(), &panel());
+    EXPECT_EQ(activeForm(), &window) << "the panel, which is off the screen, can't hold them";
 }
 
 TEST_F(PanelHide, EmptySlotsAndNoneAtAllAreNoMatter)
@@ -238,10 +238,17 @@ TEST_F(PanelHide, EmptySlotsAndNoneAtAllAreNoMatter)
     EXPECT_EQ(activeForm(), &panel());
 }
 
-TEST_F(PanelHide, AnAliasThatNoWindowPlaysGivesTheKeysToNone)
+TEST_F(PanelHide, AnAliasThatNoWindowPlaysGivesTheKeysToTheFullPictureOrToNone)
 {
-    armed();
+    frmChild& window = armed();
     CurrentAlias = alias(7);
+    tick();
+    EXPECT_TRUE(isDown());
+    EXPECT_EQ(activeForm(), &window);
+    window.Full = false;
+    CurrentAlias = alias(7);
+    bringUpPanel("File::");
+    tick();
     tick();
     EXPECT_TRUE(isDown());
     EXPECT_EQ(activeForm(), &panel());

@@ -137,7 +137,8 @@ void Device::goTo(double place, Moment now)
     // The picture is the right one already, and whoever plays on from it need not wait.
     if (standsAt(place)) {
         if (length && !atEnd())
-            asked_ = AskedPlace{.end = false, .value = place, .format = format_, .shown = media_->read().seconds, .since = now};
+            asked_ = AskedPlace{
+                .end = false, .value = place, .format = format_, .shown = media_->read().seconds, .since = now};
         return;
     }
     mayHaveEnded_ = stepped_ = false;
@@ -228,8 +229,8 @@ bool Device::seekIsUnderWay(Moment now)
 {
     // It will bring the place that was asked for, so that nobody need wait to hear of it: a thumb that is dragged would
     // lag behind its pointer.
-    return asked_ && !asked_->end && !asked_->shown && asked_->format == format_ && now - asked_->since < kSeekPatience &&
-           !media_->ready();
+    return asked_ && !asked_->end && !asked_->shown && asked_->format == format_ &&
+           now - asked_->since < kSeekPatience && !media_->ready();
 }
 
 bool Device::settleInTime()

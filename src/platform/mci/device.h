@@ -38,8 +38,8 @@ public:
     void show();
     void showPlace();
 
-    /// With `afterSeeks`, a seek under way is waited for. Without it a device at rest answers the place it is on its way
-    /// to, for as long as anybody would wait.
+    /// With `afterSeeks`, a seek under way is waited for. Without it a device at rest answers the place it is on its
+    /// way to, for as long as anybody would wait.
     int position(bool afterSeeks, Moment now, double& answer);
     double length();
     std::string_view mode();

@@ -302,7 +302,10 @@ int MciService::pause(Device& device, const Command&)
     return mci_error::kNone;
 }
 
-int MciService::seek(Device& device, const Command& command) { return device.seek(command[Clause::To]->numbers[0], now_()); }
+int MciService::seek(Device& device, const Command& command)
+{
+    return device.seek(command[Clause::To]->numbers[0], now_());
+}
 
 int MciService::step(Device& device, const Command& command) { return device.step(directionOf(command)); }
 
