@@ -274,6 +274,8 @@ private:
     void playSecondDisc();
     void changeDisc(frmChild& window, const Text& path);
     bool openDisc(frmChild& window, const Text& path);
+    /// The full-screen window takes the name of the next disc, and its picture is to be fitted anew.
+    void nameFullWindow(frmChild& window, const Text& path);
 
     // monitor_mouse.cpp
     void Timer3_Timer();
@@ -292,7 +294,8 @@ private:
     void noteDrag(const Form& window, Long x, Long y);
     void sizeByDrag(Form& window);
     void forgetDrag();
-    void countClicks(bool down);
+    void countDown();
+    void countRelease();
     void countPress();
     void tidyFullScreen();
 
@@ -305,11 +308,12 @@ private:
     void scrollTitle();
     void restartEndedVideos();
     void restartIfEnded(const frmChild& window);
+
+    // display_change.cpp
     /// Monitors have come, gone or changed.
     void followMonitors();
 
     // monitor_full_screen.cpp
-    bool cursorIsParked() const;
     void parkCursor();
     bool hasLeftParking() const;
     /// The cursor comes back, and with it the panel.
@@ -361,8 +365,6 @@ private:
 
     /// Ids of hot keys that wait for the end of a long command.
     std::vector<int> waitingKeys_;
-    /// Where the pointer is while it is parked.
-    PixelPoint parkedAt_;
     Text storedTop_;
     Text storedLeft_;
     /// The list of handed over files can't be read: the next activation tries again.

@@ -2,8 +2,6 @@
 
 #include "console/frm_media.h"
 #include "console/holders.h"
-#include "desktop/monitors.h"
-#include "desktop/screen_saver.h"
 #include "fullscreen/frm_panel.h"
 #include "media/mod_media.h"
 #include "media/shared_state.h"
@@ -41,7 +39,9 @@ Reading read(const Alias& alias)
     if (!reading.answered)
         return reading;
     reading.position = numberAtFront(position.text);
-    reading.length = numberAtFront(mciAsk("status " + alias + " length").text);
+    const MciAnswer length = mciAsk("status " + alias + " length");
+    reading.answered = length.result != kNoAnswer;
+    reading.length = numberAtFront(length.text);
     return reading;
 }
 
@@ -91,9 +91,8 @@ void frmMedia::scrollTitle()
         return;
     }
     ignoringErrors([this] {
-        const Text title = mediaTitle();
-        lblTitleBar.Caption =
-            blanks(kBlanksAround) + (DVDMode ? Text("DVD Movie") : " [ " + title + " ] ") + blanks(kBlanksAround);
+        const Text title = DVDMode ? Text("DVD Movie") : " [ " + mediaTitle() + " ] ";
+        lblTitleBar.Caption = blanks(kBlanksAround) + title + blanks(kBlanksAround);
     });
 }
 
@@ -128,37 +127,9 @@ void frmMedia::Timer4_Timer()
         CursorIdle = false;
         return;
     }
-    if (CursorIdle && !VolumeTipOn && !frmPanel().standsUp() && !FullMenuOpen && CursorHomeX == -1)
+    if (CursorIdle && !VolumeTipOn && !frmPanel().standsUp() && !FullMenuOpen && !CursorParked)
         parkCursor();
     CursorIdle = true;
-}
-
-void frmMedia::followMonitors()
-{
-    const PixelRect before = consoleMonitor();
-    monitors().Refresh();
-    if (ClosingDown || !isLoaded())
-        return;
-    for (const clsMonitor& monitor : monitors().Monitors())
-        if (PixelRect{monitor.Left, monitor.Top, monitor.Right, monitor.Bottom} == before)
-            return;
-    // What fills a monitor that is no more returns to its size, and everything to where it can be reached.
-    if (FullScreenOn) {
-        FullScreenOn = false;
-        ScreenSaverSwitch(true);
-        FullMedia.clear();
-        followEndOfFullScreen();
-    }
-    monitors().bringWithinReach(*this);
-    findMonitor();
-    const auto bring = [](Form* window) {
-        if (window && window->isLoaded())
-            monitors().bringWithinReach(*window);
-    };
-    forEachSlot([&](frmChild& window) { bring(&window); });
-    bring(otherMedia().dvd.form);
-    bring(otherMedia().dvd2.form);
-    bring(otherMedia().mkv.form);
 }
 
 } // namespace tandrel

@@ -116,21 +116,26 @@ void frmMedia::changeDisc(frmChild& window, const Text& path)
     picture.Width = window.width();
     const bool opened = openDisc(window, path);
     window.Height = window.height() - kNudge;
-    if (!FullScreenOn) {
+    if (FullScreenOn) {
+        nameFullWindow(window, path);
+    } else {
         window.Caption = "§" + path;
         SetFocus();
-    } else {
-        FullMedia = CurrentAlias;
-        window.Style.Titlebar = true;
-        window.Style.Border = true;
-        window.Caption = "§" + path;
-        window.Style.Titlebar = false;
-        window.Style.Border = false;
-        picture.BorderStyle = 0;
-        RefitTicks = 1;
     }
     picture.Refresh();
     picture.Visible = opened;
+}
+
+void frmMedia::nameFullWindow(frmChild& window, const Text& path)
+{
+    FullMedia = CurrentAlias;
+    window.Style.Titlebar = true;
+    window.Style.Border = true;
+    window.Caption = "§" + path;
+    window.Style.Titlebar = false;
+    window.Style.Border = false;
+    window.picVideo.BorderStyle = 0;
+    RefitTicks = 1;
 }
 
 bool frmMedia::openDisc(frmChild& window, const Text& path)

@@ -19,6 +19,10 @@ struct MonitorFields {
     /// Where the pointer stood before it was parked; -1 when it isn't.
     float CursorHomeX = -1;
     float CursorHomeY = -1;
+    /// It is parked. Beside a monitor that begins left of or above the first, its home may well be at -1.
+    bool CursorParked = false;
+    /// Where it really is meanwhile, in pixels.
+    PixelPoint ParkedAt;
     /// `Timer4` has seen the pointer at rest.
     bool CursorIdle = false;
     /// The DVD window went to full screen by a right click.
@@ -35,7 +39,7 @@ struct MonitorFields {
     Long DragSizeHeight;
     /// The left button went down on `SeekSlider` while something is loaded.
     bool SeekDragging = false;
-    /// The picture inside its window, in twips, as it is in full screen.
+    /// The picture inside its window, in twips: as it is in full screen, or when its disc was changed.
     TwipsRect FullPicture;
 };
 

@@ -33,23 +33,20 @@ int rightEdge()
 
 } // namespace
 
-bool frmMedia::cursorIsParked() const { return CursorHomeX != -1 && CursorHomeY != -1; }
-
 void frmMedia::parkCursor()
 {
     CursorLastX = static_cast<float>(divide(static_cast<double>(FullLeft + FullWidth), screen().TwipsPerPixelX()));
     CursorLastY = kParkedY;
     services().pointer->showCursor(false);
-    if (CursorHomeX == -1)
-        CursorHomeX = static_cast<float>(CursorPos.x);
-    if (CursorHomeY == -1)
-        CursorHomeY = static_cast<float>(CursorPos.y);
+    CursorParked = true;
+    CursorHomeX = static_cast<float>(CursorPos.x);
+    CursorHomeY = static_cast<float>(CursorPos.y);
     MoveMouse(CursorLastX, CursorLastY);
     // These numbers are meant for a monitor that begins at the top of the desktop and has none beside it.
     const PixelRect monitor = consoleMonitor();
     if (!monitor.contains(services().pointer->position()))
         MoveMouse(monitor.right - 1, monitor.top + kParkedY);
-    parkedAt_ = services().pointer->position();
+    ParkedAt = services().pointer->position();
 }
 
 bool frmMedia::hasLeftParking() const
@@ -57,24 +54,24 @@ bool frmMedia::hasLeftParking() const
     const PixelPoint now = services().pointer->position();
     const auto isThere = [](PixelPoint at) { return at.x >= rightEdge() - kNearEdge && at.y == kParkedY; };
     // Where the system would not move it there, it is only hidden, and wakes when it moves from where it is.
-    return isThere(parkedAt_) ? !isThere(now) : !(now == parkedAt_);
+    return isThere(ParkedAt) ? !isThere(now) : !(now == ParkedAt);
 }
 
 void frmMedia::showParkedCursor()
 {
-    if (!cursorIsParked())
+    if (!CursorParked)
         return;
     MoveMouse(CursorHomeX, CursorHomeY);
     services().pointer->showCursor(true);
     CursorHomeX = CursorHomeY = -1;
+    CursorParked = false;
 }
 
 void frmMedia::wakeCursor(const Text& title)
 {
-    if (!cursorIsParked())
+    if (!CursorParked)
         return;
     Timer4.Enabled = false;
-    PanelUp = true;
     showParkedCursor();
     bringUpPanel(title);
     Timer4.Enabled = true;
@@ -82,7 +79,7 @@ void frmMedia::wakeCursor(const Text& title)
 
 void frmMedia::watchParkedCursor()
 {
-    if (FullScreenOn && cursorIsParked() && hasLeftParking())
+    if (FullScreenOn && CursorParked && hasLeftParking())
         wakeCursor(panelTitle());
 }
 

@@ -53,15 +53,19 @@ void frmMedia::Timer3_Timer()
         return;
     runWaitingKeys();
     const bool right = buttonIsDown(MouseButton::Right);
-    const bool left = !right && buttonIsDown(MouseButton::Left);
+    // One question a tick: between two presses that follow each other fast, an answer says that the button was up.
+    const bool left = buttonIsDown(MouseButton::Left);
     if (right && !rightClick())
         return;
-    if (left)
+    if (left && !right)
         dragWindow();
     else if (!right)
         forgetDrag();
     notePanel();
-    countClicks(left || buttonIsDown(MouseButton::Left));
+    if (left)
+        countDown();
+    else
+        countRelease();
     tellClicks();
     if (CurrentAlias.empty())
         return;
@@ -109,7 +113,11 @@ void frmMedia::fillDisc(VideoWindow& window)
     SaverOff = true;
     // The corner stands in twips here, which is right on the first monitor; the window is put right elsewhere.
     window.fillScreen({FullLeft, FullTop, FullLeft + pixelsX(FullWidth), FullTop + pixelsY(FullHeight)});
+    // It may have been closed on its way.
+    if (!window.Full)
+        return;
     bringUpPanel(panelTitle());
+    Timer4.Enabled = false;
 }
 
 void frmMedia::fillWithPlayer()
@@ -150,7 +158,7 @@ void frmMedia::fillWith(frmChild& window)
 
 void frmMedia::popUpFullMenu()
 {
-    if (cursorIsParked()) {
+    if (CursorParked) {
         Timer4.Enabled = false;
         PanelUp = false;
         showParkedCursor();
@@ -162,22 +170,16 @@ void frmMedia::popUpFullMenu()
 
 Form* frmMedia::windowToDrag() const
 {
-    Form* form = nullptr;
-    switch (mediaKind()) {
-    case MediaKind::DiscOnVideoControl:
-        form = FullScreenOn ? nullptr : otherMedia().dvd.form;
-        break;
-    case MediaKind::DiscOnPlayer:
-    case MediaKind::Hd:
-        form = FullScreenOn ? nullptr : playerWindow()->form;
-        break;
-    case MediaKind::Files: {
-        frmChild* window = slotPlaying(CurrentAlias);
-        form = window && !window->Full ? window : nullptr;
-        break;
-    }
-    }
-    return form && activeForm() == form ? form : nullptr;
+    // What of another kind is in front, or the selected file.
+    Form* other = nullptr;
+    if (mediaKind() == MediaKind::DiscOnVideoControl)
+        other = otherMedia().dvd.form;
+    else if (auto* player = playerWindow())
+        other = player->form;
+    if (other && other == activeForm())
+        return FullScreenOn ? nullptr : other;
+    return firstSlot(
+        [](const frmChild& slot) { return slot.plays(CurrentAlias) && !slot.Full && activeForm() == &slot; });
 }
 
 void frmMedia::dragWindow()
@@ -210,7 +212,7 @@ void frmMedia::noteDrag(const Form& window, Long x, Long y)
             return;
         DragOffsetY = y - window.top();
         DragOffsetX = x - window.left();
-        if (mediaKind() == MediaKind::Files)
+        if (dynamic_cast<const frmChild*>(&window))
             WindowDragged = true;
     } else if (DragHandle > 0) {
         DragSizeHeight = y - window.top();
@@ -242,19 +244,18 @@ void frmMedia::followDrag()
         dragWindow();
 }
 
-void frmMedia::countClicks(bool down)
+void frmMedia::countRelease()
 {
-    const bool wasUp = lblTimeClick.caption() == kButtonUp;
-    if (!down) {
-        if (!wasUp)
-            lblTimeClick.Caption = kButtonUp;
-        if (ClickCount == 1)
-            ClickCount = 0;
-        return;
-    }
+    lblTimeClick.Caption = kButtonUp;
+    if (ClickCount == 1)
+        ClickCount = 0;
+}
+
+void frmMedia::countDown()
+{
     // Clicks on the pictures count. While another program is in front they are none of ours.
     const bool isOurs = activeForm() != nullptr;
-    if (wasUp && isOurs)
+    if (isOurs && lblTimeClick.caption() == kButtonUp)
         countPress();
     if (FullScreenOn)
         wakeCursor("File::");
@@ -284,11 +285,8 @@ void frmMedia::countPress()
 void frmMedia::tidyFullScreen()
 {
     const bool discByMenu = DVDMode && FullScreenOn && !DvdFullByClick && !PanelUp;
-    if (discByMenu || FullMedia.empty() || !FullScreenOn || PanelUp || FullMenuOpen)
-        return;
-    PanelUp = false;
-    FullMenuOpen = false;
-    Unload<class frmPanel>();
+    if (!discByMenu && !FullMedia.empty() && FullScreenOn && !PanelUp && !FullMenuOpen)
+        Unload<class frmPanel>();
 }
 
 } // namespace tandrel

@@ -67,7 +67,8 @@ Text frmMedia::mediaTitle() const
 {
     switch (mediaKind()) {
     case MediaKind::DiscOnVideoControl:
-        return "DVD Movie";
+        // Only the marquee has a title for it.
+        return {};
     case MediaKind::DiscOnPlayer:
         return otherMedia().dvd2.form ? otherMedia().dvd2.form->caption() : Text();
     case MediaKind::Hd:

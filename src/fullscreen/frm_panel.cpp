@@ -139,6 +139,7 @@ void frmPanel::slideDown()
 {
     const Long height = frmMedia().FullHeight;
     slide(*this, height - kHeight, height);
+    // The steps end a twip short of that, which would count as up.
     putPanelBelow();
     PanelIdle = false;
     PanelUp = false;

@@ -6,8 +6,6 @@
 namespace tandrel
 {
 
-class frmChild;
-
 /// It keeps no state of playback: the console's sliders are the master of place and volume. Lengths are twips.
 class frmPanel : public Form
 {

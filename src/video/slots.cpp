@@ -4,7 +4,6 @@
 #include "console/holders.h"
 #include "toolkit/program.h"
 #include "toolkit/screen.h"
-#include "video/other_media.h"
 
 #include <algorithm>
 #include <utility>
@@ -70,14 +69,6 @@ frmChild* firstSlot(const std::function<bool(const frmChild&)>& wanted)
 frmChild* slotPlaying(const Alias& alias)
 {
     return firstSlot([&](const frmChild& slot) { return slot.plays(alias); });
-}
-
-VideoWindow* fullWindow()
-{
-    if (frmChild* window = firstSlot([](const frmChild& slot) { return slot.Full; }))
-        return window;
-    VideoWindow* disc = otherMedia().dvd.form;
-    return disc && disc->Full ? disc : nullptr;
 }
 
 Long liveCount()

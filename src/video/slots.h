@@ -25,9 +25,6 @@ frmChild* firstSlot(const std::function<bool(const frmChild&)>& wanted);
 /// The first live slot that plays `alias`, or null. Its own alias is trimmed; the comparison is exact.
 frmChild* slotPlaying(const Alias& alias);
 
-/// The window that fills the screen, of a file or of the disc on the video control; or null.
-VideoWindow* fullWindow();
-
 /// The number of live slots, by a fresh scan.
 Long liveCount();
 

@@ -5,6 +5,8 @@
 #include "desktop/screen_saver.h"
 #include "media/shared_state.h"
 #include "toolkit/screen.h"
+#include "video/other_media.h"
+#include "video/slots.h"
 
 namespace tandrel
 {
@@ -15,6 +17,14 @@ PixelRect consoleMonitor()
     const int left = pixelsX(console.FullLeft);
     const int top = pixelsY(console.FullTop);
     return {left, top, left + pixelsX(console.FullWidth), top + pixelsY(console.FullHeight)};
+}
+
+VideoWindow* fullWindow()
+{
+    if (frmChild* window = firstSlot([](const frmChild& slot) { return slot.Full; }))
+        return window;
+    VideoWindow* disc = otherMedia().dvd.form;
+    return disc && disc->Full ? disc : nullptr;
 }
 
 void VideoWindow::fillScreen() { fillScreen(consoleMonitor()); }

@@ -27,11 +27,15 @@ public:
     void fillScreen(const PixelRect& target);
     /// The same with the rectangle of the console's monitor.
     void fillScreen();
-    /// Covers `target`, and the console's monitor where that is elsewhere.
+    /// Covers `target`, and the console's monitor where that is elsewhere; painted, in front, and in the full-screen
+    /// state of the window system.
     void cover(const PixelRect& target);
     /// Title and border come back, and then the kept place. Neither shows nor activates the window.
     void returnFromScreen();
 };
+
+/// The window that fills the screen, of a file or of the disc on the video control; or null.
+VideoWindow* fullWindow();
 
 /// The rectangle of the console's monitor in pixels.
 PixelRect consoleMonitor();

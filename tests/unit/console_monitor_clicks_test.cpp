@@ -78,6 +78,34 @@ TEST_F(ConsoleMonitorClicks, AHeldButtonIsOnePress)
     EXPECT_EQ(ClickState, 0.5);
 }
 
+TEST_F(ConsoleMonitorClicks, AnAnswerThatTheButtonWasUpInBetweenIsTakenAtItsTick)
+{
+    // Both presses of a fast double click fell between two questions, and the pointer tells of them one by one.
+    struct OneByOne : FakePointer {
+        bool buttonDown(MouseButton button) override
+        {
+            if (button == MouseButton::Right || answers.empty())
+                return false;
+            const bool answer = answers.front();
+            answers.erase(answers.begin());
+            return answer;
+        }
+        std::vector<bool> answers{true, false, true};
+    } pointer;
+    Services services = tandrel::services();
+    services.pointer = &pointer;
+    installServices(services);
+    tick3();
+    EXPECT_EQ(ClickState, 0.5);
+    tick3();
+    EXPECT_EQ(console().lblTimeClick.caption(), kUp);
+    tick3();
+    EXPECT_EQ(ClickState, 1.0);
+    EXPECT_TRUE(pointer.answers.empty());
+    services.pointer = &world.pointer;
+    installServices(services);
+}
+
 TEST_F(ConsoleMonitorClicks, ASlowTickBetweenTwoPressesMakesThemTwoClicks)
 {
     click();

@@ -41,7 +41,7 @@ protected:
         tick4();
         tick4();
     }
-    bool parked() { return console().CursorHomeX != -1; }
+    bool parked() { return console().CursorParked; }
     PixelPoint home;
 };
 
@@ -121,6 +121,7 @@ TEST_F(ConsoleMonitorCursor, ThePanelAMenuAndTheVolumeTipKeepItInSight)
     rest();
     world.pointer.shown = true;
     console().CursorHomeX = console().CursorHomeY = -1;
+    console().CursorParked = false;
     const auto parks = [&] {
         console().CursorIdle = true;
         console().CursorLastX = static_cast<float>(world.pointer.place.x);
@@ -280,6 +281,20 @@ TEST_F(ConsoleMonitorCursor, OnOtherMonitorsItIsParkedThereAndFoundThere)
         FullScreenOn = false;
         discardSlots();
     }
+}
+
+TEST_F(ConsoleMonitorCursor, APlaceOfMinusOneIsAHomeLikeAnyOther)
+{
+    fullOn({-1280, -1024, 0, 0});
+    world.pointer.place = home = {-1, -500};
+    rest();
+    EXPECT_TRUE(parked());
+    EXPECT_FALSE(world.pointer.shown);
+    world.pointer.place.x -= 100;
+    tick2();
+    EXPECT_FALSE(parked());
+    EXPECT_TRUE(world.pointer.shown);
+    EXPECT_EQ(world.pointer.place, home);
 }
 
 TEST_F(ConsoleMonitorCursor, WithAMonitorToTheRightItIsParkedOnItsOwnAllTheSame)

@@ -192,6 +192,18 @@ TEST_F(ConsoleMonitorDrag, TheWindowsOfDiscsAndHdFilmsAreDraggedToo)
     }
 }
 
+TEST_F(ConsoleMonitorDrag, BesideAnHdFilmTheSelectedFileIsDraggedWhereItIsInFront)
+{
+    frmChild& selected = window();
+    OtherMediaBench bench;
+    MkvOpen = true;
+    selected.SetFocus();
+    dragTo(3000, 3000);
+    dragTo(3300, 2700);
+    EXPECT_EQ(rectOf(selected), (Rect{1805, 1200, 4495, 3100}));
+    EXPECT_TRUE(console().WindowDragged);
+}
+
 TEST_F(ConsoleMonitorDrag, WhereTheWindowIsGoneThereIsNothingToDrag)
 {
     play(1);

@@ -243,6 +243,7 @@ TEST_F(ConsoleMonitorFullScreen, ADiscOnTheVideoControlReturnsToItsPlace)
     FullMenuOpen = false;
     world.pointer.shown = false;
     console().CursorHomeX = console().CursorHomeY = 300;
+    console().CursorParked = true;
     // It has not moved, so that the tick itself does not wake it.
     world.pointer.place = {0, 0};
     doubleClick();
@@ -317,6 +318,7 @@ TEST_F(ConsoleMonitorFullScreen, WhereItsMonitorGoesTheWindowReturnsToASizeAndIn
     console().Left = 30000;
     world.monitors.set({{0, 0, 1280, 1024}});
     console().CursorHomeX = console().CursorHomeY = 300;
+    console().CursorParked = true;
     world.pointer.shown = false;
     console().Timer4.Enabled = false;
     services().monitors->changed();

@@ -326,6 +326,7 @@ TEST_F(ConsoleMonitorRightClick, InFullScreenTheMenuWakesAParkedCursorFirst)
     FullMenuOpen = true;
     console().CursorHomeX = 400;
     console().CursorHomeY = 300;
+    console().CursorParked = true;
     world.pointer.shown = false;
     console().Timer4.Enabled = false;
     rightPressOn(console());

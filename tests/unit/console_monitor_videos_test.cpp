@@ -235,6 +235,9 @@ TEST_F(ConsoleMonitorVideos, ADeviceThatDoesNotAnswerIsPassedOverAndTheOthersGoO
     stands(2, "60000");
     EXPECT_THAT(sent(), AllOf(Not(Contains("status A length")), Not(Contains("Play A from 0")),
                               Contains("Play B from 0"), Contains("Play C from 0")));
+    stands(0, "5000");
+    world.mci.fail("status " + alias(0) + " length", 276);
+    EXPECT_THAT(plays(), ElementsAre("Play B from 0", "Play C from 0"));
 }
 
 // Thirty days are more milliseconds than a place holds.

@@ -231,6 +231,7 @@ TEST_F(ConsoleFullBox, ADiscOnTheVideoControlFillsTheScreenAndGoesBack)
     EXPECT_TRUE(FullScreenOn);
     EXPECT_EQ(rectOf(*bench.dvdForm), (Rect{0, 0, 28800, 16200}));
     EXPECT_EQ(frmPanel().lblTitle.caption(), "DVD:: \"Movie\"");
+    EXPECT_FALSE(console().Timer4.enabled());
     EXPECT_FALSE(VideoWindows[1]->Full);
     tick();
     EXPECT_FALSE(bench.dvdForm->Full);
