@@ -158,7 +158,7 @@ private:
     /// Goes on with a step back: shows its picture, or waits for it, or leaves it to the player.
     void lookForPicture();
     /// A place right behind another one that is still being sought. False: it is for the player.
-    bool scrubTo(double seconds);
+    bool scrubTo(double seconds, Moment now);
     /// Shows what there is of the way, and lets the player seek once places no longer change.
     void followScrub();
     void endScrub();
@@ -189,6 +189,7 @@ private:
     std::unique_ptr<PictureWindow> window_;
     /// Null where the player does all steps by itself.
     std::unique_ptr<StepStills> stills_;
+    /// Null where the player finds all places by itself.
     std::unique_ptr<Scrub> scrub_;
     /// The last place that was asked for, and when.
     double sought_ = 0;

@@ -29,10 +29,15 @@ constexpr std::initializer_list<const char*> kSeekToEnd{"seek", "100", "absolute
 
 void MpvDevice::seek(double seconds)
 {
-    if (!scrubTo(seconds))
+    const auto now = Moment::clock::now();
+    if (!scrubTo(seconds, now)) {
+        // What is left of a movement would be shown in the next one.
+        if (stage_ == Stage::Scrubbing)
+            scrub_->stop();
         seekByPlayer(seconds);
+    }
     sought_ = seconds;
-    soughtAt_ = MpvChannel::Moment::clock::now();
+    soughtAt_ = now;
 }
 
 void MpvDevice::seekByPlayer(double seconds)
