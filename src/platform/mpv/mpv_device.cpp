@@ -177,8 +177,8 @@ void MpvDevice::play()
     drain();
     if (ended_)
         return;
-    if (place_ < silentFrom_)
-        turnSound(true);
+    if (soundIsOff_)
+        restoreSound();
     runFromStill();
     // A step that was given up may have left it so.
     showAtOnce(false);

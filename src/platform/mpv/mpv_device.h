@@ -179,6 +179,8 @@ private:
     void runFromStill();
     void sizePictures(PictureSize size);
     void turnSound(bool on);
+    /// Sound comes on again for a play from here, at rest.
+    void restoreSound();
     bool isExpected(double seconds) const;
     bool waitsForPlayer() const;
     /// How far a running device has probably come since then, in seconds.
@@ -261,8 +263,8 @@ private:
     bool hasSound_ = false;
     /// Off between a seek to the end and the next play that starts before `silentFrom_`.
     bool soundIsOff_ = false;
-    /// So near to the last picture, found by the seek that turned it off, sound stays off. Seconds.
-    double silentFrom_ = 0;
+    /// So near to the last picture, once a seek to the end has found it, sound stays off. Seconds.
+    std::optional<double> silentFrom_;
     /// The last picture is shown, and the place is that of the sound.
     bool pictureIsPast_ = false;
     std::optional<double> soundTime_;

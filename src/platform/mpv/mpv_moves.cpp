@@ -166,6 +166,23 @@ void MpvDevice::turnSound(bool on)
     soundIsOff_ = !on;
 }
 
+void MpvDevice::restoreSound()
+{
+    if (!silentFrom_) {
+        // The end was left again before it was found.
+        const double place = place_;
+        forgetMoves();
+        sendEnd();
+        settle();
+        forgetMoves();
+        returnTo_ = place;
+        sendExactSeek(place);
+        settle();
+    }
+    if (silentFrom_ && place_ < *silentFrom_)
+        turnSound(true);
+}
+
 void MpvDevice::forgetMoves()
 {
     wanted_.reset();
