@@ -168,7 +168,7 @@ void MpvDevice::turnSound(bool on)
 
 void MpvDevice::restoreSound()
 {
-    if (!silentFrom_) {
+    if (!silentFrom_ && !running_) {
         // The end was left again before it was found.
         const double place = place_;
         forgetMoves();
