@@ -203,9 +203,16 @@ TEST_F(ScrubScreen, WhateverComesInBetween)
     for (int round = 0; round < 40; ++round) {
         std::string done;
         for (int turn = 4 + draw(8); turn > 0; --turn) {
-            static constexpr const char* kOthers[]{
-                "step A", "step A reverse", "Play A", "Pause A", "put A window at 0 0 160 120", "put A window at 0 0 0 0",
-                "put A window at 0 0 320 240", "seek A to 150", "status A position", "status A position wait"};
+            static constexpr const char* kOthers[]{"step A",
+                                                   "step A reverse",
+                                                   "Play A",
+                                                   "Pause A",
+                                                   "put A window at 0 0 160 120",
+                                                   "put A window at 0 0 0 0",
+                                                   "put A window at 0 0 320 240",
+                                                   "seek A to 150",
+                                                   "status A position",
+                                                   "status A position wait"};
             const int kind = draw(39);
             const std::string command =
                 kind < 10 ? kOthers[kind] : "seek A to " + std::to_string(draw(kind < 30 ? 149 : 20));

@@ -68,8 +68,8 @@ protected:
         });
         if (came && !scrub->failed())
             return testing::AssertionSuccess();
-        return testing::AssertionFailure() << "for " << time << " the last is " << last.value_or(-1)
-                                           << (scrub->failed() ? ", and it failed" : "");
+        return testing::AssertionFailure()
+               << "for " << time << " the last is " << last.value_or(-1) << (scrub->failed() ? ", and it failed" : "");
     }
 
     std::shared_ptr<StepBudget> budget = std::make_shared<StepBudget>(64 << 20);
