@@ -54,6 +54,7 @@ tandrel_media_test(mci_unit NODISPLAY
 
 # Steps: what is kept of pictures, and what the player's own pictures say to that.
 tandrel_media_test(steps_kept NODISPLAY
+  contract/scrub_test.cpp
   contract/step_cache_test.cpp
   unit/step_budget_test.cpp
   unit/step_row_test.cpp

@@ -23,6 +23,7 @@ public:
         engine_->add(testMedia("gops.mp4"), {.length = 5, .frameRate = 30, .width = 320, .height = 240});
         engine_->add(testMedia("short.mp4"), {.length = 2, .frameRate = 30, .width = 320, .height = 240});
         engine_->add(testMedia("long_sound.mp4"), {.length = 2, .frameRate = 25, .width = 320, .height = 240});
+        engine_->add(testMedia("sound_behind.mp4"), {.length = 5, .frameRate = 25, .width = 320, .height = 240});
         engine_->add(testMedia("anamorphic.mp4"), {.length = 1, .frameRate = 25, .width = 427, .height = 240});
         engine_->add(testMedia("live.mkv"), {.length = 3, .tellsLength = false, .frameRate = 25});
         engine_->add(testMedia("sound.mp3"), {.length = 3, .frameRate = 0});

@@ -99,6 +99,17 @@ TEST_P(MciContract, TheNaturalEndIsTheLengthExactlyAndStays)
     }
 }
 
+TEST_P(MciContract, AnEndThatIsLeftBeforeItIsFoundLeavesTheSound)
+{
+    // Without its sound it would be over with its picture, at 3000.
+    ASSERT_EQ(open("sound_behind.mp4"), 0);
+    const long length = number("status A length");
+    EXPECT_EQ(send("seek A to " + std::to_string(length)), 0);
+    EXPECT_EQ(send("seek A to 1500"), 0);
+    EXPECT_TRUE(playBeyond(3300));
+    EXPECT_EQ(ask("status A mode"), "playing");
+}
+
 TEST_P(MciContract, AnEndThatComesBeforeThePauseIsTheEnd)
 {
     ASSERT_EQ(open("short.mp4", "A"), 0);

@@ -3,6 +3,7 @@
 
 #include "screen_bench.h"
 
+#include <random>
 #include <set>
 
 namespace tandrel
@@ -134,6 +135,98 @@ TEST_F(ScrubScreen, WhatCanOnlyBeReadByThePlayerIsSoughtByIt)
     EXPECT_FALSE(hasStill());
     EXPECT_TRUE(showsFrame(45));
     EXPECT_EQ(number("status A position wait"), 45);
+}
+
+TEST_F(ScrubScreen, AHiddenPictureComesBackRight)
+{
+    openAt("gops.mp4", 10);
+    seekAlong(line(10, 60, 5));
+    EXPECT_EQ(send("put A window at 0 0 0 0"), 0);
+    seekAlong(line(60, 30, -5));
+    EXPECT_EQ(send("put A window at 0 0 320 240"), 0);
+    seekAlong(line(30, 100, 5));
+    EXPECT_TRUE(showsFrame(100));
+    EXPECT_EQ(send("put A window at 0 0 0 0"), 0);
+    EXPECT_EQ(send("seek A to 20"), 0);
+    EXPECT_EQ(send("put A window at 0 0 320 240"), 0);
+    EXPECT_TRUE(showsFrame(20));
+    EXPECT_EQ(number("status A position wait"), 20);
+}
+
+TEST_F(ScrubScreen, AFileThatBreaksOffIsLeftToThePlayer)
+{
+    openAt("gops_cut.mp4", 5);
+    seekAlong(line(5, 95, 3));
+    EXPECT_EQ(send("status A position wait"), 0);
+    seekAlong(line(50, 20, -3));
+    EXPECT_TRUE(showsFrame(20));
+    EXPECT_EQ(number("status A position wait"), 20);
+    EXPECT_EQ(send("step A"), 0);
+    EXPECT_EQ(number("status A position"), 21);
+}
+
+TEST_F(ScrubScreen, TwoAtOnceArriveAndPlayTogether)
+{
+    openAt("gops.mp4", 10);
+    const std::string second = "Open \"" + testMedia("h264_30.mp4") + "\" alias B parent ";
+    ASSERT_EQ(send(second + std::to_string(window.handle())), 0);
+    EXPECT_EQ(send("set B time format frames"), 0);
+    EXPECT_EQ(send("put B window at 320 0 320 240"), 0);
+    for (int place = 10; place <= 100; place += 5) {
+        EXPECT_EQ(send("seek A to " + std::to_string(place)), 0);
+        EXPECT_EQ(send("seek B to " + std::to_string(2 * place)), 0);
+        const auto next = std::chrono::steady_clock::now() + 10ms;
+        waitUntil([&] { return std::chrono::steady_clock::now() >= next; });
+    }
+    EXPECT_TRUE(showsFrame(100));
+    EXPECT_TRUE(showsFrame(200, {320, 0, 640, 240}));
+    for (int place = 100; place >= 20; place -= 5) {
+        EXPECT_EQ(send("seek A to " + std::to_string(place)), 0);
+        EXPECT_EQ(send("seek B to " + std::to_string(2 * place)), 0);
+        const auto next = std::chrono::steady_clock::now() + 10ms;
+        waitUntil([&] { return std::chrono::steady_clock::now() >= next; });
+    }
+    EXPECT_EQ(send("Play A"), 0);
+    EXPECT_EQ(send("Play B"), 0);
+    EXPECT_TRUE(waitUntil([&] { return number("status A position") > 22 && number("status B position") > 42; }));
+    EXPECT_EQ(send("Pause A"), 0);
+    EXPECT_EQ(send("Pause B"), 0);
+    EXPECT_TRUE(showsFrame(static_cast<int>(number("status A position"))));
+    EXPECT_TRUE(showsFrame(static_cast<int>(number("status B position")), {320, 0, 640, 240}));
+}
+
+TEST_F(ScrubScreen, WhateverComesInBetween)
+{
+    std::mt19937 dice(7);
+    const auto draw = [&](int most) { return std::uniform_int_distribution<int>(0, most)(dice); };
+    openAt("gops.mp4", 10);
+    for (int round = 0; round < 40; ++round) {
+        std::string done;
+        for (int turn = 4 + draw(8); turn > 0; --turn) {
+            static constexpr const char* kOthers[]{"step A",
+                                                   "step A reverse",
+                                                   "Play A",
+                                                   "Pause A",
+                                                   "put A window at 0 0 160 120",
+                                                   "put A window at 0 0 0 0",
+                                                   "put A window at 0 0 320 240",
+                                                   "seek A to 150",
+                                                   "status A position",
+                                                   "status A position wait"};
+            const int kind = draw(39);
+            const std::string command =
+                kind < 10 ? kOthers[kind] : "seek A to " + std::to_string(draw(kind < 30 ? 149 : 20));
+            done += command + "; ";
+            EXPECT_EQ(send(command), 0) << done;
+            const auto next = std::chrono::steady_clock::now() + std::chrono::milliseconds(kind == 39 ? 250 : 12);
+            waitUntil([&] { return std::chrono::steady_clock::now() >= next; });
+        }
+        EXPECT_EQ(send("Pause A"), 0);
+        EXPECT_EQ(send("put A window at 0 0 320 240"), 0);
+        const int place = static_cast<int>(number("status A position wait"));
+        ASSERT_TRUE(showsFrame(std::min(place, 149))) << done;
+        EXPECT_EQ(number("status A position"), place) << done;
+    }
 }
 
 } // namespace tandrel

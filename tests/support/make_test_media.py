@@ -28,6 +28,7 @@ VIDEOS = [
     ("ntsc.mp4", "30000/1001", 150, 5, H264 + AAC),
     ("short.mp4", "30", 60, 2, H264 + AAC),
     ("long_sound.mp4", "25", FRAMES, 2, H264 + AAC + ["-vf", "trim=end_frame=25"]),
+    ("sound_behind.mp4", "25", FRAMES, 5, H264 + AAC + ["-vf", "trim=end_frame=75"]),
     ("anamorphic.mp4", "25", 25, 0, ["-vf", "setsar=4/3"] + NO_B),
     ("anamorphic.mkv", "25", 25, 0, ["-vf", "setsar=3/4"] + NO_B),
     ("anamorphic.mpg", "25", 25, 0, ["-vf", "setdar=16/9", "-c:v", "mpeg2video", "-q:v", "4"]),

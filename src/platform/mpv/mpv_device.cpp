@@ -46,7 +46,8 @@ void MpvDevice::beginClose()
         return;
     if (stills_ != nullptr) {
         endFollowing();
-        scrub_->stop();
+        if (scrub_ != nullptr)
+            scrub_->stop();
         stills_->close();
         mpv_set_wakeup_callback(channel_.handle(), nullptr, nullptr);
     }
@@ -86,6 +87,8 @@ void MpvDevice::hear(const mpv_event& event)
         hearAnswer(event);
         break;
     case MPV_EVENT_END_FILE:
+        if (stage_ == Stage::Scrubbing)
+            scrub_->stop();
         stage_ = Stage::Rest;
         placeAsked_ = 0;
         ended_ = true;
@@ -174,8 +177,8 @@ void MpvDevice::play()
     drain();
     if (ended_)
         return;
-    if (place_ < silentFrom_)
-        turnSound(true);
+    if (soundIsOff_)
+        restoreSound();
     runFromStill();
     // A step that was given up may have left it so.
     showAtOnce(false);

@@ -158,7 +158,7 @@ private:
     /// Goes on with a step back: shows its picture, or waits for it, or leaves it to the player.
     void lookForPicture();
     /// A place right behind another one that is still being sought. False: it is for the player.
-    bool scrubTo(double seconds);
+    bool scrubTo(double seconds, Moment now);
     /// Shows what there is of the way, and lets the player seek once places no longer change.
     void followScrub();
     void endScrub();
@@ -179,6 +179,8 @@ private:
     void runFromStill();
     void sizePictures(PictureSize size);
     void turnSound(bool on);
+    /// Sound comes on again for a play from here, at rest.
+    void restoreSound();
     bool isExpected(double seconds) const;
     bool waitsForPlayer() const;
     /// How far a running device has probably come since then, in seconds.
@@ -189,6 +191,7 @@ private:
     std::unique_ptr<PictureWindow> window_;
     /// Null where the player does all steps by itself.
     std::unique_ptr<StepStills> stills_;
+    /// Null where the player finds all places by itself.
     std::unique_ptr<Scrub> scrub_;
     /// The last place that was asked for, and when.
     double sought_ = 0;
@@ -260,8 +263,8 @@ private:
     bool hasSound_ = false;
     /// Off between a seek to the end and the next play that starts before `silentFrom_`.
     bool soundIsOff_ = false;
-    /// So near to the last picture, found by the seek that turned it off, sound stays off. Seconds.
-    double silentFrom_ = 0;
+    /// So near to the last picture, once a seek to the end has found it, sound stays off. Seconds.
+    std::optional<double> silentFrom_;
     /// The last picture is shown, and the place is that of the sound.
     bool pictureIsPast_ = false;
     std::optional<double> soundTime_;

@@ -29,10 +29,15 @@ constexpr std::initializer_list<const char*> kSeekToEnd{"seek", "100", "absolute
 
 void MpvDevice::seek(double seconds)
 {
-    if (!scrubTo(seconds))
+    const auto now = Moment::clock::now();
+    if (!scrubTo(seconds, now)) {
+        // What is left of a movement would be shown in the next one.
+        if (stage_ == Stage::Scrubbing)
+            scrub_->stop();
         seekByPlayer(seconds);
+    }
     sought_ = seconds;
-    soughtAt_ = MpvChannel::Moment::clock::now();
+    soughtAt_ = now;
 }
 
 void MpvDevice::seekByPlayer(double seconds)
@@ -159,6 +164,23 @@ void MpvDevice::turnSound(bool on)
         return;
     channel_.command({"set", "aid", on ? "auto" : "no"});
     soundIsOff_ = !on;
+}
+
+void MpvDevice::restoreSound()
+{
+    if (!silentFrom_ && !running_) {
+        // The end was left again before it was found.
+        const double place = place_;
+        forgetMoves();
+        sendEnd();
+        settle();
+        forgetMoves();
+        returnTo_ = place;
+        sendExactSeek(place);
+        settle();
+    }
+    if (silentFrom_ && place_ < *silentFrom_)
+        turnSound(true);
 }
 
 void MpvDevice::forgetMoves()

@@ -18,9 +18,8 @@ constexpr auto kMovementIsOver = 200ms;
 constexpr double kTimeEpsilon = 1e-6;
 } // namespace
 
-bool MpvDevice::scrubTo(double seconds)
+bool MpvDevice::scrubTo(double seconds, Moment now)
 {
-    const auto now = MpvChannel::Moment::clock::now();
     const bool seeks = stage_ == Stage::Sent || stage_ == Stage::Taken || stage_ == Stage::Seeking;
     const bool moves = stage_ == Stage::Scrubbing || (seeks && now - soughtAt_ < kOneMovement);
     if (!moves || running_ || scrub_ == nullptr || scrub_->failed() || window_ == nullptr || canvas_.empty() ||
@@ -41,10 +40,14 @@ bool MpvDevice::scrubTo(double seconds)
 
 void MpvDevice::followScrub()
 {
-    if (const auto picture = scrub_->take())
-        stills_->show(*picture);
-    if (scrub_->failed() || MpvChannel::Moment::clock::now() - soughtAt_ >= kMovementIsOver)
+    const auto picture = scrub_->take();
+    // While there is no place for a picture none is missed.
+    const bool blind = picture && !canvas_.empty() && !stills_->show(*picture);
+    if (blind || scrub_->failed() || Moment::clock::now() - soughtAt_ >= kMovementIsOver)
         endScrub();
+    // Where stills can't be shown the player does better.
+    if (blind)
+        scrub_.reset();
 }
 
 void MpvDevice::endScrub()

@@ -205,6 +205,8 @@ void MpvDevice::restAtPicture(bool steppedOn)
 void MpvDevice::makeReadyToPlay()
 {
     drain();
+    if (stage_ == Stage::Scrubbing)
+        endScrub();
     awaitDrawing();
     if (!behind_ || stage_ != Stage::Rest)
         return;

@@ -41,9 +41,16 @@ struct Scrub::Shared {
     std::unique_ptr<GopReader> reader;
     Scaler scaler;
     PictureSize scaledTo;
-    /// The time of the last picture read.
+    /// The time of the last picture read, and whether somebody has seen it.
     std::optional<double> at;
+    bool atIsShown = false;
     StepJob::Moment shownAt{};
+    /// Where reading began: what was asked for then, and what the index had for it.
+    struct Jump {
+        double target;
+        std::optional<double> key;
+    };
+    std::optional<Jump> jump;
 };
 
 class Scrub::Job final : public StepJob
@@ -60,7 +67,7 @@ public:
         }
         while (!cancelled()) {
             const auto [target, size] = wanted();
-            if (reached(target) ? rests(target) : !comeNearer(target, size))
+            if (reached(target) ? !showPlace(size) || rests(target) : !comeNearer(target, size))
                 return false;
             if (std::chrono::steady_clock::now() >= until)
                 return true;
@@ -85,14 +92,19 @@ private:
         if (!s_.at || target < *s_.at)
             return false;
         const auto key = s_.reader->keyFrameBefore(target);
+        // Some indexes have a key frame earlier than its picture is due. What a jump led to before, it leads to again.
+        if (s_.jump && (s_.jump->target == target || (key && s_.jump->key == key)))
+            return true;
         return key ? *key <= *s_.at : target - *s_.at < kFarAhead;
     }
 
     /// Reads a picture, and shows it if it is time. False if this is the end.
     bool comeNearer(double target, PictureSize size)
     {
-        if (!isOnTheWay(target)) {
+        const bool jumps = !isOnTheWay(target);
+        if (jumps) {
             s_.at.reset();
+            s_.jump = Shared::Jump{target, s_.reader->keyFrameBefore(target)};
             if (!s_.reader->seek(target))
                 return end(true);
         }
@@ -106,9 +118,11 @@ private:
         if (result != GopReader::Result::Picture)
             return end(!cancelled());
         s_.at = s_.reader->time();
-        // A way that begins behind its place has no picture of it.
+        s_.atIsShown = false;
+        // A way that begins behind its place has no picture of it. Otherwise it was the one before, which has stayed
+        // longer than most.
         if (*s_.at > target)
-            return end(true);
+            return jumps ? end(true) : !rests(target);
         return !isDue(target) || show(size);
     }
 
@@ -121,13 +135,20 @@ private:
         return true;
     }
 
+    /// The picture of the place may have been passed by unseen, when another place was wanted.
+    bool showPlace(PictureSize size) { return s_.atIsShown || show(size); }
+
     bool show(PictureSize size)
     {
+        s_.atIsShown = true;
         // A scaler is made for one size.
         if (!(std::exchange(s_.scaledTo, size) == size))
             s_.scaler.reset();
         auto picture = StepPicture::make(size, s_.reader->colours(), s_.budget);
-        if (picture == nullptr || !picture->fillFrom(s_.reader->frame(), s_.scaler))
+        // There is no memory left: others give some back, and the medium is not to blame.
+        if (picture == nullptr)
+            return true;
+        if (!picture->fillFrom(s_.reader->frame(), s_.scaler))
             return end(true);
         {
             const std::lock_guard lock(s_.mutex);
@@ -205,6 +226,8 @@ void Scrub::stop()
     former->over = true;
     if (former->job != nullptr)
         former->job->cancel();
+    // They hold each other, and one that waits for its turn gets no other chance to let go.
+    former->job.reset();
 }
 
 } // namespace tandrel
