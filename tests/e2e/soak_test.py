@@ -20,7 +20,7 @@ SECONDS = float(os.environ.get("TANDREL_SOAK_SECONDS", "45"))
 SEED = int(os.environ.get("TANDREL_SOAK_SEED", "1"))
 STRETCH = 14
 # What a stretch may leave behind, against the one after the warm-up: allocators and caches breathe.
-MOST_MORE = {"memory_mb": 60, "threads": 2, "files": 4, "x_resources": 25, "x_pixmap_mb": 12}
+MOST_MORE = {"memory_mb": 60, "threads": 2, "files": 4, "x_resources": 60, "x_pixmap_mb": 12}
 # The longest that a command may hold the program, and some for a machine under load.
 LONGEST = 8
 # Frames by which a picture and a report may differ.
