@@ -100,6 +100,11 @@ void frmMedia::restartEndedVideos()
 {
     if (DVDMode || (SlideMode == "1" && List2.ListCount() != 1))
         return;
+    // All are asked before any is waited for.
+    std::vector<Text> questions;
+    forEachPlayable(
+        [&](const frmChild& window) { questions.push_back("status " + trim(window.MediaFile) + " position"); });
+    services().mci->expect(questions);
     // One whose place can't be held or whose device does not answer is left alone; the others go on.
     forEachPlayable([this](frmChild& window) { ignoringErrors([&] { restartIfEnded(window); }); });
 }

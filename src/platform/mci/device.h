@@ -27,6 +27,8 @@ public:
     void pause();
     int seek(double place, Moment now);
     int step(StepDirection direction);
+    /// Its place will be asked for next.
+    void expectQuestion() { media_->prepareRead(); }
     /// Does a step that will be asked for next; that one then finds it done.
     void stepAhead(StepDirection direction);
 

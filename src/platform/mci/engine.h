@@ -76,6 +76,9 @@ public:
     /// be by the newest news of it. Blocks only where those are old, for 50 ms at most.
     virtual MediaReading read() = 0;
 
+    /// `read` comes soon: what it has to hear from elsewhere is asked for now. Never blocks.
+    virtual void prepareRead() {}
+
     /// For reports to a person. May block for the time of a frame.
     virtual FrameCounts counts() { return {}; }
 

@@ -143,6 +143,8 @@ void MciService::expect(const std::vector<std::string>& commands)
     for (const std::string& text : commands) {
         const Command command = parseCommand(text);
         Device* device = deviceOf(command);
+        if (device != nullptr && command.verb == Verb::Status)
+            device->expectQuestion();
         if (device == nullptr || (command.verb != Verb::Pause && command.verb != Verb::Step))
             continue;
         device->pause();

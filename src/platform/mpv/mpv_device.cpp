@@ -261,6 +261,13 @@ MediaReading MpvDevice::read()
     return {lastRead_, false};
 }
 
+void MpvDevice::prepareRead()
+{
+    drain();
+    if (running_ && !ended_ && stage_ == Stage::Rest && placeAsked_ == 0)
+        askPlace();
+}
+
 double MpvDevice::reckonedSince(Moment moment) const
 {
     const double seconds =

@@ -45,6 +45,7 @@ public:
     bool ready() override;
     void makeReadyToPlay() override;
     MediaReading read() override;
+    void prepareRead() override;
     FrameCounts counts() override;
     void setVolume(double volume) override;
     void put(const PixelRect& place) override;
