@@ -60,7 +60,7 @@ TEST_F(FormInput, KeysComeByTheCodesOfTheirCharacters)
     EXPECT_TRUE(send(Qt::Key_P, QStringLiteral("P")));
     EXPECT_TRUE(send(Qt::Key_Escape, QStringLiteral("\x1b")));
     EXPECT_TRUE(send(Qt::Key_Return, QStringLiteral("\r")));
-    EXPECT_TRUE(send(Qt::Key_EuroSign, QString(QChar(0x20ac))));
+    EXPECT_TRUE(send(Qt::Key_unknown, QString(QChar(0x20ac))));
     EXPECT_THAT(form->events, ElementsAre("112", "80", "27", "13", "8364")) << "the default button gets none";
 }
 
@@ -83,9 +83,7 @@ TEST_F(FormInput, AnErrorInTheHandlerOfAKeyEndsThereAndTheNextKeyComes)
 {
     form->KeyPress = [this](int code) {
         form->events.push_back(std::to_string(code));
-        form->Left = 2000000000;
-        form->Left = form->left() + form->left();
-        form->events.push_back("beyond");
+        form->events.push_back(text(Long(2000000000) + Long(code) * 10000000));
     };
     send(Qt::Key_P, QStringLiteral("p"));
     send(Qt::Key_Q, QStringLiteral("q"));
