@@ -47,13 +47,13 @@ protected:
 
 PixelPoint placeOnTheServer()
 {
-    const ReplyPtr<xcb_query_pointer_reply_t> reply(xcb_query_pointer_reply(
-        connection(), xcb_query_pointer(connection(), rootWindow(connection())), nullptr));
+    const ReplyPtr<xcb_query_pointer_reply_t> reply(
+        xcb_query_pointer_reply(connection(), xcb_query_pointer(connection(), rootWindow(connection())), nullptr));
     return {reply->root_x, reply->root_y};
 }
 
-/// Whether the server hides the cursor on behalf of this connection. It keeps the picture of a hidden one, but it refuses
-/// to show one that is not hidden.
+/// Whether the server hides the cursor on behalf of this connection. It keeps the picture of a hidden one, but it
+/// refuses to show one that is not hidden.
 bool cursorIsHidden()
 {
     xcb_connection_t* display = connection();

@@ -47,7 +47,6 @@ protected:
         clock.start();
         EXPECT_TRUE(within(15000, [&] { return clock.elapsed() >= ms; }));
     }
-    /// The first tick from now on, and the one behind it.
     void waitForTicks(std::size_t count)
     {
         EXPECT_TRUE(within(15000, [&] { return form->ticks.size() >= count; }));
