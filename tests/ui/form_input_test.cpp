@@ -128,20 +128,4 @@ TEST_F(FormInput, OfSeveralFormsInARowOnlyTheLastAsksForTheKeys)
     EXPECT_EQ(activeForm(), first.get());
 }
 
-TEST_F(FormInput, AFormThatIsHiddenMeanwhileDoesNotAskForTheKeys)
-{
-    const auto other = std::make_shared<Listening>("other");
-    other->Show();
-    form->SetFocus();
-    ASSERT_TRUE(hasTheKeys(*form));
-    std::vector<QWindow*> asked;
-    QObject::connect(qGuiApp, &QGuiApplication::focusWindowChanged, &qt, [&](QWindow* now) { asked.push_back(now); });
-    other->SetFocus();
-    other->Hide();
-    form->SetFocus();
-    within(200, [] { return false; });
-    EXPECT_EQ(QGuiApplication::focusWindow(), nativeWindow(*form));
-    EXPECT_THAT(asked, ::testing::Not(::testing::Contains(nativeWindow(*other))));
-}
-
 } // namespace tandrel::test
