@@ -9,7 +9,8 @@ add_test(NAME platform_unit COMMAND platform_unit)
 set_tests_properties(platform_unit PROPERTIES LABELS unit TIMEOUT 120)
 
 add_executable(platform_display platform/desktop_screen_saver_test.cpp platform/display_main.cpp
-                                platform/hot_keys_test.cpp)
+                                platform/hot_keys_test.cpp platform/monitor_source_test.cpp
+                                platform/pointer_test.cpp)
 target_link_libraries(platform_display PRIVATE tandrel_platform_dbus tandrel_platform_x11 tandrel_flags Qt6::DBus
                                                Qt6::Gui PkgConfig::xcb GTest::gmock)
 add_test(NAME platform_display COMMAND xvfb-run -a -s "-screen 0 640x480x24 -noreset" $<TARGET_FILE:platform_display>)

@@ -7,6 +7,7 @@ import unittest
 
 from console_driver import ConsoleTest, Screen, films
 from player import wait_for
+from session_bus import ScreenSaverService
 
 FULL = (0, 0, 1920, 1080)
 PANEL_HEIGHT = 61
@@ -135,13 +136,23 @@ class FullScreen(FullScreenTest):
         player, names = self.up()
         self.fill(player, names[1])
         self.wait_for_panel(player, up=False)
-        dark = [self.pixel(30, y) for y in range(18, 36)]
+        dark = self.place_of_the_bar()
         self.click(700, 400, button=4)
         player.wait_for_commands(f'setaudio "{names[1]}" Volume to 550')
-        wait_for(lambda: [self.pixel(30, y) for y in range(18, 36)] != dark, 20, "the bar")
+        wait_for(lambda: self.place_of_the_bar() != dark, 20, "the bar")
+        begun = time.monotonic()
         self.click(700, 400, button=5)
         self.click(700, 400, button=5)
         player.wait_for_commands(f'setaudio "{names[1]}" Volume to 450')
+        wait_for(lambda: self.place_of_the_bar() == dark, 20, "the end of the bar")
+        # Each turn begins the two seconds anew.
+        self.assertGreater(time.monotonic() - begun, 1.9)
+        self.assertLess(time.monotonic() - begun, 8)
+
+    def place_of_the_bar(self):
+        """Where the picture of the film is dark at all times."""
+        screen = Screen(self)
+        return [screen.green(30, y) for y in range(18, 36)]
 
     def test_mute_on_the_panel(self):
         player, names = self.up()
@@ -200,6 +211,45 @@ class FullScreen(FullScreenTest):
         self.assertEqual(done.returncode, 0, done.stderr)
         wait_for(lambda: player.place(names[1]) != self.full, 20, "the end of full screen")
         self.assertTrue(player.alive())
+
+
+class ScreenSaver(FullScreenTest):
+    """The desktop's screen saver is held off while a video fills the screen."""
+
+    def setUp(self):
+        super().setUp()
+        self.service = ScreenSaverService(self.folder)
+        self.display.environment["DBUS_SESSION_BUS_ADDRESS"] = self.service.address
+
+    def tearDown(self):
+        super().tearDown()
+        self.service.end()
+
+    def calls(self):
+        """All but the signs of life that come now and then meanwhile."""
+        return [call for call in self.service.asked if call[0] != "SimulateUserActivity"]
+
+    def test_it_is_held_off_in_full_screen_and_no_longer(self):
+        player, names = self.up()
+        before = player.place(names[1])
+        self.wait_for_movement(player, names)
+        self.assertEqual(self.calls(), [], "windows of their size hold nothing off")
+        for cookie in (41, 42):
+            begin = len(self.calls())
+            self.fill(player, names[1])
+            wait_for(lambda: self.service.held == [cookie], 20, "the hold")
+            self.wait_for_panel(player, up=False)
+            self.assertEqual(self.calls()[begin:], [("Inhibit", "Tandrel Player", "A video fills the screen")])
+            self.double_click(900, 500, lambda: player.place(names[1]) == before)
+            wait_for(lambda: self.service.held == [], 20, "the end of the hold")
+            self.assertEqual(self.calls()[begin + 1:], [("UnInhibit", cookie)])
+
+    def test_the_end_of_the_program_gives_it_back(self):
+        player, names = self.up()
+        self.fill(player, names[0])
+        wait_for(lambda: self.service.held, 20, "the hold")
+        self.assertEqual(player.end(), 0)
+        wait_for(lambda: self.calls()[1:] == [("UnInhibit", 41)], 20, "the end of the hold")
 
 
 class WithoutWindowManager(FullScreenTest):

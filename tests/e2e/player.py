@@ -80,6 +80,8 @@ class Player:
 
     def all_windows(self):
         """(title, id, x, y, width, height) of each of them, those that came up first in front."""
+        if not self.display.with_manager:
+            return self.unmanaged_windows()
         found = []
         for line in self.display.run("wmctrl", "-lpG").stdout.splitlines():
             fields = line.split(None, 8)
@@ -88,6 +90,22 @@ class Player:
                 if place:  # Windows may go between the two questions.
                     found.append((fields[8], fields[0], *place))
         return found
+
+    def unmanaged_windows(self):
+        """The same where no window manager keeps a list: those in front come last."""
+        own = self.display.run("xdotool", "search", "--onlyvisible", "--pid", str(self.process.pid)).stdout.split()
+        places = {}
+        for line in self.display.run("xwininfo", "-root", "-children").stdout.splitlines():
+            found = re.match(r"\s+(0x[0-9a-f]+) .*\s(\d+)x(\d+)\+-?\d+\+-?\d+\s+\+(-?\d+)\+(-?\d+)$", line)
+            if found and str(int(found.group(1), 16)) in own:
+                width, height, x, y = (int(one) for one in found.groups()[1:])
+                places[found.group(1)] = (x, y, width, height)
+        # One question for all of them. Where one goes meanwhile, none is known.
+        asked = [word for window in places for word in ("getwindowname", window)]
+        titles = self.display.run("xdotool", *asked).stdout.splitlines() if asked else []
+        if len(titles) != len(places):
+            return []
+        return [(title, window, *places[window]) for title, window in zip(titles, places)][::-1]
 
     def geometry(self, window):
         text = self.display.run("xwininfo", "-id", window).stdout

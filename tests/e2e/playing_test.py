@@ -76,11 +76,19 @@ class Playing(ConsoleTest):
     def test_in_playall_mode_each_video_begins_again_at_its_own_end(self):
         names = self.copies("short.mp4", "one.mp4") + self.copies("h264_25.mp4", "two.mp4")
         player = self.up(names)
-        for _ in range(2):
-            begin = len(player.commands())
-            self.said(player, f'Play "{names[0]}" from 0', begin)
-            wait_for(lambda: (self.frame(player, names[0]) or 0) > 5, 20, "its pictures")
+        begin = {name: len(player.commands()) for name in names}
+        for name in (names[0], names[0], names[1]):
+            self.said(player, f'Play "{name}" from 0', begin[name])
+            begin[name] = len(player.commands())
+            # It shows its beginning, and goes on from there.
+            wait_for(lambda: 0 <= self.shown(player, name) < 40, 20, "its first pictures")
+            wait_for(lambda: self.shown(player, name) > 40, 20, "its later pictures")
         self.assertTrue(player.alive())
+
+    def shown(self, player, name):
+        """The number of its picture, -1 where none can be read."""
+        number = self.frame(player, name)
+        return -1 if number is None else number
 
     def test_in_playlist_mode_the_next_takes_over_at_the_end_of_the_lead(self):
         names = self.copies("short.mp4", "one.mp4", "two.mp4", "three.mp4")
@@ -181,6 +189,12 @@ class Playing(ConsoleTest):
         self.said(player, f'status "{names[0]}" position', begin)
         other.end()
         self.wait_for_movement(player, names[:1])
+
+
+class WithoutWindowManager(Playing):
+    window_manager = False
+    # Nobody is there to close it.
+    test_a_window_that_is_closed_at_its_end_leaves_the_others_alone = None
 
 
 class TwoMonitors(ConsoleTest):
