@@ -57,8 +57,8 @@ public:
     virtual bool idle() = 0;
 
     /// A promise: each of these commands ("Pause A", "step A" and "step A reverse") will be sent in this order, and
-    /// before any other that moves its device. So all devices can be on their way before any is waited for. The same goes
-    /// for questions ("status A position"). Others are ignored here.
+    /// before any other that moves its device. So all devices can be on their way before any is waited for. The same
+    /// goes for questions ("status A position"). Others are ignored here.
     virtual void expect(const std::vector<std::string>&) {}
 
     /// These files, by their marked paths, are about to be opened in windows: they are read ahead, all at once, and out

@@ -46,13 +46,15 @@ protected:
         scrub = std::make_unique<Scrub>(tools, MediaSource{path, markOf(path), frameRate});
     }
 
-    static bool waitUntil(const std::function<bool()>& condition)
+    /// Looks again whenever there is news, and now and then, since not all of what is awaited is told.
+    bool waitUntil(const std::function<bool()>& condition)
     {
         const auto end = std::chrono::steady_clock::now() + 5s;
         while (std::chrono::steady_clock::now() < end) {
             if (condition())
                 return true;
-            std::this_thread::sleep_for(2ms);
+            std::unique_lock lock(mutex);
+            news.wait_for(lock, 5ms);
         }
         return false;
     }
@@ -73,7 +75,9 @@ protected:
     }
 
     std::shared_ptr<StepBudget> budget = std::make_shared<StepBudget>(64 << 20);
-    StepTools tools{std::make_shared<StepWorkers>(1), budget, {}};
+    std::mutex mutex;
+    std::condition_variable news;
+    StepTools tools{std::make_shared<StepWorkers>(1), budget, [this] { news.notify_all(); }};
     std::unique_ptr<Scrub> scrub;
 };
 } // namespace
@@ -99,6 +103,7 @@ TEST_F(Scrubs, APictureThatStaysLongerThanOthersIsNoReasonForDoubt)
     use("gops_uneven.mkv", 25);
     for (int frame = 0; frame < 70; ++frame) {
         scrub->aim((frame + 0.25) / 25, kSize);
+        // Nobody is told that a place has no picture of its own: the job gets the time to find out.
         std::this_thread::sleep_for(10ms);
         ASSERT_FALSE(scrub->failed()) << frame;
     }
@@ -113,6 +118,7 @@ TEST_F(Scrubs, MemoryThatIsGivenBackIsUsedAgain)
     const std::size_t all = 64 << 20;
     ASSERT_TRUE(budget->take(all));
     scrub->aim(1, kSize);
+    // That nothing comes can only be seen in time that passes.
     std::this_thread::sleep_for(100ms);
     EXPECT_FALSE(scrub->take().has_value());
     budget->giveBack(all);
@@ -147,6 +153,7 @@ TEST_F(Scrubs, TheWorkersMayGoFirst)
         scrub->aim(0.04 * place, kSize);
         if (place % 10 == 0)
             scrub->stop();
+        // So that ends and new places meet the job in all its states.
         std::this_thread::sleep_for(1ms);
     }
     scrub->aim(0.5, kSize);
@@ -161,7 +168,7 @@ TEST_F(Scrubs, AFileThatBreaksOffFails)
     use("gops_cut.mp4", 25);
     for (int frame = 10; frame < 95 && !scrub->failed(); frame += 2) {
         scrub->aim((frame + 0.25) / 25, kSize);
-        std::this_thread::sleep_for(15ms);
+        waitUntil([&] { return scrub->take() || scrub->failed(); });
     }
     EXPECT_TRUE(waitUntil([&] { return scrub->failed(); }));
     scrub->stop();

@@ -74,6 +74,8 @@ public:
         return {frameTime(std::min(seconds_, lastFrame())), seconds_ >= medium_.length};
     }
 
+    void prepareRead() override { ++state_.questionsAnnounced; }
+
     void setVolume(double volume) override { state_.volume = volume; }
     void put(const PixelRect& place) override
     {

@@ -52,6 +52,8 @@ struct SimulatedState {
     /// How many seeks and steps it was asked for.
     int seeks = 0;
     int steps = 0;
+    /// How often it was told that its place will be asked for.
+    int questionsAnnounced = 0;
     double volume = 1;
     PixelRect place;
     /// All places it has had, in order.

@@ -227,6 +227,22 @@ TEST_F(ConsoleMonitorVideos, ALostDeviceStandsAtItsEnd)
     EXPECT_THAT(plays(), ElementsAre("Play A from 0"));
 }
 
+TEST_F(ConsoleMonitorVideos, AllAreAnnouncedBeforeAnyIsAsked)
+{
+    play(3);
+    VideoWindows[1]->markFailed();
+    world.mci.expected.clear();
+    std::size_t announcedAtFirst = 0;
+    world.mci.onSend = [&](const std::string&) {
+        announcedAtFirst = announcedAtFirst ? announcedAtFirst : world.mci.expected.size();
+    };
+    tick2();
+    world.mci.onSend = nullptr;
+    EXPECT_EQ(announcedAtFirst, 1U);
+    ASSERT_EQ(world.mci.expected.size(), 1U);
+    EXPECT_THAT(shortened(world.mci.expected.front()), ElementsAre("status A position", "status C position"));
+}
+
 TEST_F(ConsoleMonitorVideos, ADeviceThatDoesNotAnswerIsPassedOverAndTheOthersGoOn)
 {
     play(3);

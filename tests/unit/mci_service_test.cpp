@@ -215,6 +215,20 @@ TEST_F(MciServiceTest, AStepThatWasNotTheAnnouncedOneIsDoneItself)
     EXPECT_EQ(engine->state("film")->frame, 101);
 }
 
+TEST_F(MciServiceTest, AnnouncedQuestionsAreToldToTheirDevicesAndMoveNothing)
+{
+    for (const char* name : {"film", "endless"}) {
+        ASSERT_EQ(send(std::string("open ") + name), 0);
+        EXPECT_EQ(send(std::string("Play ") + name), 0);
+    }
+    mci.idle();
+    mci.expect({"status film position", "status endless position", "status gone position"});
+    for (const char* name : {"film", "endless"}) {
+        EXPECT_EQ(engine->state(name)->questionsAnnounced, 1) << name;
+        EXPECT_TRUE(engine->state(name)->running) << name;
+    }
+}
+
 TEST_F(MciServiceTest, AnnouncedPausesHoldAllDevicesAtOnce)
 {
     for (const char* name : {"film", "endless"}) {
