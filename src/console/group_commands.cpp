@@ -17,7 +17,6 @@ namespace
 
 constexpr int kForward = 1;
 constexpr int kBackward = 0;
-constexpr int kLoudest = 100;
 constexpr const char* kHeld = "1";
 
 /// Tells the service which command each video gets next, so that none has to wait for another.

@@ -24,7 +24,6 @@ constexpr std::array<HotKeyRow, hot_key::kCount> kTable{{
 }};
 
 constexpr int kVolumeStep = 10;
-constexpr int kLoudest = 100;
 
 } // namespace
 

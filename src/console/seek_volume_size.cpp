@@ -18,7 +18,6 @@ namespace
 {
 
 constexpr int kPagePercent = 3;
-constexpr int kLoudest = 100;
 constexpr int kVolumeStep = 10;
 constexpr int kSizeStep = 25;
 constexpr int kLargest = 300;

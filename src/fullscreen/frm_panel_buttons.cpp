@@ -18,8 +18,6 @@ namespace tandrel
 namespace
 {
 
-constexpr int kLoudest = 100;
-
 /// A button's picture under the pointer and at rest; empty where the row's own picture shows it.
 struct Look {
     Image frmPanel::*image;

@@ -59,7 +59,10 @@ extern bool DVDMode;
 /// Display size of the selected video, 50 to 300 per cent.
 extern Integer SizePercent;
 
-/// The level last set from a slider or the wheel, 0 to 100.
+/// What a volume slider says when all is as loud as it gets; 0 is silence. The one that stands upside down says the
+/// rest of it.
+inline constexpr int kLoudest = 100;
+/// The level last set from a slider or the wheel, 0 to `kLoudest`.
 extern Integer VolumeLevel;
 
 /// Length in ms of the medium last measured, and the same in frames (kept, not read).

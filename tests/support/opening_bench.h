@@ -112,6 +112,4 @@ protected:
 };
 
 /// A place on the screen in pixels, as windows have it.
-inline Rect twips(int x, int y, int width, int height) { return {x * 15, y * 15, width * 15, height * 15}; }
-
 } // namespace tandrel::test

@@ -125,4 +125,7 @@ protected:
     World world;
 };
 
+/// A rectangle on a screen of 15 twips a pixel, told in pixels.
+inline Rect twips(int x, int y, int width, int height) { return {x * 15, y * 15, width * 15, height * 15}; }
+
 } // namespace tandrel::test

@@ -70,7 +70,7 @@ std::vector<int> stepsOf(Backend& backend, int steps, int ms)
     return drawn;
 }
 
-TickTimes::Row rowOf(const TickTimes& times, const Text& timer)
+TickTimes::Row timesOf(const TickTimes& times, const Text& timer)
 {
     for (const TickTimes::Row& row : times.rows())
         if (row.timer == timer)
@@ -207,8 +207,8 @@ TEST_F(Backends, TicksAreTimedByTheNamesOfFormAndTimer)
         form->timer.Enabled = false;
     };
     form->timer.Enabled = true;
-    EXPECT_TRUE(within(15000, [this] { return rowOf(qt.tickTimes(), "ticking.timer").count == 1; }));
-    EXPECT_GE(rowOf(qt.tickTimes(), "ticking.timer").median, 20ms);
+    EXPECT_TRUE(within(15000, [this] { return timesOf(qt.tickTimes(), "ticking.timer").count == 1; }));
+    EXPECT_GE(timesOf(qt.tickTimes(), "ticking.timer").median, 20ms);
 }
 
 TEST(TickTimes, CountsAndAddsUpEachTimerByItself)
@@ -236,7 +236,7 @@ TEST(TickTimes, TheMiddleAndTheNearlyLongestWhateverTheirOrder)
         times.note("timer", ms * 1ms);
     for (int ms = 2; ms <= 200; ms += 2)
         times.note("timer", ms * 1ms);
-    const TickTimes::Row row = rowOf(times, "timer");
+    const TickTimes::Row row = timesOf(times, "timer");
     EXPECT_EQ(row.count, 200);
     EXPECT_EQ(row.median, 101ms) << "half of them took less";
     EXPECT_EQ(row.percentile99, 199ms) << "of a hundred 99 took less";
@@ -249,9 +249,9 @@ TEST(TickTimes, TheOldestOfTwoThousandIsForgottenAndStillCounted)
         times.note("timer", 1ms);
     for (int tick = 0; tick < 999; ++tick)
         times.note("timer", 100ms);
-    EXPECT_EQ(rowOf(times, "timer").median, 1ms) << "the last of the short ones";
+    EXPECT_EQ(timesOf(times, "timer").median, 1ms) << "the last of the short ones";
     times.note("timer", 100ms);
-    const TickTimes::Row row = rowOf(times, "timer");
+    const TickTimes::Row row = timesOf(times, "timer");
     EXPECT_EQ(row.median, 100ms) << "one of the short ones has gone";
     EXPECT_EQ(row.count, 2001);
     EXPECT_EQ(row.whole, 1001 * 1ms + 1000 * 100ms);

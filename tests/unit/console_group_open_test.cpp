@@ -59,8 +59,6 @@ protected:
     Rect placeOf(int index) { return rectOf(video(index)); }
 };
 
-Rect twips(int x, int y, int width, int height) { return {x * 15, y * 15, width * 15, height * 15}; }
-
 } // namespace
 
 TEST_F(ConsoleGroupOpen, PlayAllSendsItsCommandsInOrder)

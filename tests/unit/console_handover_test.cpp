@@ -38,8 +38,6 @@ protected:
     bool timersRun() { return console().Timer1.enabled() && console().Timer2.enabled() && console().Timer3.enabled(); }
 };
 
-Rect twips(int x, int y, int width, int height) { return {x * 15, y * 15, width * 15, height * 15}; }
-
 std::vector<std::string> openCommands(const std::string& name)
 {
     return {"Open " + name + " Type MPEGVideo alias " + name + " parent 0 style child",

@@ -27,8 +27,6 @@ protected:
     frmChild& video(int index) { return *VideoWindows.at(static_cast<std::size_t>(index)); }
 };
 
-Rect twips(int x, int y, int width, int height) { return {x * 15, y * 15, width * 15, height * 15}; }
-
 } // namespace
 
 TEST_F(ConsoleLayout, WithFewerThanTwoEntriesNothingChanges)

@@ -38,10 +38,10 @@ protected:
     World world;
 };
 
-class Plain : public Form
+class DialogForm : public Form
 {
 public:
-    Plain() : Form("plain", Frame::Dialog, {0, 0, 3000, 1500}) {}
+    DialogForm() : Form("plain", Frame::Dialog, {0, 0, 3000, 1500}) {}
 };
 
 } // namespace
@@ -153,7 +153,7 @@ TEST_F(DesktopMonitors, TheMonitorOfAPointAndOfAWindow)
 TEST_F(DesktopMonitors, AFormIsCentredOnTheWorkAreaOfItsMonitor)
 {
     world.monitors.all = {{1, {0, 0, 1920, 1080}, {100, 40, 1920, 1080}}};
-    Plain form;
+    DialogForm form;
     clsMonitors().CenterFormOnMonitor(form);
     EXPECT_EQ(form.left(), 100 * 15 + (1820 * 15 - 3000) / 2);
     EXPECT_EQ(form.top(), 40 * 15 + (1040 * 15 - 1500) / 2);
@@ -162,7 +162,7 @@ TEST_F(DesktopMonitors, AFormIsCentredOnTheWorkAreaOfItsMonitor)
 TEST_F(DesktopMonitors, HalvesAreRoundedDownForFormsLargerThanTheMonitorToo)
 {
     world.monitors.all = {{1, {0, 0, 100, 100}, {0, 0, 100, 100}}};
-    Plain form;
+    DialogForm form;
     form.Width = 3001;
     clsMonitors().CenterFormOnMonitor(form);
     EXPECT_EQ(form.left(), -751) << "half of -1501";
@@ -171,7 +171,7 @@ TEST_F(DesktopMonitors, HalvesAreRoundedDownForFormsLargerThanTheMonitorToo)
 
 TEST_F(DesktopMonitors, WithoutAMonitorAFormIsCentredOnTheScreen)
 {
-    Plain form;
+    DialogForm form;
     for (const std::optional<std::int32_t> none : {std::optional<std::int32_t>(0), std::optional<std::int32_t>()}) {
         form.Move({0, 0, 3000, 1500});
         world.monitors.windowMonitor = none;
@@ -185,7 +185,7 @@ TEST_F(DesktopMonitors, TheSearchTakesLeftAndTopInclusiveRightAndBottomExclusive
 {
     world.monitors.set({{0, 0, 1280, 1024}, {1280, 0, 2560, 1024}});
     const clsMonitors monitors;
-    Plain form;
+    DialogForm form;
     const auto leftOf = [&](int left, int top) {
         form.Move({left, top, 3000, 1500});
         const auto area = monitors.holding(form);
@@ -205,7 +205,7 @@ TEST_F(DesktopMonitors, AFormIsCentredWhereItStandsOrStays)
 {
     world.monitors.set({{0, 0, 1280, 1024}, {1280, 0, 2560, 1024}});
     const clsMonitors monitors;
-    Plain form;
+    DialogForm form;
     form.Move({20000, 100, 3000, 1500});
     monitors.centreWhereItStands(form);
     EXPECT_EQ(form.left(), 19200 + (19200 - 3000) / 2);
@@ -253,7 +253,7 @@ TEST_F(DesktopMonitors, AStyleWithoutAClientReadsFalseAndChangesNothing)
 
 TEST_F(DesktopMonitors, ReadingTheBorderTakesTheTitleBarToItsState)
 {
-    Plain form;
+    DialogForm form;
     clsStyle style;
     style.Client = &form;
     style.Border = false;

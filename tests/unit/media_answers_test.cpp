@@ -1,7 +1,7 @@
 // What the operations read from answers: sizes, positions, lengths.
 
 #include "allocations.h"
-#include "fake_services.h"
+#include "media_bench.h"
 
 #include "media/mod_media.h"
 
@@ -14,9 +14,6 @@ using ::testing::ElementsAre;
 
 namespace
 {
-
-const Text kAlias = "\"/films/a.avi\"";
-const Text kOther = "\"/films/b.avi\"";
 
 class MediaAnswers : public ::testing::Test
 {

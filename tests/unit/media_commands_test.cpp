@@ -1,8 +1,7 @@
 // The command strings of each operation, whole and in order.
 
-#include "fake_services.h"
+#include "media_bench.h"
 
-#include "media/console_face.h"
 #include "media/mod_media.h"
 
 #include <gmock/gmock.h>
@@ -15,19 +14,6 @@ using ::testing::IsEmpty;
 
 namespace
 {
-
-const Text kAlias = "\"/films/a.avi\"";
-const Text kOther = "\"/films/b.avi\"";
-
-/// Shows speeds and gives a level, as the console does.
-class Face : public ConsoleFace
-{
-public:
-    void showSpeed(const Text& caption) override { shown.push_back(caption); }
-    Long volumeSlider() override { return level; }
-    std::vector<Text> shown;
-    int level = 70;
-};
 
 class MediaCommands : public ::testing::Test
 {

@@ -1,8 +1,7 @@
 // The fast jumps: one tick forward or back.
 
-#include "fake_services.h"
+#include "media_bench.h"
 
-#include "media/console_face.h"
 #include "media/mod_media.h"
 
 #include <gmock/gmock.h>
@@ -15,21 +14,12 @@ using ::testing::ElementsAre;
 namespace
 {
 
-const Text kAlias = "\"/films/a.avi\"";
-
-class Face : public ConsoleFace
-{
-public:
-    void showSpeed(const Text& caption) override { shown.push_back(caption); }
-    Long volumeSlider() override { return 40; }
-    std::vector<Text> shown;
-};
-
 class MediaJumps : public ::testing::Test
 {
 protected:
     MediaJumps()
     {
+        face.level = 40;
         installConsoleFace(&face);
         CurrentAlias = kAlias;
         FastForward = FastRewind = true;
