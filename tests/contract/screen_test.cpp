@@ -170,6 +170,22 @@ TEST_F(Screen, UnevenFramesAreFoundByTheirOwnTimes)
     }
 }
 
+TEST_F(Screen, FramesAreFoundByTheirOwnTimesWhereTheFileTellsALowerRate)
+{
+    ASSERT_EQ(open("stretched.mp4"), 0);
+    for (const int frame : {10, 64, 95, 109, 139}) {
+        const auto begin = std::lround(frame * 1000 / 30.0);
+        EXPECT_EQ(send("seek A to " + std::to_string(begin)), 0);
+        EXPECT_TRUE(showsFrame(frame));
+        EXPECT_EQ(number("status A position wait"), begin);
+        EXPECT_TRUE(keepsFrame(frame, 300));
+        EXPECT_EQ(send("seek A to " + std::to_string(begin - 2)), 0);
+        EXPECT_TRUE(showsFrame(frame - 1));
+        EXPECT_EQ(number("status A position wait"), begin - 2);
+        EXPECT_TRUE(keepsFrame(frame - 1, 300));
+    }
+}
+
 TEST_F(ScreenWithSound, TheLastPictureStaysWhereSoundGoesOn)
 {
     ASSERT_EQ(open("long_sound.mp4"), 0);

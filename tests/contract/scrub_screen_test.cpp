@@ -68,6 +68,46 @@ TEST_F(ScrubScreen, SomethingOfTheWayIsSeenAndTheEndIsExact)
     EXPECT_EQ(number("status A position wait"), 24);
 }
 
+TEST_F(ScrubScreen, ASinglePlaceIsFoundWithoutThePlayerWhichFollows)
+{
+    openAt("h264_30.mp4", 0);
+    EXPECT_EQ(number("status A position wait"), 0);
+    countWindows();
+    for (const int frame : {120, 150, 180, 60}) {
+        const std::set<int> before{window.frameIn(kPicture).value_or(-1), frame};
+        EXPECT_EQ(send("seek A to " + std::to_string(frame)), 0);
+        EXPECT_TRUE(waitUntil([&] {
+            const auto shown = window.frameIn(kPicture);
+            EXPECT_TRUE(!shown || before.count(*shown)) << *shown << " is not asked for";
+            return shown == frame;
+        }));
+        EXPECT_TRUE(hasStill()) << "the player would take longer";
+        EXPECT_EQ(number("status A position"), frame);
+        // Long enough for the player to come too.
+        EXPECT_TRUE(waitUntil([&, since = std::chrono::steady_clock::now()] {
+            EXPECT_EQ(window.frameIn(kPicture), frame);
+            return std::chrono::steady_clock::now() - since > 500ms;
+        }));
+        EXPECT_EQ(number("status A position wait"), frame);
+        EXPECT_EQ(window.frameIn(kPicture), frame);
+    }
+}
+
+TEST_F(ScrubScreen, APlayBehindASinglePlaceBeginsThere)
+{
+    openAt("h264_30.mp4", 0);
+    EXPECT_EQ(send("seek A to 100"), 0);
+    EXPECT_EQ(send("Play A"), 0);
+    EXPECT_TRUE(waitUntil([&] {
+        const auto frame = window.frameIn(kPicture);
+        return frame && *frame > 102;
+    }));
+    EXPECT_EQ(send("Pause A"), 0);
+    const int place = static_cast<int>(number("status A position wait"));
+    EXPECT_LT(place, 160);
+    EXPECT_TRUE(showsFrame(place));
+}
+
 TEST_F(ScrubScreen, NoPictureIsBehindTheFarthestPlace)
 {
     openAt("gops.mp4", 0);

@@ -1,5 +1,6 @@
 // Which pictures come on the way to a place, and what is left behind.
 #include "platform/mpv/scrub.h"
+#include "support/temporary_folder.h"
 #include "support/test_media.h"
 
 #include <condition_variable>
@@ -88,12 +89,12 @@ TEST_F(Scrubs, EachPlaceIsReached)
     use("gops.mp4", 30);
     for (int frame = 0; frame < 140; ++frame) {
         const double time = (frame + 0.25) / 30;
-        scrub->aim(time, kSize);
+        scrub->aim(time, kSize, true);
         ASSERT_TRUE(comes(time, 1.0 / 30)) << frame;
     }
     for (int frame = 136; frame >= 0; frame -= 3) {
         const double time = (frame + 0.25) / 30;
-        scrub->aim(time, kSize);
+        scrub->aim(time, kSize, true);
         ASSERT_TRUE(comes(time, 1.0 / 30)) << frame;
     }
 }
@@ -102,14 +103,79 @@ TEST_F(Scrubs, APictureThatStaysLongerThanOthersIsNoReasonForDoubt)
 {
     use("gops_uneven.mkv", 25);
     for (int frame = 0; frame < 70; ++frame) {
-        scrub->aim((frame + 0.25) / 25, kSize);
-        // Nobody is told that a place has no picture of its own: the job gets the time to find out.
-        std::this_thread::sleep_for(10ms);
+        scrub->aim((frame + 0.25) / 25, kSize, true);
+        ASSERT_TRUE(waitUntil([&] { return scrub->arrived(); })) << frame;
         ASSERT_FALSE(scrub->failed()) << frame;
     }
     // The next one is there as long as it is said to be.
-    scrub->aim(71 * 0.040 + 0.025, kSize);
+    scrub->aim(71 * 0.040 + 0.025, kSize, true);
     EXPECT_TRUE(comes(71 * 0.040 + 0.025, 0.040));
+}
+
+TEST_F(Scrubs, NothingOfTheWayComesWhereNobodyWantsIt)
+{
+    use("gops.mp4", 30);
+    scrub->aim(4.5, kSize, false);
+    std::vector<double> seen;
+    EXPECT_TRUE(waitUntil([&] {
+        const bool arrived = scrub->arrived();
+        if (const auto picture = scrub->take())
+            seen.push_back(picture->time);
+        return arrived;
+    }));
+    ASSERT_EQ(seen.size(), 1U);
+    EXPECT_NEAR(seen[0], 4.5, 1.0 / 30);
+}
+
+TEST_F(Scrubs, AtRestTheDecoderStaysForAPlaceFurtherOn)
+{
+    const test::TemporaryFolder folder;
+    const std::string path = folder.path("film.mp4");
+    std::filesystem::copy_file(testMedia("gops.mp4"), path);
+    scrub = std::make_unique<Scrub>(tools, MediaSource{path, markOf(path), 30});
+    scrub->aim(1, kSize, false);
+    ASSERT_TRUE(comes(1, 1.0 / 30));
+    ASSERT_TRUE(waitUntil([&] { return scrub->arrived(); }));
+    scrub->rest();
+    // What is open already can still be read.
+    std::filesystem::remove(path);
+    scrub->aim(1.5, kSize, false);
+    EXPECT_TRUE(comes(1.5, 1.0 / 30));
+    scrub->stop();
+    scrub->aim(2, kSize, false);
+    EXPECT_TRUE(waitUntil([&] { return scrub->failed(); }));
+}
+
+TEST_F(Scrubs, ARestOnTheWayIsAnEnd)
+{
+    use("gops.mp4", 30);
+    const auto hold = std::make_shared<Hold>();
+    tools.workers->post(hold, {});
+    scrub->aim(1, kSize, false);
+    EXPECT_FALSE(scrub->arrived());
+    scrub->rest();
+    EXPECT_TRUE(scrub->arrived());
+    hold->end();
+    scrub->aim(2, kSize, false);
+    EXPECT_TRUE(comes(2, 1.0 / 30));
+}
+
+TEST_F(Scrubs, OneIsAtWorkAtATime)
+{
+    use("gops.mp4", 30);
+    const std::string path = testMedia("h264_30.mp4");
+    Scrub other(tools, MediaSource{path, markOf(path), 30});
+    EXPECT_TRUE(scrub->aim(1, kSize, true));
+    EXPECT_FALSE(other.aim(1, kSize, true));
+    EXPECT_TRUE(scrub->aim(2, kSize, true));
+    EXPECT_TRUE(comes(2, 1.0 / 30));
+    scrub->rest();
+    EXPECT_TRUE(other.aim(1, kSize, true));
+    EXPECT_FALSE(scrub->aim(1, kSize, true));
+    other.stop();
+    EXPECT_TRUE(scrub->aim(1, kSize, true));
+    scrub.reset();
+    EXPECT_TRUE(other.aim(1, kSize, true));
 }
 
 TEST_F(Scrubs, MemoryThatIsGivenBackIsUsedAgain)
@@ -117,12 +183,11 @@ TEST_F(Scrubs, MemoryThatIsGivenBackIsUsedAgain)
     use("gops.mp4", 30);
     const std::size_t all = 64 << 20;
     ASSERT_TRUE(budget->take(all));
-    scrub->aim(1, kSize);
-    // That nothing comes can only be seen in time that passes.
-    std::this_thread::sleep_for(100ms);
+    scrub->aim(1, kSize, true);
+    EXPECT_TRUE(waitUntil([&] { return scrub->arrived(); }));
     EXPECT_FALSE(scrub->take().has_value());
     budget->giveBack(all);
-    scrub->aim(1.5, kSize);
+    scrub->aim(1.5, kSize, true);
     EXPECT_TRUE(comes(1.5, 1.0 / 30));
 }
 
@@ -135,7 +200,7 @@ TEST_F(Scrubs, AJobThatHasNotHadItsTurnGoesToo)
     const auto hold = std::make_shared<Hold>();
     tools.workers->post(hold, {});
     use("gops.mp4", 30);
-    scrub->aim(1, kSize);
+    scrub->aim(1, kSize, true);
     scrub.reset();
     tools.wake = {};
     hold->end();
@@ -150,13 +215,13 @@ TEST_F(Scrubs, TheWorkersMayGoFirst)
     token.reset();
     use("gops.mp4", 30);
     for (int place = 1; place < 100; ++place) {
-        scrub->aim(0.04 * place, kSize);
+        scrub->aim(0.04 * place, kSize, true);
         if (place % 10 == 0)
             scrub->stop();
         // So that ends and new places meet the job in all its states.
         std::this_thread::sleep_for(1ms);
     }
-    scrub->aim(0.5, kSize);
+    scrub->aim(0.5, kSize, true);
     scrub.reset();
     tools = {nullptr, nullptr, {}};
     EXPECT_TRUE(waitUntil([&] { return held.expired(); }));
@@ -167,7 +232,7 @@ TEST_F(Scrubs, AFileThatBreaksOffFails)
 {
     use("gops_cut.mp4", 25);
     for (int frame = 10; frame < 95 && !scrub->failed(); frame += 2) {
-        scrub->aim((frame + 0.25) / 25, kSize);
+        scrub->aim((frame + 0.25) / 25, kSize, true);
         waitUntil([&] { return scrub->take() || scrub->failed(); });
     }
     EXPECT_TRUE(waitUntil([&] { return scrub->failed(); }));

@@ -91,9 +91,9 @@ TEST_F(Steps, OfUnevenFrames)
     openAt("gops_uneven.mkv", 0);
     EXPECT_EQ(send("set A time format ms"), 0);
     const auto begin = [](int frame) { return 40 * frame + 20 * (frame % 2); };
+    countWindows();
     EXPECT_EQ(send("seek A to " + std::to_string(begin(50))), 0);
     EXPECT_TRUE(showsFrame(50));
-    countWindows();
     for (int frame = 49; frame >= 0; --frame) {
         EXPECT_EQ(send("step A reverse"), 0);
         ASSERT_EQ(number("status A position"), begin(frame));

@@ -21,6 +21,10 @@ AAC = ["-c:a", "aac", "-b:a", "64k"]
 # Frame N is shown from N * 40 + 20 * (N mod 2) milliseconds on.
 UNEVEN = ["-vf", "settb=1/1000,setpts=N*40+20*mod(N\\,2)", "-enc_time_base", "1:1000", "-vsync", "vfr"]
 
+# One frame stays for 0.44 ms more, and the rate that the file tells is lower than the one that most of its frames keep.
+STRETCHED = ["-vf", "settb=1/90000,setpts=N*3000+40*gte(N\\,140)", "-enc_time_base", "1:90000", "-video_track_timescale",
+             "90000", "-vsync", "vfr"]
+
 # name, frame rate, frames, seconds of sound (0: none), arguments for the encoder
 VIDEOS = [
     ("h264_30.mp4", "30", 300, 10, H264 + AAC + ["-movflags", "+faststart"]),
@@ -43,6 +47,7 @@ VIDEOS = [
     ("video.ogm", "25", 75, 3, ["-c:v", "libtheora", "-q:v", "7", "-c:a", "libvorbis", "-f", "ogg"]),
     ("offset.ts", "25", 75, 3, NO_B + AAC + ["-output_ts_offset", "10"]),
     ("uneven.mkv", "25", 75, 0, NO_B + UNEVEN),
+    ("stretched.mp4", "30", 150, 0, H264 + STRETCHED),
     ("live.mkv", "25", 75, 0, NO_B + ["-f", "matroska", "-live", "1"]),
     # Several key frames, for steps across them.
     ("gops.mp4", "30", 150, 5, H264 + AAC + ["-g", "40", "-keyint_min", "40", "-sc_threshold", "0"]),

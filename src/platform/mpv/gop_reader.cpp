@@ -67,8 +67,8 @@ int GopReader::refuses(void* self) { return static_cast<const GopReader*>(self)-
 
 void GopReader::beginLimit() { limit_ = std::chrono::steady_clock::now() + kLongestPicture; }
 
-GopReader::GopReader(const MediaSource& source, const std::atomic<bool>& cancelled)
-    : source_(source), cancelled_(cancelled)
+GopReader::GopReader(const MediaSource& source, const std::atomic<bool>& cancelled, int threads)
+    : source_(source), cancelled_(cancelled), threads_(threads)
 {
 }
 
@@ -137,8 +137,7 @@ bool GopReader::openDecoder()
         return false;
     decoder_->pkt_timebase = stream_->time_base;
     decoder_->max_pixels = kMostPixels;
-    // Several of them share the cores already.
-    decoder_->thread_count = 1;
+    decoder_->thread_count = threads_;
     return avcodec_open2(decoder_.get(), codec, nullptr) >= 0;
 }
 

@@ -36,8 +36,8 @@ class GopReader
 public:
     enum class Result { Picture, End, Doubtful };
 
-    /// `cancelled` ends everything soon, as doubtful.
-    GopReader(const MediaSource& source, const std::atomic<bool>& cancelled);
+    /// `cancelled` ends everything soon, as doubtful. `threads` decode.
+    GopReader(const MediaSource& source, const std::atomic<bool>& cancelled, int threads = 1);
     ~GopReader();
     GopReader(const GopReader&) = delete;
     GopReader& operator=(const GopReader&) = delete;
@@ -84,6 +84,7 @@ private:
 
     const MediaSource source_;
     const std::atomic<bool>& cancelled_;
+    const int threads_;
     std::chrono::steady_clock::time_point limit_;
     std::unique_ptr<MediaInput> input_;
     std::unique_ptr<AVFormatContext, Freed<AVFormatContext, &closeInput>> format_;

@@ -46,8 +46,7 @@ void MpvDevice::beginClose()
         return;
     if (stills_ != nullptr) {
         endFollowing();
-        if (scrub_ != nullptr)
-            scrub_->stop();
+        dropScrub();
         stills_->close();
         mpv_set_wakeup_callback(channel_.handle(), nullptr, nullptr);
     }
@@ -171,14 +170,16 @@ void MpvDevice::play()
 {
     if (stage_ == Stage::Scrubbing)
         endScrub();
-    // A step ends in a pause of its own, which would undo the play; and sound comes on at rest only.
-    if (stage_ == Stage::Stepping || stage_ == Stage::Filling || soundIsOff_)
+    // A step ends in a pause of its own, which would undo the play; sound comes on at rest only; and a medium whose
+    // first picture has passed no longer tells where it begins.
+    if (stage_ == Stage::Stepping || stage_ == Stage::Filling || soundIsOff_ || !origin_)
         settle();
     drain();
     if (ended_)
         return;
     if (soundIsOff_)
         restoreSound();
+    dropScrub();
     runFromStill();
     // A step that was given up may have left it so.
     showAtOnce(false);
@@ -245,6 +246,7 @@ MediaReading MpvDevice::read()
 {
     drain();
     followLater();
+    tireOfScrub();
     if (!running_ || ended_)
         return {place_, ended_};
     if (stage_ == Stage::Rest) {

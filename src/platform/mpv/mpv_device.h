@@ -26,8 +26,15 @@ public:
               std::shared_ptr<void> inUse);
     ~MpvDevice() override;
 
-    /// Loads the file, once. With `withoutSound` its sound is not even decoded, unless there is nothing else.
-    OpenFailure load(const std::string& file, bool withoutSound);
+    /// How a file is decoded.
+    struct Decoding {
+        /// Its sound is not even decoded, unless there is nothing else.
+        bool withoutSound = false;
+        /// How many threads share its pictures.
+        int threads = 1;
+    };
+    /// Loads the file, once.
+    OpenFailure load(const std::string& file, Decoding decoding);
     /// The picture moves into this window. Nothing happens to a device without a picture's window.
     void moveInto(WindowHandle parent, double pixelRatio);
     /// Runs about every 50 ms while a call blocks. Not to be set before the load is done.
@@ -71,7 +78,7 @@ private:
         Stepping,
         /// A step back waits for its picture, which is being decoded.
         Filling,
-        /// Places change faster than the player finds them: it is told of the last one when they no longer do.
+        /// A place is found without the player, which is told of the last one when they no longer change.
         Scrubbing,
         /// The new place was asked for.
         Reading
@@ -158,11 +165,14 @@ private:
     void expectStepsWhilePausing();
     /// Goes on with a step back: shows its picture, or waits for it, or leaves it to the player.
     void lookForPicture();
-    /// A place right behind another one that is still being sought. False: it is for the player.
+    /// A place that is found without the player first, at rest. False: it is for the player.
     bool scrubTo(double seconds, Moment now);
-    /// Shows what there is of the way, and lets the player seek once places no longer change.
+    /// Shows what has been found, and lets the player seek once places no longer change.
     void followScrub();
     void endScrub();
+    /// Gives back what finding places takes.
+    void dropScrub();
+    void tireOfScrub();
     void seekByPlayer(double seconds);
     /// Shows a picture without the player. False if that cannot be done.
     bool show(const KeptPicture& picture);
@@ -182,6 +192,8 @@ private:
     void turnSound(bool on);
     /// Sound comes on again for a play from here, at rest.
     void restoreSound();
+    /// The frame that is shown at that time, as far as the rate tells.
+    double frameAt(double seconds) const;
     bool isExpected(double seconds) const;
     bool waitsForPlayer() const;
     /// How far a running device has probably come since then, in seconds.

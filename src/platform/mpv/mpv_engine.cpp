@@ -12,6 +12,7 @@
 #include <clocale>
 #include <dlfcn.h>
 #include <malloc.h>
+#include <thread>
 
 namespace tandrel
 {
@@ -50,8 +51,9 @@ private:
     bool keepsPictures() const { return !settings_.hardwareDecoding && settings_.videoOutput != "gpu"; }
     double pixelRatio(std::optional<WindowHandle> window) const;
     int openDevices() const { return static_cast<int>(means_.use_count()) - 1; }
-    /// Begins to open a file whose picture, if it is to be `shown`, gets its parent later.
-    void begin(const std::string& path, bool shown);
+    /// Begins to open a file whose picture, if it is to be `shown`, gets its parent later. There will be so many
+    /// `devices` then.
+    void begin(const std::string& path, bool shown, int devices);
 
     MpvOptions options_;
     HandleSettings settings_;
@@ -96,7 +98,14 @@ double MpvEngine::pixelRatio(std::optional<WindowHandle> window) const
     return window && options_.pixelRatio ? options_.pixelRatio(*window) : 1;
 }
 
-void MpvEngine::begin(const std::string& path, bool shown)
+/// One decoding thread is cheaper than several that meet, as long as there is a video for each processor.
+int decodingThreads(int devices)
+{
+    constexpr int kMost = 4;
+    return std::clamp(static_cast<int>(std::thread::hardware_concurrency()) / std::max(1, devices), 1, kMost);
+}
+
+void MpvEngine::begin(const std::string& path, bool shown, int devices)
 {
     // A share for the device to come is taken here, so that the stock knows how many are still to be asked for. The
     // window ends before it.
@@ -104,8 +113,8 @@ void MpvEngine::begin(const std::string& path, bool shown)
     auto window = shown ? std::make_shared<std::unique_ptr<PictureWindow>>(
                               std::make_unique<PictureWindow>(windowSystem(), std::nullopt))
                         : std::make_shared<std::unique_ptr<PictureWindow>>();
-    const bool withoutSound = options_.outputs && settings_.audioOutput.empty();
-    early_.begin(path, [path, share = std::move(share), window, withoutSound]() mutable -> EarlyOpens::Result {
+    const MpvDevice::Decoding decoding{options_.outputs && settings_.audioOutput.empty(), decodingThreads(devices)};
+    early_.begin(path, [path, share = std::move(share), window, decoding]() mutable -> EarlyOpens::Result {
         const MediaPath media = findMedia(path);
         if (media.failure != OpenFailure::None)
             return {media.failure};
@@ -115,7 +124,7 @@ void MpvEngine::begin(const std::string& path, bool shown)
         if (handle == nullptr)
             return {OpenFailure::TimedOut};
         auto device = std::make_unique<MpvDevice>(handle, std::move(*window), 1, std::move(share));
-        const OpenFailure failure = device->load(media.absolute, withoutSound);
+        const OpenFailure failure = device->load(media.absolute, decoding);
         if (failure != OpenFailure::None)
             return {failure};
         return {OpenFailure::None, std::move(device), source};
@@ -125,8 +134,9 @@ void MpvEngine::begin(const std::string& path, bool shown)
 void MpvEngine::prepare(const std::vector<std::string>& paths)
 {
     early_.drop();
+    const int devices = openDevices() + static_cast<int>(paths.size());
     for (const std::string& path : paths)
-        begin(path, options_.outputs);
+        begin(path, options_.outputs, devices);
 }
 
 OpenResult MpvEngine::open(const std::string& path, std::optional<WindowHandle> parent)
@@ -135,7 +145,7 @@ OpenResult MpvEngine::open(const std::string& path, std::optional<WindowHandle> 
     if (shown && !windowSystem().isWindow(*parent))
         return {OpenFailure::NoWindow, nullptr};
     if (!shown || !early_.isBegun(path))
-        begin(path, shown);
+        begin(path, shown, openDevices() + 1);
     EarlyOpens::Result result = early_.take(path, whileWaiting);
     means_->stock.keep(std::max(0, options_.mostDevices - openDevices()));
     if (result.failure != OpenFailure::None)

@@ -55,11 +55,10 @@ constexpr Option kOptions[]{
     {"demuxer", "lavf"},
     {"demuxer-lavf-probe-info", "yes"},
     {"demuxer-lavf-o", "protocol_whitelist=none"},
-    // Many videos at once: little memory for each, and one decoding thread is cheaper than several that meet.
+    // Many videos at once: little memory for each.
     {"cache", "no"},
     {"demuxer-max-bytes", "8MiB"},
     {"demuxer-max-back-bytes", "1MiB"},
-    {"vd-lavc-threads", "1"},
     {"sws-allow-zimg", "no"},
     {"sws-scaler", "fast-bilinear"},
     {"sws-fast", "yes"},

@@ -33,10 +33,11 @@ constexpr FactQuestion kFacts[]{
 };
 } // namespace
 
-OpenFailure MpvDevice::load(const std::string& file, bool withoutSound)
+OpenFailure MpvDevice::load(const std::string& file, Decoding decoding)
 {
     const auto deadline = std::chrono::steady_clock::now() + kOpenLimit;
-    if (withoutSound)
+    channel_.command({"set", "vd-lavc-threads", std::to_string(decoding.threads).c_str()});
+    if (decoding.withoutSound)
         channel_.command({"set", "aid", "no"});
     if (window_ != nullptr)
         channel_.command({"set", "wid", std::to_string(window_->canvas()).c_str()});
@@ -45,7 +46,7 @@ OpenFailure MpvDevice::load(const std::string& file, bool withoutSound)
     mpv_hook_add(channel_.handle(), 0, kBeforeReading, 0);
     Loading loading;
     auto failure = tryLoad(file, deadline, loading);
-    if (failure == OpenFailure::NotPlayable && withoutSound) {
+    if (failure == OpenFailure::NotPlayable && decoding.withoutSound) {
         channel_.command({"set", "aid", "auto"});
         loading = {};
         failure = tryLoad(file, deadline, loading);

@@ -13,7 +13,7 @@ namespace
 {
 // An exact seek of libmpv shows the first frame that is not earlier than this before the target.
 constexpr double kSeekTolerance = 0.005;
-// Time stamps may be rounded to milliseconds.
+// Time stamps may be rounded to milliseconds, and so is a place that is asked for.
 constexpr double kStampTolerance = 0.001;
 constexpr double kTimeEpsilon = 1e-6;
 // How many seconds before the target a seek begins to decode, from one try to the next: in some files the index, or the
@@ -48,15 +48,12 @@ void MpvDevice::seekByPlayer(double seconds)
     if (!seekable_)
         return;
     gaveUp_ = false;
-    double target = seconds;
-    if (facts_.frameRate > 0)
-        target = std::floor(seconds * facts_.frameRate + kTimeEpsilon) / facts_.frameRate;
     forgetMoves();
     forgetPictures();
     if (!running_)
         wanted_ = seconds;
     correction_ = Correction::None;
-    sendExactSeek(target);
+    sendExactSeek(facts_.frameRate > 0 ? frameAt(seconds) / facts_.frameRate : seconds);
     // Whoever asks for a time between two units wants to hear the lower one.
     place_ = lastRead_ = std::max(0.0, seconds - kTimeEpsilon);
 }
@@ -216,11 +213,19 @@ void MpvDevice::placeKnown()
         sendStepOn();
 }
 
+double MpvDevice::frameAt(double seconds) const
+{
+    // The rate of many files is a little too low, since the last frame takes longer: frames are due before it says so.
+    return std::floor((seconds + samePicture()) * facts_.frameRate + kTimeEpsilon);
+}
+
 bool MpvDevice::isExpected(double seconds) const
 {
-    const double frame = std::floor(*wanted_ * facts_.frameRate + kTimeEpsilon);
-    const double tolerance = std::min(kStampTolerance, 0.25 / facts_.frameRate);
-    return std::abs(seconds - frame / facts_.frameRate) <= tolerance;
+    const double frame = frameAt(*wanted_);
+    const bool isNext = frame > *wanted_ * facts_.frameRate + kTimeEpsilon;
+    if (isNext && seconds > *wanted_ + kTimeEpsilon)
+        return false;
+    return std::abs(seconds - frame / facts_.frameRate) <= samePicture();
 }
 
 bool MpvDevice::correctSeek()

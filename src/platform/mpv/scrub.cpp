@@ -9,6 +9,8 @@ namespace
 {
 using namespace std::chrono_literals;
 
+// This one is at work alone, and somebody looks.
+constexpr int kDecodingThreads = 2;
 // How often something of the way is shown.
 constexpr auto kBetweenPictures = 90ms;
 // Without an index nobody knows where the next key frame is. Seconds.
@@ -32,6 +34,7 @@ struct Scrub::Shared {
     // Under the lock.
     double target = 0;
     PictureSize size;
+    bool way = false;
     std::optional<KeptPicture> latest;
     std::shared_ptr<Job> job;
     bool failed = false;
@@ -61,13 +64,13 @@ public:
     bool work(Moment until) override
     {
         if (s_.reader == nullptr) {
-            s_.reader = std::make_unique<GopReader>(s_.source, s_.over);
+            s_.reader = std::make_unique<GopReader>(s_.source, s_.over, kDecodingThreads);
             if (!s_.reader->open())
                 return end(true);
         }
         while (!cancelled()) {
-            const auto [target, size] = wanted();
-            if (reached(target) ? !showPlace(size) || rests(target) : !comeNearer(target, size))
+            const auto [target, size, way] = wanted();
+            if (reached(target) ? !showPlace(size) || rests(target) : !comeNearer(target, size, way))
                 return false;
             if (std::chrono::steady_clock::now() >= until)
                 return true;
@@ -76,10 +79,15 @@ public:
     }
 
 private:
-    std::pair<double, PictureSize> wanted()
+    struct Wanted {
+        double target;
+        PictureSize size;
+        bool way;
+    };
+    Wanted wanted()
     {
         const std::lock_guard lock(s_.mutex);
-        return {s_.target, s_.size};
+        return {s_.target, s_.size, s_.way};
     }
 
     double frame() const { return 1 / s_.source.frameRate; }
@@ -99,7 +107,7 @@ private:
     }
 
     /// Reads a picture, and shows it if it is time. False if this is the end.
-    bool comeNearer(double target, PictureSize size)
+    bool comeNearer(double target, PictureSize size, bool way)
     {
         const bool jumps = !isOnTheWay(target);
         if (jumps) {
@@ -123,13 +131,13 @@ private:
         // longer than most.
         if (*s_.at > target)
             return jumps ? end(true) : !rests(target);
-        return !isDue(target) || show(size);
+        return !isDue(target, way) || show(size);
     }
 
-    bool isDue(double target)
+    bool isDue(double target, bool way)
     {
         const auto now = std::chrono::steady_clock::now();
-        if (!reached(target) && now - s_.shownAt < kBetweenPictures)
+        if (!reached(target) && (!way || now - s_.shownAt < kBetweenPictures))
             return false;
         s_.shownAt = now;
         return true;
@@ -162,10 +170,14 @@ private:
     /// True if nothing else has been asked for meanwhile: the job is over.
     bool rests(double target)
     {
-        const std::lock_guard lock(s_.mutex);
-        if (s_.target != target)
-            return false;
-        s_.job.reset();
+        {
+            const std::lock_guard lock(s_.mutex);
+            if (s_.target != target)
+                return false;
+            s_.job.reset();
+        }
+        if (s_.wake)
+            s_.wake();
         return true;
     }
 
@@ -186,23 +198,30 @@ private:
 };
 
 Scrub::Scrub(const StepTools& tools, MediaSource source)
-    : workers_(tools.workers), shared_(std::make_shared<Shared>(std::move(source), tools.budget, tools.wake))
+    : workers_(tools.workers),
+      turn_(tools.scrubs),
+      shared_(std::make_shared<Shared>(std::move(source), tools.budget, tools.wake))
 {
 }
 
-void Scrub::aim(double time, PictureSize size)
+bool Scrub::aim(double time, PictureSize size, bool way)
 {
+    if (!hasTurn_ && turn_->exchange(true))
+        return false;
+    hasTurn_ = true;
     std::shared_ptr<Job> fresh;
     {
         const std::lock_guard lock(shared_->mutex);
         shared_->target = time;
         shared_->size = size;
+        shared_->way = way;
         if (shared_->job != nullptr || shared_->failed)
-            return;
+            return true;
         fresh = shared_->job = std::make_shared<Job>(shared_);
     }
     workers_->post(fresh, {});
     workers_->hurry(fresh);
+    return true;
 }
 
 std::optional<KeptPicture> Scrub::take()
@@ -211,14 +230,34 @@ std::optional<KeptPicture> Scrub::take()
     return std::exchange(shared_->latest, std::nullopt);
 }
 
+bool Scrub::arrived() const
+{
+    const std::lock_guard lock(shared_->mutex);
+    return shared_->job == nullptr;
+}
+
 bool Scrub::failed() const
 {
     const std::lock_guard lock(shared_->mutex);
     return shared_->failed;
 }
 
+void Scrub::giveTurn()
+{
+    if (std::exchange(hasTurn_, false))
+        *turn_ = false;
+}
+
+void Scrub::rest()
+{
+    if (!arrived())
+        stop();
+    giveTurn();
+}
+
 void Scrub::stop()
 {
+    giveTurn();
     const auto former =
         std::exchange(shared_, std::make_shared<Shared>(shared_->source, shared_->budget, shared_->wake));
     const std::lock_guard lock(former->mutex);

@@ -14,6 +14,8 @@ struct StepTools {
     std::function<void()> wake;
     /// Held by the one device whose player is being brought along.
     std::shared_ptr<std::atomic<bool>> follows = std::make_shared<std::atomic<bool>>(false);
+    /// Held by the one device whose places are being found without its player.
+    std::shared_ptr<std::atomic<bool>> scrubs = std::make_shared<std::atomic<bool>>(false);
 };
 
 /// For one thread, which waits only where it says so.
