@@ -294,6 +294,7 @@ private:
     void noteDrag(const Form& window, Long x, Long y);
     void sizeByDrag(Form& window);
     void forgetDrag();
+    void barDrag();
     void countDown();
     void countRelease();
     void countPress();

@@ -13,10 +13,11 @@ struct MonitorFields {
     Integer RefitTicks;
     /// The last reading of the pointer, in pixels.
     PixelPoint CursorPos;
-    /// The pointer as the last tick of `Timer2` in full screen saw it; while it is parked, the place where it is.
+    /// The pointer as the last tick of `Timer2` in full screen saw it, in pixels; while it is parked, the place where
+    /// it is.
     float CursorLastX = 0;
     float CursorLastY = 0;
-    /// Where the pointer stood before it was parked; -1 when it isn't.
+    /// Where the pointer stood before it was parked, in pixels; -1 when it isn't.
     float CursorHomeX = -1;
     float CursorHomeY = -1;
     /// It is parked. Beside a monitor that begins left of or above the first, its home may well be at -1.
@@ -37,6 +38,8 @@ struct MonitorFields {
     /// The size in twips that a drag of an edge asks for.
     Long DragSizeWidth;
     Long DragSizeHeight;
+    /// The press that is down has put windows elsewhere, and drags none until its release.
+    bool DragBarred = false;
     /// The left button went down on `SeekSlider` while something is loaded.
     bool SeekDragging = false;
     /// The picture inside its window, in twips: as it is in full screen, or when its disc was changed.

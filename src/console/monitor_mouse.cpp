@@ -57,10 +57,12 @@ void frmMedia::Timer3_Timer()
     const bool left = buttonIsDown(MouseButton::Left);
     if (right && !rightClick())
         return;
-    if (left && !right)
+    if (left && !right) {
         dragWindow();
-    else if (!right)
+    } else if (!right) {
         forgetDrag();
+        DragBarred = false;
+    }
     notePanel();
     if (left)
         countDown();
@@ -184,7 +186,7 @@ Form* frmMedia::windowToDrag() const
 
 void frmMedia::dragWindow()
 {
-    Form* window = windowToDrag();
+    Form* window = DragBarred ? nullptr : windowToDrag();
     if (!window)
         return;
     CursorPos = services().pointer->position();
@@ -237,6 +239,12 @@ void frmMedia::forgetDrag()
     DragSizeWidth = DragSizeHeight = 0;
 }
 
+void frmMedia::barDrag()
+{
+    forgetDrag();
+    DragBarred = true;
+}
+
 void frmMedia::followDrag()
 {
     const bool underWay = DragHandle > 0 || DragOffsetX != 0 || DragOffsetY != 0;
@@ -274,11 +282,16 @@ void frmMedia::countPress()
         tidyFullScreen();
     } else if (ClickState == 0.5) {
         ClickState = 1.0;
-        if (SlideMode == "1" && !FullScreenOn && !TrackHold)
+        if (SlideMode == "1" && !FullScreenOn && !TrackHold) {
             SlideShow();
-        // What leads out of full screen need not wait for its turn.
-        if (FullScreenOn && !PanelUp && !FullMenuOpen)
+            // What the press was on stands elsewhere now, and stays there.
+            barDrag();
+        }
+        // What leads out of full screen need not wait for its turn, and the window that comes back stays where it was.
+        if (FullScreenOn && !PanelUp && !FullMenuOpen) {
             Timer2.hasten();
+            barDrag();
+        }
     }
 }
 

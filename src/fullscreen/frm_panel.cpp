@@ -108,13 +108,7 @@ void frmPanel::followSlider()
     slide_blue.Width = imgPull.left();
 }
 
-bool isAtLowerEdge(double y, Long margin)
-{
-    const class frmMedia& console = frmMedia();
-    if (console.FullTop == 0)
-        return y >= console.FullHeight - margin;
-    return y >= console.FullTop + console.FullHeight - margin;
-}
+bool isAtLowerEdge(double y, Long margin) { return y >= frmMedia().FullTop + frmMedia().FullHeight - margin; }
 
 bool frmPanel::standsUp() const { return !isAtLowerEdge(top()); }
 

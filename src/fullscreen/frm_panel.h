@@ -18,7 +18,7 @@ public:
     bool PanelSeeking = false;
     /// The place of the last seek, in the units of the console's `SeekSlider`.
     Long SeekTarget;
-    /// The volume before mute; 0 while it is not muted.
+    /// The volume before mute, 1 to `kLoudest`; 0 while it is not muted.
     Long MuteMemory;
 
     // The seek strip, from the back to the front; `imgMoveUp` takes the mouse.
@@ -94,7 +94,7 @@ private:
 
     /// Blocks the auto-hide. Nothing sets it.
     bool PanelHold = false;
-    /// The place that the auto-hide takes for the pointer. Nothing writes it.
+    /// The place that the auto-hide takes for the pointer, in pixels. Nothing writes it.
     PixelPoint PanelCursor;
 };
 
@@ -104,9 +104,9 @@ void bringUpPanel(const Text& title);
 /// Out of sight, just below the monitor, at once.
 void putPanelBelow();
 
-/// A height on the desktop is at the lower edge of the console's monitor, or beyond it. Measured against the height of
-/// the monitor alone, as on one that begins at 0; where it begins elsewhere that would bring the panel up for good, or
-/// never, so there its true edge counts.
+/// A height on the desktop, in twips, is at the lower edge of the console's monitor, less `margin` twips, or beyond it.
+/// The height of the monitor alone says the same on one that begins at 0. Where it begins elsewhere that would bring
+/// the panel up for good, or never, so the edge is what counts.
 bool isAtLowerEdge(double y, Long margin = 0);
 
 } // namespace tandrel

@@ -122,6 +122,21 @@ class Playing(ConsoleTest):
         wait_for(tried, 20, "the large place")
         wait_for(lambda: player.place(names[2])[2:] == (320, 180), 20, "the former lead beside it")
 
+    def test_a_double_click_that_ends_in_a_move_leaves_the_new_one_in_its_place(self):
+        names = films(3, self.folder)
+        player = self.up(names, slide="1")
+        self.assert_place(player, names[2], LEAD)
+
+        def tried():
+            x, y, width, height = player.place(names[0])
+            self.display.run("xdotool", "mousemove", str(x + width // 2), str(y + height // 2), "click", "1", "sleep", "0.11",
+                             "mousedown", "1", "sleep", "0.2", "mousemove_relative", "3", "2", "sleep", "0.2", "mouseup", "1")
+            time.sleep(0.5)
+            return player.place(names[0])[2:] == LEAD[2:]
+
+        wait_for(tried, 20, "the large size")
+        self.assertEqual(player.place(names[0]), LEAD)
+
     def test_the_second_disc_goes_on_in_the_same_window(self):
         first, = self.copies("short.mp4", "film CD1.mp4")
         second, = self.copies("h264_25.mp4", "film CD2.mp4")
