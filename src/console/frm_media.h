@@ -287,6 +287,7 @@ private:
     void fillWithPlayer();
     bool fillPlayer(const ControlWindow<MediaPlayerControl, Form>& player);
     void fillWithSelected();
+    void showPanelOver(const VideoWindow& window);
     void fillWith(frmChild& window);
     void popUpFullMenu();
     Form* windowToDrag() const;

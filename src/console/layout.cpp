@@ -205,7 +205,7 @@ void frmMedia::SlideShow()
     CurrentAlias = kept;
     if (frmChild* window = slotPlaying(CurrentAlias)) {
         ignoringErrors([&] { MediaSeekPlay(0, 0); });
-        mciSend("setaudio " + CurrentAlias + " Volume to " + text(VolumeSlider.Value() * 10));
+        MediaSetVolume(VolumeSlider.Value);
         window->Paused = 0;
         window->SetFocus();
         showTitleOf(window->path());

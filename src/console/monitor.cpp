@@ -118,7 +118,7 @@ void frmMedia::restartIfEnded(const frmChild& window)
     if (reading.position >= reading.length)
         mciSend("Play " + alias + " from 0");
     if (!FullScreenOn && !FastForward && !FastRewind && alias == CurrentAlias)
-        mciSend("setaudio " + alias + " Volume to " + text(window.Volume * 10));
+        MediaSetVolumeAlias(alias, window.Volume);
 }
 
 void frmMedia::Timer4_Timer()

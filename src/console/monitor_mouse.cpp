@@ -115,11 +115,7 @@ void frmMedia::fillDisc(VideoWindow& window)
     SaverOff = true;
     // The corner stands in twips here, which is right on the first monitor; the window is put right elsewhere.
     window.fillScreen({FullLeft, FullTop, FullLeft + pixelsX(FullWidth), FullTop + pixelsY(FullHeight)});
-    // It may have been closed on its way.
-    if (!window.Full)
-        return;
-    bringUpPanel(panelTitle());
-    Timer4.Enabled = false;
+    showPanelOver(window);
 }
 
 void frmMedia::fillWithPlayer()
@@ -151,6 +147,11 @@ void frmMedia::fillWithSelected()
 void frmMedia::fillWith(frmChild& window)
 {
     window.fillScreen();
+    showPanelOver(window);
+}
+
+void frmMedia::showPanelOver(const VideoWindow& window)
+{
     // It may have been closed on its way.
     if (!window.Full)
         return;

@@ -24,11 +24,6 @@ constexpr int kLargest = 300;
 constexpr int kSmallest = 50;
 constexpr int kNativeSize = 100;
 
-bool isLeft(const MouseEvent& event) { return (event.button & mouse::kLeft) != 0; }
-
-/// There is something whose place the slider could change.
-bool somethingIsLoaded() { return !CurrentAlias.empty() || MkvOpen || DVDMode; }
-
 } // namespace
 
 void frmMedia::wireSliders()
@@ -64,13 +59,13 @@ void frmMedia::SeekSlider_MouseDown(const MouseEvent& event)
     if (!somethingIsLoaded())
         return;
     Timer1.Enabled = false;
-    if (isLeft(event))
+    if (event.left())
         SeekDragging = true;
 }
 
 void frmMedia::SeekSlider_MouseMove(const MouseEvent& event)
 {
-    if (!somethingIsLoaded() || !isLeft(event) || !SeekDragging) {
+    if (!somethingIsLoaded() || !event.left() || !SeekDragging) {
         SeekDragging = false;
         return;
     }

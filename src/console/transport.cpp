@@ -113,7 +113,7 @@ void frmMedia::cmdPlay()
     frmChild* window = firstSlot([](const frmChild& slot) { return slot.plays(CurrentAlias) && slot.Paused == 1; });
     if (window) {
         MediaSeek(SeekSlider.Value, 0);
-        mciSend("setaudio " + CurrentAlias + " Volume to " + text(window->Volume * 10));
+        MediaSetVolume(window->Volume);
         window->Paused = 0;
     }
     Playing = true;
@@ -204,14 +204,10 @@ void frmMedia::cmdRwd_Click()
 
 void frmMedia::changeJump(bool& wanted, bool& opposite)
 {
-    if (opposite && !wanted) {
-        opposite = false;
-        lblSpeed.Caption = "0x";
-        mciSend("setaudio " + CurrentAlias + " Volume to " + text(VolumeSlider.Value() * 10));
-    } else if (!CurrentAlias.empty()) {
-        wanted = true;
-        opposite = false;
-    }
+    if (!turnJump(wanted, opposite))
+        return;
+    lblSpeed.Caption = "0x";
+    MediaSetVolume(VolumeSlider.Value);
 }
 
 } // namespace tandrel

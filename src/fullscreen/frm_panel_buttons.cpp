@@ -40,8 +40,6 @@ constexpr std::array<Look, 7> kLooks{{
 constexpr const char* kMuted = "panel_muted";
 constexpr const char* kMutedHover = "panel_muted_on";
 
-void sendVolume(Long level) { mciSend("setaudio " + CurrentAlias + " Volume to " + text(level * 10)); }
-
 frmChild* heldSelected()
 {
     return firstSlot([](const frmChild& slot) { return slot.plays(CurrentAlias) && slot.Paused == 1; });
@@ -137,16 +135,14 @@ void frmPanel::imgPlay_Click()
     showPlayButton(false);
     if (tellOtherMedia(Transport::Play) || CurrentAlias.empty())
         return;
+    PanelSeeking = false;
     if (FastForward || FastRewind) {
         FastForward = false;
         FastRewind = false;
-        PanelSeeking = false;
-        return sendVolume(frmMedia().VolumeSlider.Value);
-    }
-    PanelSeeking = false;
-    if (frmChild* window = heldSelected()) {
+        MediaSetVolume(frmMedia().VolumeSlider.Value);
+    } else if (frmChild* window = heldSelected()) {
         MediaSeek(frmMedia().SeekSlider.Value, 0);
-        sendVolume(window->Volume);
+        MediaSetVolume(window->Volume);
         window->Paused = 0;
     }
 }
@@ -166,13 +162,8 @@ void frmPanel::jump(bool& wanted, bool& opposite)
 {
     PanelUp = true;
     PanelIdle = false;
-    if (opposite && !wanted) {
-        opposite = false;
-        sendVolume(frmMedia().VolumeSlider.Value);
-    } else if (!CurrentAlias.empty()) {
-        wanted = true;
-        opposite = false;
-    }
+    if (turnJump(wanted, opposite))
+        MediaSetVolume(frmMedia().VolumeSlider.Value);
 }
 
 void frmPanel::imgNoFull_Click()
@@ -267,7 +258,7 @@ void frmPanel::resumeByKey()
     if (!window || window->Paused == 0)
         return;
     mciSend("Play " + CurrentAlias + " ");
-    sendVolume(frmMedia().VolumeSlider.Value);
+    MediaSetVolume(frmMedia().VolumeSlider.Value);
     window->Paused = 0;
     showPlayButton(false);
 }

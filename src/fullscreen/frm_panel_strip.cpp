@@ -13,9 +13,6 @@ namespace tandrel
 
 namespace
 {
-bool leftDown(const MouseEvent& event) { return (event.button & mouse::kLeft) != 0; }
-
-bool somethingPlays() { return DVDMode || MkvOpen || !CurrentAlias.empty(); }
 } // namespace
 
 void frmPanel::wireStrip()
@@ -44,10 +41,10 @@ void frmPanel::showPull(Long x)
 void frmPanel::imgMoveUp_MouseDown(const MouseEvent& event)
 {
     const Long x = event.x;
-    if (!leftDown(event) || !isOnStrip(x))
+    if (!event.left() || !isOnStrip(x))
         return;
     showPull(x);
-    if (somethingPlays())
+    if (somethingIsLoaded())
         PanelSeeking = true;
 }
 
@@ -56,13 +53,13 @@ void frmPanel::imgMoveUp_MouseMove(const MouseEvent& event)
     PanelIdle = false;
     lightUp(nullptr);
     const Long x = event.x;
-    if (!leftDown(event))
+    if (!event.left())
         return;
     if (isOnStrip(x)) {
         showPull(x);
         PanelSeeking = true;
     }
-    if (somethingPlays() && PanelSeeking)
+    if (somethingIsLoaded() && PanelSeeking)
         followDrag();
     PanelSeeking = false;
 }

@@ -146,6 +146,19 @@ void MediaRestart(const Alias& alias, Long flag, Integer level)
     startFrom(alias, flag, level);
 }
 
+bool turnJump(bool& wanted, bool& opposite)
+{
+    if (opposite && !wanted) {
+        opposite = false;
+        return true;
+    }
+    if (!CurrentAlias.empty()) {
+        wanted = true;
+        opposite = false;
+    }
+    return false;
+}
+
 void MediaFastForward()
 {
     formatMs(CurrentAlias);

@@ -35,6 +35,9 @@ void MediaRestart(const Alias& alias, Long flag, Integer level);
 /// (back), the jumps stop, paused.
 void MediaFastForward();
 void MediaFastRewind();
+/// A press for a jump one way, `FastForward` or `FastRewind`: it ends a jump the other way, and is true then; otherwise
+/// the jump begins, where a file is selected.
+bool turnJump(bool& wanted, bool& opposite);
 
 void MediaPause();
 void MediaPauseAlias(const Alias& alias);
@@ -80,6 +83,7 @@ Text MediaGetLength();
 /// H:MM:SS, whole days dropped. `ms` comes back as whole seconds.
 Text FormatTime(Long& ms);
 
+/// 0 to `kLoudest`.
 Long MediaSetVolume(Long level);
 Long MediaSetVolumeAlias(const Alias& alias, Long level);
 

@@ -32,6 +32,9 @@ inline constexpr int kMiddle = 4;
 
 /// The pointer is in twips of the control that the event is for.
 struct MouseEvent {
+    /// The left one is meant, or among those that are down.
+    bool left() const { return (button & mouse::kLeft) != 0; }
+
     int button = 0;
     int shift = 0;
     double x = 0;

@@ -18,8 +18,6 @@ namespace
 constexpr int kHitPixels = 6;
 constexpr int kCornerTwips = 255;
 
-bool leftDown(const MouseEvent& event) { return (event.button & mouse::kLeft) != 0; }
-
 } // namespace
 
 frmChild::frmChild() : VideoWindow("frmChild", Frame::Video, {0, 0, 4810, 4505})
@@ -48,7 +46,7 @@ void frmChild::wireControls()
     const auto wireStrip = [this](PictureBox& box, int strip) {
         box.MouseDown = [this, strip](const MouseEvent&) { holdStrip(strip); };
         box.MouseMove = [this, strip](const MouseEvent& event) {
-            if (leftDown(event))
+            if (event.left())
                 holdStrip(strip);
             followPointer(event);
         };
@@ -104,7 +102,7 @@ void frmChild::holdStrip(int strip) { frmMedia().DragHandle = strip; }
 
 void frmChild::followPointer(const MouseEvent& event)
 {
-    if (leftDown(event))
+    if (event.left())
         frmMedia().followDrag();
 }
 

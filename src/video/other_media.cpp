@@ -60,6 +60,8 @@ MediaKind mediaKind()
     return MkvOpen ? MediaKind::Hd : MediaKind::Files;
 }
 
+bool somethingIsLoaded() { return DVDMode || MkvOpen || !CurrentAlias.empty(); }
+
 OtherMedia& otherMedia()
 {
     static OtherMedia windows;

@@ -24,6 +24,8 @@ enum class MediaKind {
 
 /// By `DVDMode`, the system, and `MkvOpen`.
 MediaKind mediaKind();
+/// There is something whose place a slider could change: a selected file, or what plays in a window of another kind.
+bool somethingIsLoaded();
 
 /// A loaded window and its control; both null while there is none.
 template <class Control, class Window = Form>
