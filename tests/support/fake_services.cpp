@@ -11,6 +11,7 @@
 #include "toolkit/press.h"
 #include "toolkit/program.h"
 #include "toolkit/screen.h"
+#include "toolkit/timer.h"
 
 #include <algorithm>
 
@@ -249,6 +250,8 @@ std::unique_ptr<FormView> FakeBackend::makeView(Form& form)
 {
     return windows || whileModal.count(form.name()) > 0 ? std::make_unique<FakeFormView>(form, *this) : nullptr;
 }
+
+void FakeBackend::timerHastened(Timer& timer) { hastened.push_back(timer.form().name() + "." + timer.name()); }
 
 void FakeBackend::act(Form& form)
 {

@@ -213,6 +213,12 @@ public:
     Bitmap picture(const Text& name, int width, int height) override;
     void setBoxTexts(const BoxTexts& texts) override { boxTexts = texts; }
     void beep() override { ++beeps; }
+    void timerHastened(Timer& timer) override;
+    void animate(int steps, int ms, const std::function<void(int step)>& draw) override
+    {
+        slides.push_back(ms);
+        Backend::animate(steps, ms, draw);
+    }
     void quit() override { ++quits; }
     void mousePointerChanged(Integer shape) override
     {
@@ -248,6 +254,10 @@ public:
     /// What happens while a menu is up.
     std::function<void()> whileMenuIsUp;
     int quits = 0;
+    /// The timers whose ticks should not wait for their turn, "frmMedia.Timer2".
+    std::vector<Text> hastened;
+    /// How many ms each movement was given.
+    std::vector<int> slides;
     std::vector<int> pointerShapes;
     /// Called at each change of the pointer.
     std::function<void()> whenPointerChanges;

@@ -236,6 +236,27 @@ TEST_F(ConsoleMonitorClicks, TheSecondPressLeavesThePanelToTheSlowTick)
     EXPECT_EQ(ClickState, 1.0);
 }
 
+TEST_F(ConsoleMonitorClicks, ASecondPressOnTheFullPictureDoesNotWaitForTheSlowTicksTurn)
+{
+    console().Timer2.Enabled = true;
+    const auto hastened = [&] {
+        world.backend.hastened.clear();
+        ClickState = 0.5;
+        press();
+        EXPECT_EQ(ClickState, 1.0);
+        release();
+        return world.backend.hastened;
+    };
+    EXPECT_THAT(hastened(), IsEmpty()) << "nothing is full";
+    fullWithPanelDown();
+    EXPECT_THAT(hastened(), ElementsAre("frmMedia.Timer2"));
+    FullMenuOpen = true;
+    EXPECT_THAT(hastened(), IsEmpty());
+    FullMenuOpen = false;
+    frmPanel().Top = 16199;
+    EXPECT_THAT(hastened(), IsEmpty()) << "the panel is up";
+}
+
 TEST_F(ConsoleMonitorClicks, WhetherThePanelIsUpIsSeenAtEachTickInFullScreen)
 {
     PanelUp = true;

@@ -233,6 +233,41 @@ TEST_F(ConsoleMonitorDrag, BetweenTheTicksAMoveOverTheWindowDragsOn)
     EXPECT_EQ(rectOf(selected), (Rect{1805, 1800, 4495, 3100}));
 }
 
+TEST_F(ConsoleMonitorDrag, AMoveOverAHeldStripSizesTheWindowAtOnce)
+{
+    frmChild& selected = window();
+    selected.picVRes.userMouseDown({mouse::kLeft, 0, 5, 5});
+    world.pointer.place = {500, 400};
+    selected.picVRes.userMouseMove({mouse::kLeft, 0, 5, 5});
+    EXPECT_EQ(rectOf(selected), (Rect{1505, 1500, 5995, 4500}));
+    EXPECT_EQ(offset(), none);
+}
+
+TEST_F(ConsoleMonitorDrag, TheRightButtonLeavesADragAsItIs)
+{
+    frmChild& selected = window();
+    class frmMedia& dragging = console();
+    const auto fields = [&] {
+        return std::vector<int>{dragging.DragOffsetX, dragging.DragOffsetY, dragging.DragSizeWidth,
+                                dragging.DragSizeHeight};
+    };
+    const std::vector<int> begun{11, 12, 13, 14};
+    dragging.DragOffsetX = 11;
+    dragging.DragOffsetY = 12;
+    dragging.DragSizeWidth = 13;
+    dragging.DragSizeHeight = 14;
+    world.pointer.place = {0, 0};
+    world.pointer.right = true;
+    release();
+    EXPECT_EQ(fields(), begun);
+    press();
+    EXPECT_EQ(fields(), begun);
+    EXPECT_EQ(rectOf(selected), (Rect{1505, 1500, 4495, 3100})) << "nor does the window follow";
+    world.pointer.right = false;
+    release();
+    EXPECT_EQ(fields(), (std::vector<int>{0, 0, 0, 0}));
+}
+
 TEST_F(ConsoleMonitorDrag, AWindowOnAMonitorToTheLeftAndAboveIsDraggedInItsPlace)
 {
     frmChild& selected = window();

@@ -2,6 +2,7 @@
 
 #include "monitor_bench.h"
 
+#include "fullscreen/frm_panel.h"
 #include "toolkit/activation.h"
 
 namespace tandrel::test
@@ -49,6 +50,8 @@ TEST_F(ConsoleMonitorEnd, TheDisplayGoesBackToTheBeginning)
     stands(0, "3723000", "3723000");
     console().SeekSlider.Max = 100;
     console().SeekSlider.Value = 50;
+    console().lblCurTime.Caption = "1:02:02";
+    console().lblTitleBar.Caption = "vi ]";
     EXPECT_THAT(sentBy(console().Timer1),
                 ElementsAre("set A time format ms", "status A position", "status A length", "set A time format frames",
                             "status A length", "set A time format ms", "status A length"));
@@ -59,12 +62,22 @@ TEST_F(ConsoleMonitorEnd, TheDisplayGoesBackToTheBeginning)
     EXPECT_EQ(console().SeekSlider.maximum(), 3723000);
 }
 
+TEST_F(ConsoleMonitorEnd, TheLengthIsCutAsOneWithASingleFigureForItsHours)
+{
+    playToTheEnd(1, "0");
+    stands(0, "36309000", "36309000");
+    tick1();
+    EXPECT_EQ(console().lblDuration.caption(), "1::0::0") << "of 10:05:09";
+}
+
 TEST_F(ConsoleMonitorEnd, ThePanelKeepsItsTimeAtTheEnd)
 {
     playToTheEnd(1, "0");
     FullScreenOn = PanelUp = true;
+    frmPanel().lblCurrent.Caption = "0:00:59";
     tick1();
     EXPECT_EQ(console().lblCurTime.caption(), "0:00:00");
+    EXPECT_EQ(frmPanel().lblCurrent.caption(), "0:00:59");
 }
 
 TEST_F(ConsoleMonitorEnd, TheFirstReplayComesBehind21TicksAndTheNextAtOnce)

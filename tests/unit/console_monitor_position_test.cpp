@@ -175,6 +175,25 @@ TEST_F(ConsoleMonitorPosition, AnEmptyTitleOrNoDurationBringsBoth)
     EXPECT_EQ(console().lblDuration.caption(), "1:02:03");
 }
 
+TEST_F(ConsoleMonitorPosition, TheLengthIsCutAsOneWithASingleFigureForItsHours)
+{
+    play(1);
+    stands(0, "1500", "36309000");
+    tick1();
+    EXPECT_EQ(console().lblDuration.caption(), "1::0::0") << "of 10:05:09";
+}
+
+TEST_F(ConsoleMonitorPosition, ATitleOfBlanksIsLeftToTheMarquee)
+{
+    play(1);
+    stands(0, "1500", "3723000");
+    console().lblTitleBar.Caption = "   ";
+    console().lblDuration.Caption = "0:01:00";
+    tick1();
+    EXPECT_EQ(console().lblTitleBar.caption(), "   ");
+    EXPECT_EQ(console().lblDuration.caption(), "0:01:00");
+}
+
 TEST_F(ConsoleMonitorPosition, AFileThatIsNamedLikeTheIdleTitleIsWrittenSo)
 {
     play(1);
@@ -317,6 +336,10 @@ TEST_F(ConsoleMonitorPosition, TimesOfMoreThanSevenCharactersLoseTheFirst)
     bench.mkv.duration = "01:02:03";
     tick1();
     EXPECT_THAT(times(), ElementsAre("02:03", "1:02:03"));
+    bench.mkv.position = " 1:02:03";
+    bench.mkv.duration = "  59:59 ";
+    tick1();
+    EXPECT_THAT(times(), ElementsAre(" 1:02:03", "  59:59 ")) << "blanks around them do not count";
 }
 
 TEST_F(ConsoleMonitorPosition, TheTitleOfAPlayerIsWrittenWhileItHasAPlace)

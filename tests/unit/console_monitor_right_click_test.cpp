@@ -170,6 +170,39 @@ TEST_F(ConsoleMonitorRightClick, ThePressThatFilledTheScreenOpensNoMenu)
     EXPECT_FALSE(FullMenuOpen) << "the next press is another one";
 }
 
+TEST_F(ConsoleMonitorRightClick, ThePressThatFilledTheScreenWithADiscOpensNoMenu)
+{
+    OtherMediaBench bench;
+    discOn("WINDOWS XP", bench);
+    rightPressOn(*bench.dvdForm);
+    ASSERT_TRUE(FullScreenOn);
+    world.pointer.right = FullMenuOpen = true;
+    tick3();
+    EXPECT_TRUE(FullMenuOpen) << "the held button asks for nothing more";
+    world.pointer.right = false;
+    tick3();
+    world.pointer.right = true;
+    tick3();
+    EXPECT_FALSE(FullMenuOpen) << "the next press is another one";
+}
+
+TEST_F(ConsoleMonitorRightClick, ThePressThatFilledTheScreenWithAPlayerDoesSoOnce)
+{
+    OtherMediaBench bench;
+    filmOn(bench);
+    rightPressOn(*bench.mkvForm);
+    // The control has gone back by itself, and the button is still held.
+    bench.mkv.full = false;
+    world.pointer.right = true;
+    tick3();
+    EXPECT_THAT(bench.asked(), ElementsAre("frmMKV fullScreen on"));
+    world.pointer.right = false;
+    tick3();
+    world.pointer.right = true;
+    tick3();
+    EXPECT_THAT(bench.asked(), ElementsAre("frmMKV fullScreen on", "frmMKV fullScreen on"));
+}
+
 TEST_F(ConsoleMonitorRightClick, AWindowThatClosesOnItsWayToFullScreenLeavesNothingOfThatState)
 {
     for (const bool byActivation : {false, true}) {

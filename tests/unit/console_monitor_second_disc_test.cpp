@@ -104,6 +104,29 @@ TEST_F(ConsoleMonitorSecondDisc, ThePictureIsOutOfSightMeanwhile)
     EXPECT_EQ(kept.height, 2600);
 }
 
+TEST_F(ConsoleMonitorSecondDisc, ThePictureIsPaintedAnewOutOfSightAndBeforeItIsSeenAgain)
+{
+    world.backend.windows = true;
+    firstDisc();
+    tick1();
+    const auto steps = chosen(world.journal, [](const std::string& line) {
+        return line == "frmChild.picVideo hidden" || line == "frmChild.picVideo repaint" ||
+               line == "frmChild.picVideo shown" || line.starts_with("Close ") || line == "frmMedia activate";
+    });
+    EXPECT_THAT(steps,
+                ElementsAre("frmChild.picVideo hidden", "frmChild.picVideo repaint", "Close " + tandrel::quoted(first),
+                            "frmMedia activate", "frmChild.picVideo repaint", "frmChild.picVideo shown"));
+}
+
+TEST_F(ConsoleMonitorSecondDisc, ItsLengthIsCutAsOneWithASingleFigureForItsHours)
+{
+    const frmChild& window = firstDisc();
+    world.mci.answer("status " + tandrel::quoted(second) + " length", "36309000");
+    tick1();
+    EXPECT_EQ(console().lblDuration.caption(), "1::0::0") << "of 10:05:09";
+    EXPECT_EQ(window.Duration, "1::0::0");
+}
+
 TEST_F(ConsoleMonitorSecondDisc, AHeldWindowHoldsTheSecondToo)
 {
     firstDisc().Paused = 1;
@@ -160,6 +183,7 @@ TEST_F(ConsoleMonitorSecondDisc, WithoutASecondFileNothingHappensAtAnyTick)
 {
     const frmChild& window = firstDisc("/films/Film cd1.avi", "");
     console().SlideMode = "1";
+    console().lblCurTime.Caption = "0:00:59";
     for (int tick = 0; tick < 40; ++tick)
         tick1();
     EXPECT_EQ(console().EndTicks, 0);

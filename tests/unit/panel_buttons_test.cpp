@@ -210,14 +210,15 @@ TEST_F(PanelButtons, TheWayOutEndsThePanelAndTheSlowTickDoesTheRest)
 {
     console().Timer4.Enabled = false;
     console().TrackHold = FullMenuOpen = true;
+    console().Timer2.Enabled = true;
     const auto panelBefore = panel().shared_from_this();
     press(panel().imgNoFull);
+    EXPECT_THAT(world.backend.hastened, ElementsAre("frmMedia.Timer2")) << "which need not wait for its turn";
     EXPECT_TRUE(console().Timer4.enabled());
     EXPECT_EQ(ClickState, 1.0);
     EXPECT_FALSE(console().TrackHold || FullMenuOpen || PanelUp);
     EXPECT_TRUE(panelBefore->isDead());
     EXPECT_TRUE(FullScreenOn) << "not yet";
-    console().Timer2.Enabled = true;
     console().Timer2.tick();
     EXPECT_FALSE(FullScreenOn);
     EXPECT_FALSE(full().Full);

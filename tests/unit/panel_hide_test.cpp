@@ -224,6 +224,17 @@ TEST_F(PanelHide, WhereNoOtherSlotPlaysIsTheFullPictureGetsTheKeys)
     EXPECT_EQ(activeForm(), &window) << "the panel, which is off the screen, can't hold them";
 }
 
+TEST_F(PanelHide, AFirstSlotTakesNoKeysFromWhatIsInFront)
+{
+    openOn({{0, 0, 1920, 1080}});
+    fill(0);
+    tick();
+    console().SetFocus();
+    tick();
+    EXPECT_TRUE(isDown());
+    EXPECT_EQ(activeForm(), &console());
+}
+
 TEST_F(PanelHide, EmptySlotsAndNoneAtAllAreNoMatter)
 {
     frmChild& window = armed();

@@ -80,8 +80,8 @@ TEST_F(PanelHover, BetweenTheButtonsAllAreAtRest)
 {
     for (const auto& move : std::vector<std::function<void()>>{
              [this] { moveOver(panel().picMain); }, [this] { panel().MouseMove({}); },
-             [this] { moveOver(panel().lblTitle); }, [this] { moveOver(panel().lblCurrent); },
-             [this] { panel().MouseLeave(); }}) {
+             [this] { moveOver(panel().imgMoveUp); }, [this] { moveOver(panel().lblTitle); },
+             [this] { moveOver(panel().lblCurrent); }, [this] { panel().MouseLeave(); }}) {
         lightAll();
         move();
         EXPECT_EQ(pictures(), atRest());

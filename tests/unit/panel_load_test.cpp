@@ -10,6 +10,7 @@ namespace tandrel::test
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::Le;
 
 namespace
 {
@@ -169,6 +170,31 @@ TEST_F(PanelLoad, TheStepsOfAShowingComeInTheirOrder)
     EXPECT_TRUE(PanelUp);
     EXPECT_FALSE(panel().PanelIdle);
     EXPECT_TRUE(panel().visible());
+}
+
+TEST_F(PanelLoad, AShowingOfThePanelThatHasTheKeysAlreadyIsAShowingToo)
+{
+    fullScreen();
+    putPanelBelow();
+    ASSERT_EQ(activeForm(), &panel()) << "its activation is not what does it";
+    panel().PanelIdle = true;
+    PanelUp = false;
+    bringUpPanel("File::");
+    EXPECT_TRUE(PanelUp);
+    EXPECT_FALSE(panel().PanelIdle);
+    EXPECT_EQ(panel().top(), 16200 - 914);
+}
+
+TEST_F(PanelLoad, TheSlidesUpAndDownTakeAQuarterOfASecondAtMost)
+{
+    fullScreen();
+    world.backend.slides.clear();
+    putPanelBelow();
+    bringUpPanel("File::");
+    panel().Timer2.tick();
+    panel().Timer2.tick();
+    ASSERT_EQ(panel().top(), 16200);
+    EXPECT_THAT(world.backend.slides, ElementsAre(Le(250), Le(250)));
 }
 
 TEST_F(PanelLoad, OnAMonitorWithAnOffsetItSlidesThere)
