@@ -70,7 +70,7 @@ class Soak(ConsoleTest):
             os.remove(self.report)
         self.player.process.send_signal(signal.SIGUSR1)
         wait_for(lambda: os.path.exists(self.report) or not self.player.alive(), LONGEST, f"an answer behind {self.done[-5:]}")
-        self.assertTrue(self.player.alive(), f"it ended behind {self.done[-5:]}")
+        self.assertTrue(self.player.alive(), f"it ended with {self.player.process.returncode} behind {self.done[-5:]}")
         with open(self.report, encoding="utf-8", errors="surrogateescape") as lines:
             return [line.rstrip("\n").split("\t") for line in lines if not line.startswith("#")]
 
