@@ -14,7 +14,7 @@ import time
 import unittest
 
 from console_driver import FRAMES, RATE, TIP, ConsoleTest, films, grid
-from player import wait_for
+from player import wait_briefly, wait_for
 
 SECONDS = float(os.environ.get("TANDREL_SOAK_SECONDS", "45"))
 SEED = int(os.environ.get("TANDREL_SOAK_SEED", "1"))
@@ -95,7 +95,9 @@ class Soak(ConsoleTest):
         for _, *window in self.player.all_windows():
             if tuple(window[3:]) == TIP:
                 self.display.run("wmctrl", "-ia", window[0])
-                self.key("Return")
+                # It may have gone meanwhile, and the key would press a button of the console.
+                if self.display.run("xdotool", "getactivewindow").stdout.strip() == str(int(window[0], 16)):
+                    self.key("Return")
         if self.popup():
             self.key("Escape")
         console = self.console(self.player)
@@ -112,10 +114,12 @@ class Soak(ConsoleTest):
         return name
 
     def change_layout(self):
+        mode = ["Down"] * self.dice.choice((1, 2))
         if self.console(self.player):
             self.click_button(self.player, "imgResize")
-            time.sleep(0.2)
-            self.key("Down", *(["Down"] if self.dice.random() < 0.5 else []), "Return")
+            # Without a menu to take them the keys would press buttons of the console.
+            if wait_briefly(self.popup):
+                self.key(*mode, "Return")
         return "layout"
 
     def select(self):
@@ -274,8 +278,7 @@ class Soak(ConsoleTest):
 
     def check_agreement(self):
         """Four more in PlayAll Mode: as many windows and devices, and each picture is the one of the place reported."""
-        self.click_button(self.player, "imgResize")
-        time.sleep(0.3)
+        self.open_menu(self.player, "imgResize")
         self.key("Down", "Return")
         names = self.names[:4]
         self.drop(self.console(self.player), *names)
