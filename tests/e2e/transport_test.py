@@ -233,6 +233,19 @@ class Transport(ConsoleTest):
         self.wait_for_movement(player, self.names[:-1])
         self.assertEqual(self.still_numbers(player, [self.selected]), held)
 
+    def test_hide_right_behind_an_open_takes_the_console_away_too(self):
+        """The open asks for the focus at its end, which would bring the console back without the videos."""
+        player = self.start(home=self.home(tips="0"))
+        player.wait_ready()
+        console = self.console(player)
+        self.names = films(8, self.folder)
+        self.drop(console, *self.names)
+        self.click_button(player, "imgHide")
+        wait_for(lambda: "Iconic" in self.state(console[0]), 20, "the console as an icon")
+        self.assertEqual(self.videos(player), [])
+        self.display.run("wmctrl", "-i", "-a", console[0])
+        wait_for(lambda: self.videos(player) == self.names, 20, "the videos on the screen")
+
     def test_minimise_takes_the_console_alone_away(self):
         player = self.up()
         console = self.console(player)[0]

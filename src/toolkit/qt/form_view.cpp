@@ -21,6 +21,15 @@ namespace
 {
 
 constexpr qint64 kScreenWaitMs = 60;
+constexpr int kReturnCheckMs = 500;
+
+bool isMinimised(const Form& form) { return form.windowState() == static_cast<int>(WindowState::Minimised); }
+
+/// A request for the focus would bring a minimised window back.
+bool mayHaveFocus(const Form& form, const QWidget& widget)
+{
+    return activeForm() == &form && widget.isVisible() && !isMinimised(form);
+}
 
 /// Activates a window that was not on the screen yet when it was asked for, unless another form has become the active
 /// one meanwhile: the window system would do it all the same, and take the keys away from that one.
@@ -33,7 +42,7 @@ public:
     {
         if (event->type() != QEvent::Expose || !widget_.windowHandle()->isExposed())
             return false;
-        if (widget_.isVisible() && activeForm() == &form_)
+        if (mayHaveFocus(form_, widget_))
             widget_.activateWindow();
         deleteLater();
         return false;
@@ -50,9 +59,28 @@ void askForFocus(const Form& form, QWidget& widget)
 {
     QTimer::singleShot(0, &widget, [form = form.weak_from_this(), &widget] {
         const auto alive = form.lock();
-        if (alive && activeForm() == alive.get() && widget.isVisible())
+        if (alive && mayHaveFocus(*alive, widget))
             widget.activateWindow();
     });
+}
+
+/// Sees to it that a minimised form learns of its return. Qt says nothing of one that a window manager brings back
+/// before Qt has heard of its going.
+void watchForReturn(const Form& form, QWidget& widget)
+{
+    auto* watch = new QTimer(&widget);
+    QObject::connect(watch, &QTimer::timeout, &widget,
+                     [form = form.weak_from_this(), &widget, watch, seen = 0]() mutable {
+                         const auto alive = form.lock();
+                         const bool waits = alive && isMinimised(*alive);
+                         seen = waits && standsOnScreen(widget) ? seen + 1 : 0;
+                         // The first time the window manager may not have got round to it.
+                         if (seen > 1)
+                             widget.setWindowState(widget.windowState() & ~Qt::WindowMinimized);
+                         if (!waits || seen > 1)
+                             watch->deleteLater();
+                     });
+    watch->start(kReturnCheckMs);
 }
 
 } // namespace
@@ -147,6 +175,7 @@ void QtFormView::minimise()
 {
     if (windowManagerPresent()) {
         widget_->showMinimized();
+        watchForReturn(form_, *widget_);
         return;
     }
     widget_->hide();

@@ -52,6 +52,21 @@ bool windowManagerPresent()
     return reply && xcb_get_property_value_length(reply.get()) > 0;
 }
 
+bool standsOnScreen(QWidget& window)
+{
+    // ICCCM, section 4.1.3.1: the first of two numbers.
+    constexpr std::uint32_t kNormalState = 1;
+    xcb_connection_t* display = connection();
+    if (!display)
+        return false;
+    const xcb_atom_t property = atom(display, "WM_STATE");
+    const auto cookie =
+        xcb_get_property(display, 0, static_cast<xcb_window_t>(window.winId()), property, property, 0, 2);
+    const ReplyPtr<xcb_get_property_reply_t> reply(xcb_get_property_reply(display, cookie, nullptr));
+    return reply && reply->format == 32 && xcb_get_property_value_length(reply.get()) >= 4 &&
+           *static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get())) == kNormalState;
+}
+
 bool screenBlendsWindows()
 {
     xcb_connection_t* display = connection();

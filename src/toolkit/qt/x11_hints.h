@@ -14,6 +14,9 @@ bool windowManagerPresent();
 /// True where a program blends the windows of this screen, so that pixels which are half clear look it.
 bool screenBlendsWindows();
 
+/// True if the window manager says that the window is no icon, but stands on its screen.
+bool standsOnScreen(QWidget& window);
+
 /// Cuts the window to a region in device pixels. False where the display can't do that.
 bool cutToDevicePixels(QWidget& window, const Region& region);
 
