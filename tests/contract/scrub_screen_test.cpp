@@ -25,6 +25,26 @@ protected:
         EXPECT_TRUE(showsFrame(frame));
     }
 
+    /// A hand needs time from one place to the next, in which the service has its turns.
+    void pass(
+        std::chrono::milliseconds time, const std::function<void()>& look = [] {})
+    {
+        waitUntil([&, since = std::chrono::steady_clock::now()] {
+            look();
+            return std::chrono::steady_clock::now() - since >= time;
+        });
+    }
+
+    /// Seeks A to these places and B to twice as far, a new one each 10 ms.
+    void seekBothAlong(const std::vector<int>& places)
+    {
+        for (const int place : places) {
+            EXPECT_EQ(send("seek A to " + std::to_string(place)), 0);
+            EXPECT_EQ(send("seek B to " + std::to_string(2 * place)), 0);
+            pass(10ms);
+        }
+    }
+
     /// Seeks to place after place, a new one each 10 ms. What is seen meanwhile.
     std::set<int> seekAlong(const std::vector<int>& places)
     {
@@ -32,11 +52,9 @@ protected:
         for (const int place : places) {
             EXPECT_EQ(send("seek A to " + std::to_string(place)), 0);
             EXPECT_EQ(number("status A position"), place) << "the place is known before its picture";
-            const auto next = std::chrono::steady_clock::now() + 10ms;
-            waitUntil([&] {
+            pass(10ms, [&] {
                 if (const auto frame = window.frameIn(kPicture))
                     seen.insert(*frame);
-                return std::chrono::steady_clock::now() >= next;
             });
         }
         return seen;
@@ -84,10 +102,7 @@ TEST_F(ScrubScreen, ASinglePlaceIsFoundWithoutThePlayerWhichFollows)
         EXPECT_TRUE(hasStill()) << "the player would take longer";
         EXPECT_EQ(number("status A position"), frame);
         // Long enough for the player to come too.
-        EXPECT_TRUE(waitUntil([&, since = std::chrono::steady_clock::now()] {
-            EXPECT_EQ(window.frameIn(kPicture), frame);
-            return std::chrono::steady_clock::now() - since > 500ms;
-        }));
+        pass(500ms, [&] { EXPECT_EQ(window.frameIn(kPicture), frame); });
         EXPECT_EQ(number("status A position wait"), frame);
         EXPECT_EQ(window.frameIn(kPicture), frame);
     }
@@ -148,8 +163,7 @@ TEST_F(ScrubScreen, AMovementThatRestsIsFoundByThePlayer)
     seekAlong(line(10, 60, 5));
     EXPECT_TRUE(showsFrame(60));
     // Nobody asks for anything: only the service's own turn brings the player along.
-    EXPECT_TRUE(waitUntil(
-        [&, since = std::chrono::steady_clock::now()] { return std::chrono::steady_clock::now() - since > 600ms; }));
+    pass(600ms);
     EXPECT_TRUE(showsFrame(60));
     EXPECT_EQ(number("status A position wait"), 60);
 }
@@ -212,20 +226,10 @@ TEST_F(ScrubScreen, TwoAtOnceArriveAndPlayTogether)
     ASSERT_EQ(send(second + std::to_string(window.handle())), 0);
     EXPECT_EQ(send("set B time format frames"), 0);
     EXPECT_EQ(send("put B window at 320 0 320 240"), 0);
-    for (int place = 10; place <= 100; place += 5) {
-        EXPECT_EQ(send("seek A to " + std::to_string(place)), 0);
-        EXPECT_EQ(send("seek B to " + std::to_string(2 * place)), 0);
-        const auto next = std::chrono::steady_clock::now() + 10ms;
-        waitUntil([&] { return std::chrono::steady_clock::now() >= next; });
-    }
+    seekBothAlong(line(10, 100, 5));
     EXPECT_TRUE(showsFrame(100));
     EXPECT_TRUE(showsFrame(200, {320, 0, 640, 240}));
-    for (int place = 100; place >= 20; place -= 5) {
-        EXPECT_EQ(send("seek A to " + std::to_string(place)), 0);
-        EXPECT_EQ(send("seek B to " + std::to_string(2 * place)), 0);
-        const auto next = std::chrono::steady_clock::now() + 10ms;
-        waitUntil([&] { return std::chrono::steady_clock::now() >= next; });
-    }
+    seekBothAlong(line(100, 20, -5));
     EXPECT_EQ(send("Play A"), 0);
     EXPECT_EQ(send("Play B"), 0);
     EXPECT_TRUE(waitUntil([&] { return number("status A position") > 22 && number("status B position") > 42; }));
@@ -258,8 +262,7 @@ TEST_F(ScrubScreen, WhateverComesInBetween)
                 kind < 10 ? kOthers[kind] : "seek A to " + std::to_string(draw(kind < 30 ? 149 : 20));
             done += command + "; ";
             EXPECT_EQ(send(command), 0) << done;
-            const auto next = std::chrono::steady_clock::now() + std::chrono::milliseconds(kind == 39 ? 250 : 12);
-            waitUntil([&] { return std::chrono::steady_clock::now() >= next; });
+            pass(kind == 39 ? 250ms : 12ms);
         }
         EXPECT_EQ(send("Pause A"), 0);
         EXPECT_EQ(send("put A window at 0 0 320 240"), 0);

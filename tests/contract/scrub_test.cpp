@@ -218,8 +218,10 @@ TEST_F(Scrubs, TheWorkersMayGoFirst)
         scrub->aim(0.04 * place, kSize, true);
         if (place % 10 == 0)
             scrub->stop();
-        // So that ends and new places meet the job in all its states.
-        std::this_thread::sleep_for(1ms);
+        // Ends and new places meet jobs that have not begun, that are at work, and that are done.
+        if (place % 3 == 0) {
+            EXPECT_TRUE(waitUntil([&] { return scrub->arrived(); })) << place;
+        }
     }
     scrub->aim(0.5, kSize, true);
     scrub.reset();

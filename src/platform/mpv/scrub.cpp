@@ -258,6 +258,13 @@ void Scrub::rest()
 void Scrub::stop()
 {
     giveTurn();
+    {
+        const std::lock_guard lock(shared_->mutex);
+        shared_->latest.reset();
+        // A reader is the job's alone until there is no job.
+        if (shared_->job == nullptr && shared_->reader == nullptr)
+            return;
+    }
     const auto former =
         std::exchange(shared_, std::make_shared<Shared>(shared_->source, shared_->budget, shared_->wake));
     const std::lock_guard lock(former->mutex);
