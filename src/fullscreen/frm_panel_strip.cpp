@@ -11,10 +11,6 @@
 namespace tandrel
 {
 
-namespace
-{
-} // namespace
-
 void frmPanel::wireStrip()
 {
     imgMoveUp.MouseDown = [this](const MouseEvent& event) { imgMoveUp_MouseDown(event); };
