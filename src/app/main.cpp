@@ -25,6 +25,7 @@
 #include "platform/xdg/system_facts.h"
 #include "toolkit/program.h"
 #include "toolkit/qt/qt_backend.h"
+#include "video/other_media.h"
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
@@ -125,6 +126,7 @@ int run(QApplication& application)
     frmStart().start();
     const int result = programEnded() ? 0 : QApplication::exec();
     // The devices end before the windows that show them.
+    closeOtherMedia();
     platform.media.send("close all");
     discardForms();
     VideoWindows.clear();

@@ -11,6 +11,7 @@
 #include "texts/frm_wait.h"
 #include "toolkit/screen.h"
 #include "toolkit/trap.h"
+#include "video/frm_mkv.h"
 #include "video/slots.h"
 
 #include <algorithm>
@@ -86,12 +87,16 @@ void frmMedia::takeHandover()
     services().instances->exclusively([&] { handoverStuck_ = !handover::removeFirst(lines->size()); });
     startLeadOfHandover();
     arrangeHandover();
+    // It came before the others were arranged, whose windows stand in front of it now.
+    if (Loaded<class frmMKV>() && CurrentAlias == quoted(frmMKV().MediaFile))
+        frmMKV().SetFocus();
 }
 
 void frmMedia::openHandedOver(const std::vector<Text>& paths)
 {
     const bool several = paths.size() > 1;
     const Long whole = static_cast<std::int64_t>(paths.size());
+    const bool onlyHd = std::count_if(paths.begin(), paths.end(), &isHdPath) == 1;
     int done = 0;
     if (several)
         frmWait().Show();
@@ -101,8 +106,13 @@ void frmMedia::openHandedOver(const std::vector<Text>& paths)
     for (const Text& path : paths) {
         List1.AddItem(path);
         List2.AddItem(fileNameOf(path));
-        if (!several && isHdPath(path) ? openHdFile(path) : openPaused(path))
+        // There is one window for HD films: several of them play like any other file.
+        if (onlyHd && isHdPath(path)) {
+            openHdFile(path);
+            lead = quoted(path);
+        } else if (openPaused(path)) {
             lead = CurrentAlias;
+        }
         if (several) {
             frmWait().showProgress(++done, whole);
             frmWait().Refresh();

@@ -1,6 +1,7 @@
 #include "console/command_line.h"
 
 #include "platform/path_marks.h"
+#include "platform/services.h"
 
 #include <algorithm>
 
@@ -51,6 +52,16 @@ bool isHdPath(const Text& path)
 {
     const Text capitals = upper(path);
     return capitals.ends_with(".HDMOV") || capitals.ends_with(".MKV");
+}
+
+bool isDiscPath(const Text& path)
+{
+    Text folder = path;
+    while (folder.size() > 1 && folder.back() == kSeparator)
+        folder.pop_back();
+    if (upper(folder).ends_with(".ISO") || upper(fileNameOf(folder)) == "VIDEO_TS")
+        return true;
+    return !services().files->dir(folder + "/VIDEO_TS/VIDEO_TS.IFO").empty();
 }
 
 } // namespace tandrel

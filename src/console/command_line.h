@@ -29,5 +29,7 @@ void setCommandLine(CommandLine line);
 
 /// True for a Matroska or HD file, by the end of its path (capitals or not).
 bool isHdPath(const Text& path);
+/// It plays in the window for discs: an image (".iso"), or a folder `VIDEO_TS` or one that holds such a folder.
+bool isDiscPath(const Text& path);
 
 } // namespace tandrel

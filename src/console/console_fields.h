@@ -48,6 +48,8 @@ struct ConsoleFields {
     Text SelectionText;
     /// No dialog comes up: `SelectionText` is taken as it stands, with whole paths instead of names.
     bool PresetSelection = false;
+    /// The disc that the next window for discs plays, by its path; empty: the one in a drive.
+    Text DiscWanted;
     /// The folder of the last choice, with its separator at the end; empty until there was one.
     Text LastFolder;
     /// The tip about full screen is still to be shown.

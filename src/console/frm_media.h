@@ -72,6 +72,8 @@ public:
 
     /// A message in the program's own form, which waits for the user.
     void tell(const Text& message);
+    /// The control of an HD film or a disc fills the screen; false where it shows nothing yet, or does so already.
+    bool fillPlayer(const ControlWindow<MediaPlayerControl, Form>& player);
 
     /// A window under the pointer tells of a move with the left button held: what is dragged follows at once, and not
     /// only at the next tick.
@@ -186,17 +188,24 @@ private:
 
     // open_slot.cpp
     void openPathOfCommandLine();
-    void openHdPathOfCommandLine(const Text& path);
     void startSingle(frmChild& window);
     /// One path to a paused video window at index `NextSlot`. False, with the window marked, if it can't be played.
     bool openPaused(const Text& path);
     /// The same, not paused.
     bool openRunning(const Text& path);
     bool openInSlot(const Text& path, Long (*open)(WindowHandle), bool saysNoFiles);
-    /// False, with the window marked, if it can't be played.
-    bool openHdFile(const Text& path);
-    void openDvd();
+
+    // open_other_media.cpp
+    void openHdFile(const Text& path);
+    /// The disc in a drive; with a path, the disc there.
+    void openDvd(const Text& path = {});
+    /// A disc at a path instead of all that is open.
+    void playDisc(const Text& path);
+    void followOtherMedia();
     void endOtherMedia();
+    void endHd();
+    void stopOtherMedia();
+    void restoreOtherMedia();
 
     // single_open.cpp
     bool isBusy() const;
@@ -217,7 +226,6 @@ private:
     void placeReplacing(Long count);
     // What later forms bring.
     void endRecentDialog();
-    void endHd();
 
     // layout.cpp
     bool beginArrangement(Long& count, frmChild** current);
@@ -254,6 +262,7 @@ private:
     void Timer1_Timer();
     void followDisc();
     void followPlayer();
+    void followTitle(const Text& title);
     void followFile();
     void followRunning();
     void showDiscTime();
@@ -285,7 +294,6 @@ private:
     void fillWithDisc();
     void fillDisc(VideoWindow& window);
     void fillWithPlayer();
-    bool fillPlayer(const ControlWindow<MediaPlayerControl, Form>& player);
     void fillWithSelected();
     void showPanelOver(const VideoWindow& window);
     void fillWith(frmChild& window);
@@ -358,12 +366,10 @@ private:
     void giveUpPresence();
     void restoreVideos();
     // What later forms bring, in the order in which the end and the return call it.
-    void stopDvd();
     void unloadOtherMedia();
     void unloadNotices();
     void unloadOtherMenus();
     void releaseHooks();
-    void restoreOtherMedia();
 
     /// Ids of hot keys that wait for the end of a long command.
     std::vector<int> waitingKeys_;

@@ -29,7 +29,7 @@ void expectForAll(const std::function<Text(const Alias&)>& command)
 
 void tellPlayer(const ControlWindow<MediaPlayerControl>& window, Long level)
 {
-    ignoringErrors([&] { controlOf(window).setVolume(level); });
+    ignoringErrors([&] { controlOf(window).settings().setVolume(level); });
 }
 
 } // namespace

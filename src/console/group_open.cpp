@@ -1,5 +1,6 @@
 // Several videos at once: a window for each, all placed by the present mode and started.
 
+#include "console/command_line.h"
 #include "console/frm_media.h"
 #include "console/holders.h"
 #include "console/open_command.h"
@@ -49,6 +50,8 @@ void frmMedia::openDropped(const std::vector<Text>& paths)
 {
     if (isBusy() || ClosingDown)
         return;
+    if (paths.size() == 1 && isDiscPath(paths.front()))
+        return playDisc(paths.front());
     std::vector<Text> files;
     std::copy_if(paths.begin(), paths.end(), std::back_inserter(files),
                  [](const Text& path) { return !services().files->dir(path).empty(); });

@@ -13,6 +13,10 @@
 #include "texts/frm_wait.h"
 #include "texts/menu.h"
 #include "toolkit/holder.h"
+#include "video/frm_dvd.h"
+#include "video/frm_dvd2.h"
+#include "video/frm_mkv.h"
+#include "video/other_media.h"
 #include "video/slots.h"
 
 namespace tandrel
@@ -40,6 +44,9 @@ TANDREL_HOLDER(frmLang)
 TANDREL_HOLDER(frmSplash)
 TANDREL_HOLDER(frmHelp)
 TANDREL_HOLDER(frmUpdate)
+TANDREL_HOLDER(frmMKV)
+TANDREL_HOLDER(frmDVD)
+TANDREL_HOLDER(frmDVD2)
 TANDREL_HOLDER(slidemenu)
 TANDREL_HOLDER(openmenu)
 TANDREL_HOLDER(menu)
@@ -49,6 +56,7 @@ TANDREL_HOLDER(share)
 void forgetForms()
 {
     forgetSpareWindows();
+    otherMedia() = {};
     Holder<class frmStart>::forget();
     Holder<class frmMedia>::forget();
     Holder<class frmPanel>::forget();
@@ -58,6 +66,9 @@ void forgetForms()
     Holder<class frmSplash>::forget();
     Holder<class frmHelp>::forget();
     Holder<class frmUpdate>::forget();
+    Holder<class frmMKV>::forget();
+    Holder<class frmDVD>::forget();
+    Holder<class frmDVD2>::forget();
     Holder<class slidemenu>::forget();
     Holder<class openmenu>::forget();
     Holder<class menu>::forget();

@@ -7,6 +7,8 @@ namespace tandrel
 {
 
 struct MonitorFields {
+    /// The title that the tick of an HD film or a disc has written last.
+    Text PolledTitle;
     /// Ticks of `Timer1` at the end of a medium. Nothing sets it back.
     Integer EndTicks;
     /// Counts to the refit of a full-screen picture; 0 is idle.

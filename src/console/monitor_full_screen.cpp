@@ -136,7 +136,7 @@ void frmMedia::leaveByDoubleClick()
     auto* player = playerWindow();
     bool playerIsFull = false;
     if (player)
-        ignoringErrors([&] { playerIsFull = controlOf(*player).fullScreen(); });
+        ignoringErrors([&] { playerIsFull = controlOf(*player).fullScreen; });
     const bool pictureOnly = FullScreenOn && !PanelUp && !FullMenuOpen;
     if (playerIsFull)
         leavePlayer(*player);
@@ -150,7 +150,7 @@ void frmMedia::leaveByDoubleClick()
 
 void frmMedia::leavePlayer(const ControlWindow<MediaPlayerControl>& player)
 {
-    ignoringErrors([&] { controlOf(player).setFullScreen(false); });
+    ignoringErrors([&] { controlOf(player).fullScreen = false; });
     ScreenSaverSwitch(true);
 }
 

@@ -39,9 +39,9 @@ bool isPointedAt(const Form& form)
 }
 
 /// A player that has something to show on the whole screen.
-bool hasPicture(const MediaPlayerControl& player)
+bool hasPicture(MediaPlayerControl& player)
 {
-    const Text length = player.durationString();
+    const Text length = player.currentMedia().durationString();
     return length != "00:00" && length != "00.00" && !length.empty();
 }
 
@@ -89,6 +89,9 @@ bool frmMedia::rightClick()
     if (mayFill && (DVDMode || MkvOpen)) {
         if (noticeIsUp())
             return false;
+        // With the control key the button asks for the sound and the subtitles.
+        if (services().pointer->controlDown())
+            return true;
         ignoringErrors([this] { mediaKind() == MediaKind::DiscOnVideoControl ? fillWithDisc() : fillWithPlayer(); });
         if (DVDMode)
             Timer4.Enabled = false;
@@ -127,11 +130,11 @@ void frmMedia::fillWithPlayer()
 
 bool frmMedia::fillPlayer(const ControlWindow<MediaPlayerControl>& player)
 {
-    if (!hasPicture(controlOf(player)) || controlOf(player).fullScreen())
+    if (!hasPicture(controlOf(player)) || controlOf(player).fullScreen)
         return false;
     ScreenSaverSwitch(false);
     SaverOff = true;
-    controlOf(player).setFullScreen(true);
+    controlOf(player).fullScreen = true;
     return true;
 }
 

@@ -72,7 +72,7 @@ Text frmMedia::mediaTitle() const
     case MediaKind::DiscOnPlayer:
         return otherMedia().dvd2.form ? otherMedia().dvd2.form->caption() : Text();
     case MediaKind::Hd:
-        return controlOf(otherMedia().mkv).itemInfo("Title");
+        return controlOf(otherMedia().mkv).currentMedia().getItemInfo("Title");
     case MediaKind::Files:
         break;
     }
@@ -102,24 +102,36 @@ void frmMedia::Timer1_Timer()
 void frmMedia::followDisc()
 {
     const auto& disc = otherMedia().dvd;
-    ignoringErrors([&] { SeekSlider.Max = secondsOfDisc(controlOf(disc).totalTitleTime()); });
-    ignoringErrors([&] { SeekSlider.Value = secondsOfDisc(controlOf(disc).currentTime()); });
+    ignoringErrors([&] { SeekSlider.Max = secondsOfDisc(controlOf(disc).InputActive().TotalTitleTime()); });
+    ignoringErrors([&] { SeekSlider.Value = secondsOfDisc(controlOf(disc).InputActive().CurrentTime()); });
     ignoringErrors([this] { showDiscTime(); });
-    ignoringErrors([&] { lblDuration.Caption = discCaption(controlOf(disc).totalTitleTime()); });
+    ignoringErrors([&] { lblDuration.Caption = discCaption(controlOf(disc).InputActive().TotalTitleTime()); });
     showTimeOnPanel();
 }
 
-void frmMedia::showDiscTime() { lblCurTime.Caption = discCaption(controlOf(otherMedia().dvd).currentTime()); }
+void frmMedia::showDiscTime()
+{
+    lblCurTime.Caption = discCaption(controlOf(otherMedia().dvd).InputActive().CurrentTime());
+}
 
 void frmMedia::followPlayer()
 {
     const auto& player = *playerWindow();
-    ignoringErrors([&] { SeekSlider.Max = secondsOfPlayer(controlOf(player).durationString()); });
-    ignoringErrors([&] { SeekSlider.Value = secondsOfPlayer(controlOf(player).currentPositionString()); });
-    ignoringErrors([&] { lblCurTime.Caption = playerCaption(controlOf(player).currentPositionString()); });
-    ignoringErrors([&] { lblDuration.Caption = playerCaption(controlOf(player).durationString()); });
+    ignoringErrors([&] { SeekSlider.Max = secondsOfPlayer(controlOf(player).currentMedia().durationString()); });
+    ignoringErrors([&] { SeekSlider.Value = secondsOfPlayer(controlOf(player).controls().currentPositionString()); });
+    ignoringErrors([&] { lblCurTime.Caption = playerCaption(controlOf(player).controls().currentPositionString()); });
+    ignoringErrors([&] { lblDuration.Caption = playerCaption(controlOf(player).currentMedia().durationString()); });
     if (!lblCurTime.caption().empty())
-        ignoringErrors([&] { lblTitleBar.Caption = titleFor(mediaTitle()); });
+        ignoringErrors([this] { followTitle(titleFor(mediaTitle())); });
+}
+
+void frmMedia::followTitle(const Text& title)
+{
+    // Written at each tick it could not scroll.
+    if (title == PolledTitle)
+        return;
+    PolledTitle = title;
+    lblTitleBar.Caption = title;
 }
 
 void frmMedia::showTimeOnPanel()

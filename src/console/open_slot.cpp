@@ -64,9 +64,12 @@ void frmMedia::openPathOfCommandLine()
     lblSize.Caption = text(SizePercent) + " %";
     CurrentAlias = commandLine().text;
     const Text path = withoutQuotes(CurrentAlias);
-    if (isHdPath(path)) {
-        openHdPathOfCommandLine(path);
-        return;
+    if (isHdPath(path) || isDiscPath(path)) {
+        Unload<class frmWait>();
+        if (isHdPath(path))
+            return openHdFile(path);
+        CurrentAlias.clear();
+        return openDvd(path);
     }
     VideoWindows.clear();
     NextSlot = 0;
@@ -86,19 +89,6 @@ void frmMedia::openPathOfCommandLine()
     window.Show();
     if (!opened)
         backend().messageBox(localised("message.cannotPlay"), BoxStyle::Critical, AppTitle);
-}
-
-void frmMedia::openHdPathOfCommandLine(const Text& path)
-{
-    List2.AddItem(fileNameOf(path));
-    const bool opened = openHdFile(path);
-    Timer1.Enabled = true;
-    Timer2.Enabled = true;
-    if (opened)
-        return;
-    placeSingle(*VideoWindows.back(), 0);
-    VideoWindows.back()->Show();
-    backend().messageBox(localised("message.cannotPlay"), BoxStyle::Critical, AppTitle);
 }
 
 void frmMedia::startSingle(frmChild& window)
@@ -125,30 +115,6 @@ void frmMedia::placeSingle(frmChild& window, Long extraWidth)
     window.Move({FullLeft + kInset, FullTop + kInset, (NativeWidth + extraWidth) * x, (NativeHeight + 25) * y});
     window.Height = kSingleHeight;
     window.Width = kSingleWidth;
-}
-
-bool frmMedia::openHdFile(const Text& path)
-{
-    // The HD window takes over here once it exists; until then such a file plays in a slot like any other.
-    if (!openPaused(path))
-        return false;
-    placeSingle(*VideoWindows.back(), 0);
-    VideoWindows.back()->Show();
-    showTitleOf(path);
-    MediaPlay();
-    return true;
-}
-
-void frmMedia::openDvd()
-{
-    // The DVD windows take over here once they exist: `frmDVD` on an older system, else `frmDVD2`.
-    Timer1.Enabled = true;
-    Timer2.Enabled = true;
-}
-
-void frmMedia::endOtherMedia()
-{
-    // The HD and DVD windows end here, once they exist, before anything else is opened.
 }
 
 void frmMedia::holdTimers(bool hold)

@@ -98,8 +98,9 @@ void frmMedia::SeekSlider_Scroll()
         return ignoringErrors([this] { showDiscTime(); });
     case MediaKind::DiscOnPlayer:
     case MediaKind::Hd:
-        return ignoringErrors(
-            [this] { lblCurTime.Caption = playerCaption(controlOf(*playerWindow()).currentPositionString()); });
+        return ignoringErrors([this] {
+            lblCurTime.Caption = playerCaption(controlOf(*playerWindow()).controls().currentPositionString());
+        });
     case MediaKind::Files: {
         CurrentPosMs = MediaGetPosition();
         Long shown = CurrentPosMs;
@@ -120,7 +121,7 @@ void frmMedia::InvertSlider_Scroll()
     if (mediaKind() == MediaKind::DiscOnVideoControl)
         return;
     if (auto* player = playerWindow()) {
-        ignoringErrors([&] { controlOf(*player).setVolume(VolumeSlider.Value()); });
+        ignoringErrors([&] { controlOf(*player).settings().setVolume(VolumeSlider.Value()); });
         return;
     }
     if (!CurrentAlias.empty())

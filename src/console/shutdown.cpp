@@ -23,7 +23,7 @@ void frmMedia::exitProgram()
     forEachPlayable([](frmChild& window) { MediaPauseAlias(window.MediaFile); });
     ScreenSaverSwitch(true);
     MediaCloseAll();
-    stopDvd();
+    stopOtherMedia();
     savePlace();
     giveUpPresence();
     endProgram();
@@ -80,14 +80,10 @@ void frmMedia::onUnload()
     endProgram();
 }
 
-void frmMedia::stopDvd()
-{
-    // A DVD that plays is stopped here.
-}
-
 void frmMedia::unloadOtherMedia()
 {
-    // The recent files and the DVD and HD windows end here.
+    // The dialog of recent files ends here, before these.
+    endOtherMedia();
 }
 
 void frmMedia::unloadNotices()
@@ -109,11 +105,6 @@ void frmMedia::releaseHooks()
     services().hotKeys->releaseAll();
     services().hotKeys->pressed = nullptr;
     services().monitors->changed = nullptr;
-}
-
-void frmMedia::restoreOtherMedia()
-{
-    // A DVD or an HD film that was minimised with the console comes back here.
 }
 
 void frmMedia::onResize()

@@ -72,13 +72,17 @@ void frmMedia::OpenSingleVideo()
     if (!tellFirstTip())
         return;
     stopJump();
-    const bool isHd = !isOlderSystem(WindowsVersion) && List1.ListCount() == 1 && isHdPath(List1.List(0));
+    const bool isSingle = List1.ListCount() == 1;
+    const bool isHd = isSingle && !isOlderSystem(WindowsVersion) && isHdPath(List1.List(0));
+    const bool isDisc = isSingle && isDiscPath(List1.List(0));
     runBatch(List1.ListCount(), [&] {
         closeAllVideos();
-        if (!isHd)
+        if (isHd)
+            openHdFile(List1.List(0));
+        else if (isDisc)
+            openDvd(List1.List(0));
+        else
             openReplacing();
-        else if (!openHdFile(List1.List(0)))
-            sayNothingPlays();
     });
     screen().MousePointer = pointer::kDefault;
     if (!isHd)
@@ -132,11 +136,6 @@ bool frmMedia::isBusy() const
 void frmMedia::endRecentDialog()
 {
     // The dialog of recent files ends here, once it exists.
-}
-
-void frmMedia::endHd()
-{
-    // The HD window ends here, once it exists.
 }
 
 void frmMedia::stopJump()

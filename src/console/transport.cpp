@@ -19,9 +19,9 @@ namespace tandrel
 namespace
 {
 
-void playNextChapter() { controlOf(otherMedia().dvd).playNextChapter(); }
+void playNextChapter() { controlOf(otherMedia().dvd).InputActive().PlayNextChapter(); }
 
-void playPrevChapter() { controlOf(otherMedia().dvd).playPrevChapter(); }
+void playPrevChapter() { controlOf(otherMedia().dvd).InputActive().PlayPrevChapter(); }
 
 /// What a button does: a command for the disc or HD film that plays, else something to the file videos.
 struct ButtonRow {
@@ -38,11 +38,14 @@ constexpr std::array<ButtonRow, 5> kButtons{{
     {&frmMedia::imgReplay, Transport::Menu, &frmMedia::replaySelected},
 }};
 
+void hold(VideoControl& disc) { disc.Pause(); }
+void hold(MediaPlayerControl& player) { player.controls().pause(); }
+
 /// Pauses the control and hides its window, as far as either can be done.
 template <class Control, class Window>
 void putAway(const ControlWindow<Control, Window>& window)
 {
-    ignoringErrors([&] { controlOf(window).pause(); });
+    ignoringErrors([&] { hold(controlOf(window)); });
     if (window.form != nullptr)
         ignoringErrors([&] { window.form->Hide(); });
 }

@@ -20,11 +20,21 @@ constexpr int kMonitorCount = 80;
 constexpr int kProbeWidth = 640;
 constexpr int kProbeHeight = 480;
 
+MonitorTwips inTwips(const clsMonitor& monitor, Long x, Long y)
+{
+    return {monitor.Left * x, monitor.Top * y, monitor.Width * x, monitor.Height * y};
+}
+
 MonitorTwips inTwips(const clsMonitor& monitor)
 {
-    const Long x = screen().TwipsPerPixelX();
-    const Long y = screen().TwipsPerPixelY();
-    return {monitor.Left * x, monitor.Top * y, monitor.Width * x, monitor.Height * y};
+    return inTwips(monitor, screen().TwipsPerPixelX(), screen().TwipsPerPixelY());
+}
+
+/// The form's corner lies in it: left and top belong to it, right and bottom don't.
+bool holds(const MonitorTwips& area, const Form& form)
+{
+    return form.left() >= area.left && form.left() < area.left + area.width && form.top() >= area.top &&
+           form.top() < area.top + area.height;
 }
 
 /// Half of a length, as a shift of its bits: downwards for negative lengths too.
@@ -137,8 +147,7 @@ std::optional<MonitorTwips> clsMonitors::holding(const Form& form) const
 {
     for (const clsMonitor& monitor : monitors_) {
         const MonitorTwips area = inTwips(monitor);
-        if (form.left() >= area.left && form.left() < area.left + area.width && form.top() >= area.top &&
-            form.top() < area.top + area.height)
+        if (holds(area, form))
             return area;
     }
     return std::nullopt;
@@ -146,12 +155,23 @@ std::optional<MonitorTwips> clsMonitors::holding(const Form& form) const
 
 void clsMonitors::centreWhereItStands(Form& form) const
 {
-    const auto area = holding(form);
-    if (!area)
-        return;
+    if (const auto area = holding(form))
+        centreIn(*area, form);
+}
+
+void clsMonitors::centreByWidths(Form& form) const
+{
+    const Long twips = screen().TwipsPerPixelX();
+    for (const clsMonitor& monitor : monitors_)
+        if (const MonitorTwips area = inTwips(monitor, twips, twips); holds(area, form))
+            return centreIn(area, form);
+}
+
+void clsMonitors::centreIn(const MonitorTwips& area, Form& form)
+{
     TwipsRect place = form.place();
-    place.left = area->left + (area->width - place.width) / 2.0;
-    place.top = area->top + (area->height - place.height) / 2.0;
+    place.left = area.left + (area.width - place.width) / 2.0;
+    place.top = area.top + (area.height - place.height) / 2.0;
     form.Move(place);
 }
 

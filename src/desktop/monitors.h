@@ -58,8 +58,11 @@ public:
     std::optional<MonitorTwips> holding(const Form& form) const;
     /// Centres the form on that monitor; with none it stays.
     void centreWhereItStands(Form& form) const;
+    /// The same with the twips of a pixel's width on both axes.
+    void centreByWidths(Form& form) const;
 
 private:
+    static void centreIn(const MonitorTwips& area, Form& form);
     Long safeMetric(int index) const;
     void addSynthetic();
     void probe();

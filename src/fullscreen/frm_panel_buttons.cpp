@@ -209,7 +209,7 @@ void frmPanel::giveVolume()
     console.InvertSlider.Value = kLoudest - InvertSlider.Value();
     console.VolumeSlider.Value = InvertSlider.Value;
     if (auto* player = playerWindow()) {
-        ignoringErrors([&] { controlOf(*player).setVolume(console.VolumeSlider.Value()); });
+        ignoringErrors([&] { controlOf(*player).settings().setVolume(console.VolumeSlider.Value()); });
         return;
     }
     if (mediaKind() != MediaKind::Files || CurrentAlias.empty())

@@ -70,65 +70,6 @@ public:
     std::function<void()> whileWaiting;
 };
 
-/// The media player control: an HD file or a disc in a window of its own. Every member raises an error while there is
-/// nothing that it could act on.
-class MediaPlayerControl
-{
-public:
-    virtual ~MediaPlayerControl() = default;
-    /// The medium: a marked path, or "wmpdvd://" and a drive. Writing it starts the medium.
-    virtual std::string url() const = 0;
-    virtual void setUrl(const std::string& url) = 0;
-    virtual void close() = 0;
-
-    virtual void play() = 0;
-    virtual void pause() = 0;
-    virtual void fastForward() = 0;
-    virtual void fastReverse() = 0;
-    /// 0 to 100.
-    virtual void setVolume(int level) = 0;
-
-    /// Seconds from the beginning of the medium.
-    virtual void setCurrentPosition(double seconds) = 0;
-    /// "MM:SS", and from an hour on "HH:MM:SS".
-    virtual std::string currentPositionString() const = 0;
-    virtual std::string durationString() const = 0;
-    /// What the medium says of itself under a name such as "Title".
-    virtual std::string itemInfo(const std::string& name) const = 0;
-
-    /// The control's own way of filling the screen.
-    virtual bool fullScreen() const = 0;
-    virtual void setFullScreen(bool on) = 0;
-
-    /// From the menu of a disc back to the film, and the other way round.
-    virtual void resumeFromMenu() = 0;
-    virtual void topMenu() = 0;
-};
-
-/// The menus of a disc, as the video control counts them.
-namespace disc_menu
-{
-inline constexpr int kRoot = 3;
-} // namespace disc_menu
-
-/// The video control: a disc in a window of its own. Every member raises an error where it can't be done.
-class VideoControl
-{
-public:
-    virtual ~VideoControl() = default;
-    virtual void run() = 0;
-    virtual void pause() = 0;
-    virtual void playNextChapter() = 0;
-    virtual void playPrevChapter() = 0;
-    /// One of `disc_menu`.
-    virtual void showMenu(int menu) = 0;
-    /// "HH:MM:SS:FF", the last being frames.
-    virtual std::string currentTime() const = 0;
-    virtual std::string totalTitleTime() const = 0;
-    /// "HH:MM:SS".
-    virtual void playAtTime(const std::string& time) = 0;
-};
-
 enum class MouseButton { Left = 1, Right = 2 };
 
 /// The pointer and its buttons, of the whole desktop. Never blocks.
@@ -138,6 +79,8 @@ public:
     virtual ~Pointer() = default;
     /// True while the button is down, or was pressed since the last question: a click between two polls is not lost.
     virtual bool buttonDown(MouseButton button) = 0;
+    /// The control key is held.
+    virtual bool controlDown() const = 0;
     /// A button went down a moment ago, and no window of ours has been told yet: one may be about to be.
     virtual bool pressOnItsWay() const = 0;
     virtual PixelPoint position() const = 0;
@@ -276,6 +219,9 @@ public:
     virtual void set(std::string_view key, std::string_view name, std::string_view value) = 0;
 };
 
+class Players;
+class DiscDrives;
+
 /// The services of a running program. All are set before the first form loads and outlive the last.
 struct Services {
     Mci* mci = nullptr;
@@ -289,6 +235,8 @@ struct Services {
     Instances* instances = nullptr;
     Shell* shell = nullptr;
     Clock* clock = nullptr;
+    Players* players = nullptr;
+    DiscDrives* drives = nullptr;
 };
 
 /// The services that `installServices` has set.

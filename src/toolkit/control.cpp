@@ -81,6 +81,12 @@ void Control::run(const std::function<void()>& handler) { form_.run(handler); }
 
 void Control::userClick() { run(Click); }
 
+void Control::userDblClick()
+{
+    if (DblClick)
+        run([this] { DblClick(); });
+}
+
 void Control::userMouseDown(const MouseEvent& event)
 {
     if (MouseDown)

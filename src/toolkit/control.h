@@ -30,12 +30,20 @@ inline constexpr int kRight = 2;
 inline constexpr int kMiddle = 4;
 } // namespace mouse
 
+/// The keys that are held in a mouse event.
+namespace shift
+{
+inline constexpr int kShift = 1;
+inline constexpr int kControl = 2;
+} // namespace shift
+
 /// The pointer is in twips of the control that the event is for.
 struct MouseEvent {
     /// The left one is meant, or among those that are down.
     bool left() const { return (button & mouse::kLeft) != 0; }
 
     int button = 0;
+    /// Of `shift::`.
     int shift = 0;
     double x = 0;
     double y = 0;
@@ -85,6 +93,8 @@ public:
     Property<Control, int, &Control::borderStyle, &Control::setBorderStyle> BorderStyle{*this};
 
     std::function<void()> Click;
+    /// The left button has gone down twice in the time that the desktop has for that; behind the second `MouseDown`.
+    std::function<void()> DblClick;
     std::function<void(const MouseEvent&)> MouseDown;
     std::function<void(const MouseEvent&)> MouseMove;
     std::function<void(const MouseEvent&)> MouseUp;
@@ -112,6 +122,7 @@ public:
 
     // What the view reports. Each runs the handler of that name.
     virtual void userClick();
+    void userDblClick();
     void userMouseDown(const MouseEvent& event);
     void userMouseMove(const MouseEvent& event);
     virtual void userMouseUp(const MouseEvent& event);

@@ -3,6 +3,8 @@
 
 #include "toolkit/control.h"
 
+#include <optional>
+
 namespace tandrel
 {
 
@@ -67,6 +69,8 @@ public:
     Text picture;
     /// Filled with the dark of a video; otherwise with the colour of a frame.
     bool dark = false;
+    /// Filled with this colour instead, red in the lowest byte.
+    std::optional<Long> backColour;
 };
 
 /// What an image that is a button does on a left press and release: its border is 1 in between.

@@ -288,6 +288,14 @@ void Form::run(const std::function<void()>& handler)
         unloadNow();
 }
 
+bool Form::userKeyDown(Key key)
+{
+    bool taken = false;
+    if (KeyDown)
+        run([&] { taken = KeyDown(key); });
+    return taken;
+}
+
 void Form::userMouseDown(const MouseEvent& event)
 {
     const auto alive = shared_from_this();

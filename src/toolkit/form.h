@@ -32,6 +32,9 @@ enum class Frame {
     Bare
 };
 
+/// Keys that stand for no character, and those that work like them.
+enum class Key { Left, Right, Up, Down, Enter, Escape, Space };
+
 /// Bits of a window's style word and of its extended style word.
 namespace style
 {
@@ -122,6 +125,8 @@ public:
     std::function<void(const std::vector<Text>& paths)> DropFiles;
     /// The key that brings up a menu.
     std::function<void()> MenuKey;
+    /// A key that none of the controls has taken; true where the form has, which then does nothing else.
+    std::function<bool(Key key)> KeyDown;
     /// A key that none of the controls has taken, by the code of its character.
     std::function<void(int code)> KeyPress;
 
@@ -189,6 +194,8 @@ public:
     // What the view reports.
     void userMouseDown(const MouseEvent& event);
     void userMouseUp(const MouseEvent& event);
+    /// True where the form has taken the key.
+    bool userKeyDown(Key key);
     void userMoved(const PixelRect& rect);
     void userRestored();
     void userMinimised();

@@ -6,15 +6,6 @@
 namespace tandrel
 {
 
-/// Which strip of a video window is held.
-namespace drag
-{
-inline constexpr int kNone = 0;
-inline constexpr int kCorner = 1;
-inline constexpr int kBottom = 2;
-inline constexpr int kSide = 3;
-} // namespace drag
-
 class frmChild : public VideoWindow
 {
 public:
@@ -22,19 +13,8 @@ public:
 
     /// Place in ms that the console keeps for the slot.
     Long CurrPos;
-    /// The alias; empty means a dead slot.
-    Text MediaFile;
-    /// 1: the video is held, 0: it runs.
-    Long Paused;
-    /// Size of the picture in pixels.
-    Long MediaHeigth;
-    Long MediaWidth;
-    /// Level of this video, 0 to 100.
-    Long Volume;
     /// The list of open entries holds one of this window's own, which goes with it.
     bool Listed = true;
-    /// The length as `lblDuration` shows it.
-    Text Duration;
 
     Label lblError{*this, "lblError", {0, 1800, 4710, 420}, "Video not Available"};
     PictureBox picVideo{*this, "picVideo", {0, 0, 4710, 4105}};
@@ -55,7 +35,7 @@ public:
     void ReadMediaSize();
 
     PictureBox& pictureBox() override { return picVideo; }
-    void showStrips(bool on) override;
+    SizeStrips strips() override { return {picClose, picVRes, picHRes, picBottom, picSide, imgExit}; }
 
     /// The open of its medium has failed: the tag says so, and "Video not Available" is seen.
     void markFailed();
@@ -75,20 +55,14 @@ protected:
     void onUnload() override;
 
 private:
-    void wireControls();
     void selectThis();
     void goFullScreen();
     void endFullScreen();
-    void placeStrips();
+    void layOut();
     void picVideo_Resize();
     void wheelVolume(Long rotation);
-    void wheelSize(Long rotation);
     void showVolumeStrip();
     void Timer1_Timer();
-    void holdStrip(int strip);
-    /// A move of the pointer while the left button is held.
-    void followPointer(const MouseEvent& event);
-    int stripAt(double x, double y) const;
     void closeDevice();
 };
 

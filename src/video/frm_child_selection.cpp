@@ -31,16 +31,6 @@ void frmChild::onActivate()
 // The close box is seen on the active window only.
 void frmChild::onDeactivate() { picClose.Visible = false; }
 
-void frmChild::showStrips(bool on)
-{
-    for (PictureBox* box : {&picClose, &picVRes, &picHRes, &picBottom, &picSide})
-        box->Visible = on;
-    if (!on)
-        return;
-    for (PictureBox* box : {&picClose, &picVRes, &picHRes})
-        box->ZOrder();
-}
-
 void frmChild::selectThis()
 {
     class frmMedia& console = frmMedia();

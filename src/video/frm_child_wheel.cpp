@@ -6,7 +6,7 @@
 #include "media/mod_media.h"
 #include "video/frm_child.h"
 
-#include <cmath>
+#include <algorithm>
 
 namespace tandrel
 {
@@ -14,8 +14,6 @@ namespace tandrel
 namespace
 {
 constexpr int kVolumeStep = 5;
-constexpr double kSizeStep = 0.1;
-constexpr int kSmallestHeight = 2000;
 constexpr int kStripMs = 2000;
 } // namespace
 
@@ -55,17 +53,6 @@ void frmChild::showVolumeStrip()
     Timer1.Interval = kStripMs;
     Picture1.ZOrder();
     Picture1.Refresh();
-}
-
-void frmChild::wheelSize(Long rotation)
-{
-    if (rotation > 0 && width() < frmMedia().FullWidth) {
-        Height = height() + Long(std::floor(height() * kSizeStep));
-        Width = width() + Long(std::floor(width() * kSizeStep));
-    } else if (rotation < 0 && height() > kSmallestHeight) {
-        Height = height() - height() * kSizeStep;
-        Width = width() - width() * kSizeStep;
-    }
 }
 
 void frmChild::Timer1_Timer()

@@ -18,9 +18,9 @@ using Player = MediaPlayerControl;
 void restart(Player& player)
 {
     std::string url;
-    ignoringErrors([&] { url = player.url(); });
+    ignoringErrors([&] { url = player.URL; });
     ignoringErrors([&] { player.close(); });
-    ignoringErrors([&] { player.setUrl(url); });
+    ignoringErrors([&] { player.URL = url; });
 }
 
 /// What a command does by the kind of medium.
@@ -32,14 +32,16 @@ struct TransportRow {
 
 /// In the order of `Transport`.
 constexpr std::array<TransportRow, 5> kRows{{
-    {[](VideoControl& disc) { disc.run(); }, [](Player& disc) { disc.resumeFromMenu(); },
-     [](Player& film) { film.play(); }},
-    {[](VideoControl& disc) { disc.pause(); }, [](Player& disc) { disc.pause(); }, [](Player& film) { film.pause(); }},
-    {[](VideoControl& disc) { disc.playNextChapter(); }, [](Player& disc) { disc.fastForward(); },
-     [](Player& film) { film.fastForward(); }},
-    {[](VideoControl& disc) { disc.playPrevChapter(); }, [](Player& disc) { disc.fastReverse(); },
-     [](Player& film) { film.fastReverse(); }},
-    {[](VideoControl& disc) { disc.showMenu(disc_menu::kRoot); }, [](Player& disc) { disc.topMenu(); }, &restart},
+    {[](VideoControl& disc) { disc.Run(); }, [](Player& disc) { disc.dvd().resume(); },
+     [](Player& film) { film.controls().play(); }},
+    {[](VideoControl& disc) { disc.Pause(); }, [](Player& disc) { disc.controls().pause(); },
+     [](Player& film) { film.controls().pause(); }},
+    {[](VideoControl& disc) { disc.InputActive().PlayNextChapter(); },
+     [](Player& disc) { disc.controls().fastForward(); }, [](Player& film) { film.controls().fastForward(); }},
+    {[](VideoControl& disc) { disc.InputActive().PlayPrevChapter(); },
+     [](Player& disc) { disc.controls().fastReverse(); }, [](Player& film) { film.controls().fastReverse(); }},
+    {[](VideoControl& disc) { disc.InputActive().ShowMenu(disc_menu::kRoot); },
+     [](Player& disc) { disc.dvd().topMenu(); }, &restart},
 }};
 
 /// So many seconds as a time of day, "HH:MM:SS". They are counted in 16 bits: more raise run-time error 6.
@@ -66,6 +68,14 @@ OtherMedia& otherMedia()
 {
     static OtherMedia windows;
     return windows;
+}
+
+void closeOtherMedia()
+{
+    ignoringErrors([] { controlOf(otherMedia().dvd).Stop(); });
+    ignoringErrors([] { controlOf(otherMedia().dvd2).close(); });
+    ignoringErrors([] { controlOf(otherMedia().mkv).close(); });
+    otherMedia() = {};
 }
 
 ControlWindow<MediaPlayerControl>* playerWindow()
@@ -99,11 +109,11 @@ bool seekOtherMedia(Long seconds)
 {
     switch (mediaKind()) {
     case MediaKind::DiscOnVideoControl:
-        ignoringErrors([&] { controlOf(otherMedia().dvd).playAtTime(clockText(seconds)); });
+        ignoringErrors([&] { controlOf(otherMedia().dvd).InputActive().PlayAtTime(clockText(seconds)); });
         return true;
     case MediaKind::DiscOnPlayer:
     case MediaKind::Hd:
-        ignoringErrors([&] { controlOf(*playerWindow()).setCurrentPosition(seconds); });
+        ignoringErrors([&] { controlOf(*playerWindow()).controls().setCurrentPosition(seconds); });
         return true;
     case MediaKind::Files:
         break;

@@ -1,8 +1,9 @@
 /// The media that are not in the table of slots: an HD file and a disc, each in one window with a control of its own.
 #pragma once
 
-#include "platform/services.h"
 #include "toolkit/types.h"
+#include "video/media_player_control.h"
+#include "video/video_control.h"
 
 namespace tandrel
 {
@@ -41,6 +42,9 @@ struct OtherMedia {
     ControlWindow<MediaPlayerControl> mkv;
 };
 OtherMedia& otherMedia();
+
+/// Lets go of what plays in them, before their windows go at the end of the program.
+void closeOtherMedia();
 
 /// The control of a window. Raises run-time error 91 where the window isn't loaded.
 template <class Control, class Window>

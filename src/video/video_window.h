@@ -1,26 +1,41 @@
-/// What the windows of videos have in common: they can fill the screen.
+/// Windows of videos that fill the screen themselves: those of files, and that of the disc on the video control. They
+/// are sized by strips at their edges.
 #pragma once
 
-#include "desktop/window_style.h"
-#include "toolkit/form.h"
+#include "video/video_form.h"
 
 namespace tandrel
 {
 
-class VideoWindow : public Form
+/// Which strip of a video window is held.
+namespace drag
+{
+inline constexpr int kNone = 0;
+inline constexpr int kCorner = 1;
+inline constexpr int kBottom = 2;
+inline constexpr int kSide = 3;
+} // namespace drag
+
+/// The close box of such a window, and the strips that it is sized by.
+struct SizeStrips {
+    PictureBox& picClose;
+    PictureBox& picVRes;
+    PictureBox& picHRes;
+    PictureBox& picBottom;
+    PictureBox& picSide;
+    Image& imgExit;
+};
+
+class VideoWindow : public VideoForm
 {
 public:
-    using Form::Form;
-
-    /// This window is the full-screen one.
-    bool Full = false;
-
-    clsStyle Style;
+    using VideoForm::VideoForm;
 
     /// The box that the picture is in.
     virtual PictureBox& pictureBox() = 0;
+    virtual SizeStrips strips() = 0;
     /// The close box and the strips that it is sized by.
-    virtual void showStrips(bool on) = 0;
+    void showStrips(bool on);
 
     /// Fills the screen: keeps the present place, drops border, title and strips, covers `target` (pixels) and gets the
     /// focus. Where those numbers miss the console's monitor, the window is put right onto it afterwards.
@@ -32,6 +47,19 @@ public:
     void cover(const PixelRect& target);
     /// Title and border come back, and then the kept place. Neither shows nor activates the window.
     void returnFromScreen();
+
+protected:
+    /// What the user does on the close box, and with one of `buttons` (a sum of `mouse::`) on the strips. Once, when
+    /// the window is made.
+    void wireStrips(int buttons);
+    /// The outermost pixels of `picture`, which fills the window, count as strips; behind `wireStrips`.
+    void wireEdges(PictureBox& picture);
+    void pressAtEdge(const MouseEvent& event);
+    /// Puts close box and strips to the edges of the picture, in front of it.
+    void placeStrips(const Control& picture);
+
+private:
+    int stripAt(double x, double y) const;
 };
 
 /// The window that fills the screen, of a file or of the disc on the video control; or null.

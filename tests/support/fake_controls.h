@@ -10,29 +10,30 @@
 namespace tandrel::test
 {
 
-class FakePlayerControl : public MediaPlayerControl
+class FakePlayerControl : public MediaPlayerControl,
+                          private PlayerControls,
+                          private PlayerSettings,
+                          private PlayerMedia,
+                          private PlayerDvd,
+                          private CdromCollection
 {
 public:
-    std::string url() const override { return address; }
-    void setUrl(const std::string& url) override { note("URL " + url); }
-    void close() override { note("close"); }
-    void play() override { note("play"); }
-    void pause() override { note("pause"); }
-    void fastForward() override { note("fastForward"); }
-    void fastReverse() override { note("fastReverse"); }
-    void setVolume(int level) override { note("volume " + std::to_string(level)); }
-    void resumeFromMenu() override { note("resume"); }
-    void topMenu() override { note("topMenu"); }
-    void setCurrentPosition(double seconds) override { note("position " + text(Long(seconds))); }
-    std::string currentPositionString() const override { return read(position); }
-    std::string durationString() const override { return read(duration); }
-    std::string itemInfo(const std::string& name) const override { return name == "Title" ? read(title) : ""; }
-    bool fullScreen() const override { return full; }
+    Text url() const override { return address; }
+    void setUrl(Text url) override { note("URL " + url); }
+    bool isFullScreen() const override { return full; }
     void setFullScreen(bool on) override
     {
         note(on ? "fullScreen on" : "fullScreen off");
         full = on;
     }
+    Text mode() const override { return "full"; }
+    void setMode(Text mode) override { note("uiMode " + mode); }
+    void close() override { note("close"); }
+    PlayerControls& controls() override { return *this; }
+    PlayerSettings& settings() override { return *this; }
+    PlayerMedia& currentMedia() override { return *this; }
+    PlayerDvd& dvd() override { return *this; }
+    CdromCollection& cdromCollection() override { return *this; }
 
     std::string address = "/films/a.mkv";
     std::string position = "02:03";
@@ -46,6 +47,23 @@ public:
     std::function<void(const std::string& what)> onAsk;
 
 private:
+    void play() override { note("play"); }
+    void pause() override { note("pause"); }
+    void stop() override { note("stop"); }
+    void fastForward() override { note("fastForward"); }
+    void fastReverse() override { note("fastReverse"); }
+    double currentPosition() const override { return 0; }
+    void setCurrentPosition(double seconds) override { note("position " + text(Long(seconds))); }
+    Text currentPositionString() const override { return read(position); }
+    int volume() const override { return 50; }
+    void setVolume(int level) override { note("volume " + std::to_string(level)); }
+    Text durationString() const override { return read(duration); }
+    Text getItemInfo(const Text& name) const override { return name == "Title" ? read(title) : ""; }
+    void topMenu() override { note("topMenu"); }
+    void resume() override { note("resume"); }
+    Long count() override { return 0; }
+    Cdrom& item(Long) override { throw RuntimeError(error::kOutOfRange, "No drive"); }
+
     std::string read(const std::string& value) const
     {
         if (fails)
@@ -62,17 +80,19 @@ private:
     }
 };
 
-class FakeVideoControl : public VideoControl
+class FakeVideoControl : public VideoControl, private WebDvd, private WebDvdAdmin
 {
 public:
-    void run() override { note("Run"); }
-    void pause() override { note("Pause"); }
-    void playNextChapter() override { note("PlayNextChapter"); }
-    void playPrevChapter() override { note("PlayPrevChapter"); }
-    void showMenu(int menu) override { note("ShowMenu " + std::to_string(menu)); }
-    void playAtTime(const std::string& time) override { note("PlayAtTime " + time); }
-    std::string currentTime() const override { return read(time); }
-    std::string totalTitleTime() const override { return read(total); }
+    void View(const Text& what) override { note("View " + what); }
+    std::vector<VideoFeature> FeaturesAvailable() const override { return {}; }
+    void setFeaturesActive(const std::vector<VideoFeature>&) override { note("FeaturesActive"); }
+    void Build() override { note("Build"); }
+    WebDvd& InputActive() override { return *this; }
+    void Run() override { note("Run"); }
+    void Pause() override { note("Pause"); }
+    void Stop() override { note("Stop"); }
+    void setColorKey(Long) override { note("ColorKey"); }
+    Long ColorKey() const override { return 0; }
 
     std::string time = "00:02:03:12";
     std::string total = "01:23:45:12";
@@ -81,6 +101,15 @@ public:
     std::function<void(const std::string& what)> onAsk;
 
 private:
+    WebDvdAdmin& DVDAdm() override { return *this; }
+    Long TitlesAvailable() const override { return 1; }
+    void PlayNextChapter() override { note("PlayNextChapter"); }
+    void PlayPrevChapter() override { note("PlayPrevChapter"); }
+    void ShowMenu(int menu) override { note("ShowMenu " + std::to_string(menu)); }
+    void PlayAtTime(const Text& time) override { note("PlayAtTime " + time); }
+    Text CurrentTime() const override { return read(time); }
+    Text TotalTitleTime() const override { return read(total); }
+
     std::string read(const std::string& value) const
     {
         if (fails)
@@ -103,9 +132,15 @@ class FakeDiscWindow : public VideoWindow
 public:
     FakeDiscWindow() : VideoWindow("frmDVD", Frame::Video, {0, 0, 3000, 3000}) { Style.Client = this; }
     PictureBox& pictureBox() override { return picDVD; }
-    void showStrips(bool on) override { strips = on; }
+    SizeStrips strips() override { return {picClose, picVRes, picHRes, picBottom, picSide, imgExit}; }
+    bool showsStrips() const { return picClose.visible(); }
     PictureBox picDVD{*this, "picDVD", {0, 0, 2900, 2600}};
-    bool strips = true;
+    PictureBox picBottom{*this, "picBottom", {0, 0, 10, 10}};
+    PictureBox picSide{*this, "picSide", {0, 0, 10, 10}};
+    PictureBox picHRes{*this, "picHRes", {0, 0, 10, 10}};
+    PictureBox picVRes{*this, "picVRes", {0, 0, 10, 10}};
+    PictureBox picClose{*this, "picClose", {0, 0, 10, 10}};
+    Image imgExit{*this, "imgExit", {0, 0, 10, 10}, "close", &picClose};
 };
 
 /// All three windows, loaded, shown, and known to the console until the end of this object.

@@ -283,15 +283,27 @@ std::vector<Text> FakeBackend::chooseFiles(const FileDialog& dialog)
     return chosen;
 }
 
+namespace
+{
+/// Also in the menus below it.
+Menu* entryNamed(const Menu& head, const Text& name)
+{
+    for (Menu* entry : head.entries()) {
+        if (entry->name() == name)
+            return entry;
+        if (Menu* below = entryNamed(*entry, name))
+            return below;
+    }
+    return nullptr;
+}
+} // namespace
+
 Menu* FakeBackend::popUp(Menu& head)
 {
     menus.push_back(head.form().name() + "." + head.name());
     if (whileMenuIsUp)
         whileMenuIsUp();
-    for (Menu* entry : head.entries())
-        if (entry->name() == menuChoice)
-            return entry;
-    return nullptr;
+    return entryNamed(head, menuChoice);
 }
 
 Bitmap FakeBackend::picture(const Text& name, int width, int height)
@@ -307,7 +319,7 @@ World::World()
     mci.journal = backend.journal = &journal;
     installBackend(&backend);
     installServices({&mci, &pointer, &monitors, &screenSaver, &hotKeys, &systemFacts, &settings, &files, &instances,
-                     &shell, &clock});
+                     &shell, &clock, &players, &drives});
     resetSharedState();
     setCommandLine({});
     forgetSpentPresses();

@@ -1,6 +1,8 @@
 /// Services that answer what a test tells them and note what they were asked.
 #pragma once
 
+#include "fake_players.h"
+
 #include "platform/services.h"
 #include "toolkit/backend.h"
 
@@ -66,6 +68,7 @@ class FakePointer : public Pointer
 {
 public:
     bool buttonDown(MouseButton button) override { return button == MouseButton::Left ? left : right; }
+    bool controlDown() const override { return control; }
     bool pressOnItsWay() const override { return onItsWay; }
     PixelPoint position() const override { return place; }
     void moveTo(PixelPoint to) override
@@ -77,6 +80,7 @@ public:
     void showCursor(bool on) override { shown = on; }
     bool left = false;
     bool right = false;
+    bool control = false;
     bool onItsWay = false;
     PixelPoint place;
     std::vector<PixelPoint> moves;
@@ -287,6 +291,8 @@ public:
     FakeInstances instances;
     FakeShell shell;
     FakeClock clock;
+    FakePlayers players;
+    FakeDrives drives;
     FakeBackend backend;
     /// Command strings, and with `backend.windows` what happens to windows, in one order.
     std::vector<std::string> journal;

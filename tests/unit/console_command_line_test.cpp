@@ -169,33 +169,6 @@ TEST_F(ConsoleCommandLine, AnErrorInAMediumIsNoErrorOfTheStart)
     EXPECT_TRUE(console().visible());
 }
 
-TEST_F(ConsoleCommandLine, AnHdFilePlaysAsTheOnlyOneOfItsOpen)
-{
-    for (const char* path : {"/films/x.mkv", "/films/x.HDMOV"}) {
-        World fresh;
-        fresh.settled();
-        fresh.mediaAnswer(640, 480, 60000);
-        setCommandLine({tandrel::quoted(path), {}});
-        frmStart().start();
-        EXPECT_TRUE(frmMedia().Timer1.enabled()) << path;
-        EXPECT_TRUE(frmMedia().Timer2.enabled()) << path;
-        EXPECT_TRUE(Playing) << path;
-        EXPECT_THAT(frmMedia().List2.entries(), ElementsAre(fileNameOf(path)));
-        EXPECT_EQ(screen().MousePointer(), pointer::kDefault);
-    }
-}
-
-TEST_F(ConsoleCommandLine, AnHdFileThatCantBePlayedIsSaidAndItsWindowStays)
-{
-    world.mci.otherwise = [](const std::string& command, std::string&) {
-        return command.starts_with("Pause") ? 263 : 0;
-    };
-    startWith("\"/films/x.mkv\"");
-    EXPECT_EQ(world.backend.boxes.size(), 1U);
-    EXPECT_TRUE(VideoWindows[0]->visible());
-    EXPECT_EQ(VideoWindows[0]->tag(), "2");
-}
-
 TEST_F(ConsoleCommandLine, ADiscTurnsTheTimersOn)
 {
     startWith("DVD");

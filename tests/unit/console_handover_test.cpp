@@ -273,19 +273,6 @@ TEST_F(ConsoleHandover, AListThatCantBeReadIsLeftAlone)
     EXPECT_TRUE(listIsThere());
 }
 
-TEST_F(ConsoleHandover, AnHdFileThatFailsIsSilentAndLeadsNothing)
-{
-    start("0");
-    open(0);
-    world.mci.otherwise = [](const std::string& command, std::string&) {
-        return command.starts_with("Pause \"/films/x.mkv") ? 263 : 0;
-    };
-    take({"\"/films/x.mkv\""});
-    EXPECT_THAT(world.backend.boxes, IsEmpty());
-    EXPECT_FALSE(VideoWindows.back()->visible());
-    EXPECT_EQ(CurrentAlias, alias(0));
-}
-
 TEST_F(ConsoleHandover, WhereNothingOpensTheLeadGoesOnLeading)
 {
     start("1");
@@ -296,16 +283,6 @@ TEST_F(ConsoleHandover, WhereNothingOpensTheLeadGoesOnLeading)
     EXPECT_EQ(video(0).Paused, 1);
     EXPECT_EQ(video(1).Paused, 0);
     EXPECT_THAT(startingWith(commands(), "Play B"), Not(IsEmpty()));
-}
-
-TEST_F(ConsoleHandover, AnHdFileBesideKnownOnesIsTheOnlyOneOfItsOpen)
-{
-    start("0");
-    open(0);
-    take({alias(0), "\"/films/x.mkv\""});
-    EXPECT_THAT(startingWith(commands(), "Play "), Contains("Play \"/films/x.mkv\" "));
-    EXPECT_THAT(console().List2.entries(), ElementsAre(film(0), "x.mkv"));
-    EXPECT_FALSE(Loaded<class frmWait>());
 }
 
 TEST_F(ConsoleHandover, ALineWithoutSelectionIsSaidInTheTitle)

@@ -240,7 +240,7 @@ TEST_F(ConsoleMonitorRightClick, ADiscOnTheVideoControlFillsTheScreenUnderThePan
     EXPECT_THAT(saved(), ElementsAre(1500, 1650, 4500, 3000));
     EXPECT_EQ(rectOf(*bench.dvdForm), (Rect{0, 0, 28800, 16200}));
     EXPECT_EQ(bench.dvdForm->picDVD.borderStyle(), 0);
-    EXPECT_FALSE(bench.dvdForm->hasTitleBar() || bench.dvdForm->hasBorder() || bench.dvdForm->strips);
+    EXPECT_FALSE(bench.dvdForm->hasTitleBar() || bench.dvdForm->hasBorder() || bench.dvdForm->showsStrips());
     EXPECT_THAT(world.screenSaver.switched, ElementsAre(false));
     EXPECT_EQ(frmPanel().lblTitle.caption(), "DVD:: \"Movie\"");
     EXPECT_EQ(frmPanel().top(), 16200 - 914);

@@ -2,6 +2,8 @@
 
 #include "opening_bench.h"
 
+#include "video/frm_mkv.h"
+
 namespace tandrel::test
 {
 
@@ -109,8 +111,8 @@ TEST_F(ConsoleOpenEnds, AnHdFileOnALaterSystemKeepsTheFocus)
     begin("1");
     WindowsVersion = "LINUX";
     chooseSingle("/films/a.mkv");
-    ASSERT_THAT(VideoWindows, SizeIs(1));
-    EXPECT_EQ(activeForm(), VideoWindows[0].get());
+    ASSERT_TRUE(Loaded<class frmMKV>());
+    EXPECT_EQ(activeForm(), &frmMKV());
     chooseSingle(film(1));
     EXPECT_EQ(activeForm(), &console()) << "a plain file gives it back";
 }

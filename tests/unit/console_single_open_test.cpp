@@ -291,22 +291,6 @@ TEST_F(ConsoleSingleOpen, TheMatroskaOpenerTakesItsFileToASlotOnEverySystem)
     EXPECT_EQ(activeForm(), &console());
 }
 
-TEST_F(ConsoleSingleOpen, OnALaterSystemAnHdFileTakesTheRoadOfHdFiles)
-{
-    for (const char* path : {"/films/a.mkv", "/films/b.HDMOV"}) {
-        begin();
-        WindowsVersion = "LINUX";
-        openSingle(path);
-        EXPECT_THAT(startingWith(world.mci.sent(), "Pause"), SizeIs(1)) << "opened paused, and played from there";
-        EXPECT_TRUE(console().Timer1.enabled());
-        EXPECT_TRUE(console().Timer2.enabled());
-        EXPECT_FALSE(Loaded<class frmWait>());
-        EXPECT_EQ(screen().MousePointer(), pointer::kDefault);
-        EXPECT_THAT(console().List2.entries(), ElementsAre(path));
-        EXPECT_EQ(title(), " [ " + Text(path) + " ] " + std::string(50, ' '));
-    }
-}
-
 TEST_F(ConsoleSingleOpen, AFileThatCantBePlayedShowsNoWindowAndSaysSo)
 {
     begin();
@@ -322,18 +306,6 @@ TEST_F(ConsoleSingleOpen, AFileThatCantBePlayedShowsNoWindowAndSaysSo)
     EXPECT_EQ(CurrentAlias, "");
     EXPECT_EQ(screen().MousePointer(), pointer::kDefault);
     EXPECT_THAT(world.backend.boxes, IsEmpty());
-}
-
-TEST_F(ConsoleSingleOpen, AnHdFileThatCantBePlayedSaysSoToo)
-{
-    begin();
-    open(0);
-    world.mci.fail("Pause \"/films/a.mkv\"", 263);
-    openSingle("/films/a.mkv");
-    EXPECT_EQ(title(), "Media File can't be played!");
-    EXPECT_EQ(CurrentAlias, "");
-    EXPECT_EQ(liveCount(), 0);
-    EXPECT_THAT(console().List2.entries(), IsEmpty());
 }
 
 TEST_F(ConsoleSingleOpen, WhileACommandRunsNoOpenerBegins)

@@ -61,6 +61,8 @@ bool X11Pointer::buttonDown(MouseButton button)
     return state.toldDown;
 }
 
+bool X11Pointer::controlDown() const { return (buttonMask() & XCB_KEY_BUT_MASK_CONTROL) != 0; }
+
 bool X11Pointer::pressOnItsWay() const { return raw_.undelivered(); }
 
 PixelPoint X11Pointer::position() const

@@ -22,6 +22,7 @@ public:
     X11Pointer();
     ~X11Pointer() override;
     bool buttonDown(MouseButton button) override;
+    bool controlDown() const override;
     bool pressOnItsWay() const override;
     PixelPoint position() const override;
     void moveTo(PixelPoint place) override;

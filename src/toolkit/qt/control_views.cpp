@@ -118,6 +118,7 @@ void WidgetView::reportMouse(QEvent* event)
     what.y = mouse->position().y() * screen().TwipsPerPixelY();
     const auto buttons = mouse->type() == QEvent::MouseMove ? mouse->buttons() : Qt::MouseButtons(mouse->button());
     what.button = buttonMask(buttons);
+    what.shift = shiftMask(mouse->modifiers());
 
     const bool inside = widget_->rect().contains(mouse->position().toPoint());
     const auto form = control_.form().shared_from_this();
@@ -127,6 +128,8 @@ void WidgetView::reportMouse(QEvent* event)
         // The activation may have acted on the press.
         if (form->isLoaded() && !pressIsSpent(mouse->button()))
             control.userMouseDown(what);
+        if (mouse->type() == QEvent::MouseButtonDblClick && what.left() && form->isLoaded())
+            control.userDblClick();
     } else if (mouse->type() == QEvent::MouseMove) {
         control.userMouseMove(what);
     } else {

@@ -16,11 +16,27 @@
 #include <QTimer>
 #include <QUrl>
 
+#include <algorithm>
+#include <array>
+
 namespace tandrel
 {
 
 namespace
 {
+
+struct KeyRow {
+    int code;
+    Key key;
+};
+constexpr std::array<KeyRow, 8> kKeys{{{Qt::Key_Left, Key::Left},
+                                       {Qt::Key_Right, Key::Right},
+                                       {Qt::Key_Up, Key::Up},
+                                       {Qt::Key_Down, Key::Down},
+                                       {Qt::Key_Return, Key::Enter},
+                                       {Qt::Key_Enter, Key::Enter},
+                                       {Qt::Key_Escape, Key::Escape},
+                                       {Qt::Key_Space, Key::Space}}};
 
 Qt::WindowFlags flagsFor(const Form& form)
 {
@@ -121,7 +137,8 @@ void FormWidget::leaveEvent(QEvent*)
 MouseEvent FormWidget::translated(QMouseEvent* event, int buttons) const
 {
     const QPointF at = event->position() - origin();
-    return {buttons, 0, at.x() * tandrel::screen().TwipsPerPixelX(), at.y() * tandrel::screen().TwipsPerPixelY()};
+    return {buttons, shiftMask(event->modifiers()), at.x() * tandrel::screen().TwipsPerPixelX(),
+            at.y() * tandrel::screen().TwipsPerPixelY()};
 }
 
 void FormWidget::mousePressEvent(QMouseEvent* event)
@@ -199,6 +216,16 @@ void FormWidget::wheelEvent(QWheelEvent* event)
     form_->run([this, what] { form_->WheelProcedure(what); });
 }
 
+bool FormWidget::reportKey(int key)
+{
+    const auto row = std::find_if(kKeys.begin(), kKeys.end(), [key](const KeyRow& one) { return one.code == key; });
+    if (row == kKeys.end() || !form_->KeyDown)
+        return false;
+    // The handler may end the form.
+    const auto form = form_->shared_from_this();
+    return form->userKeyDown(row->key);
+}
+
 void FormWidget::keyPressEvent(QKeyEvent* event)
 {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
@@ -209,6 +236,8 @@ void FormWidget::keyPressEvent(QKeyEvent* event)
         const QtBackend::PressedByKey key(*this);
         return form_->run(form_->MenuKey);
     }
+    if (form_ && reportKey(event->key()))
+        return;
     if (form_ && form_->KeyPress && !event->text().isEmpty())
         return form_->run([this, code = event->text().front().unicode()] { form_->KeyPress(code); });
     if (!form_ || !(enter || escape))

@@ -139,12 +139,20 @@ protected:
     {
         QPainter painter(this);
         if (box_.picture.empty())
-            painter.fillRect(rect(), box_.dark ? palette::kVideoGround : palette::kBandTop);
+            painter.fillRect(rect(), ground());
         else
             painter.drawPixmap(0, 0, drawing(QString::fromStdString(box_.picture), size(), devicePixelRatioF()));
     }
 
 private:
+    QColor ground() const
+    {
+        if (!box_.backColour)
+            return box_.dark ? palette::kVideoGround : palette::kBandTop;
+        const std::int32_t colour = *box_.backColour;
+        return {colour & 0xff, colour >> 8 & 0xff, colour >> 16 & 0xff};
+    }
+
     const PictureBox& box_;
 };
 

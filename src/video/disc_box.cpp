@@ -1,0 +1,235 @@
+#include "video/disc_box.h"
+
+#include "media/shared_state.h"
+#include "texts/localised.h"
+#include "toolkit/press.h"
+#include "toolkit/screen.h"
+#include "video/disc_input.h"
+#include "video/track_menu.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+
+namespace tandrel
+{
+
+namespace
+{
+
+constexpr const char* kAnyDisc = "DVD:";
+constexpr int kFollowMs = 50;
+// What a disc counts its pictures by as long as it hasn't said.
+constexpr double kCommonFrameRate = 25;
+constexpr int kLoudestLevel = 100;
+
+double secondsOf(const Text& time)
+{
+    const std::vector<Text> parts = split(time, ':');
+    double seconds = 0;
+    for (const Text& part : parts)
+        seconds = seconds * 60 + numberAtFront(part);
+    return seconds;
+}
+
+} // namespace
+
+DiscBox::DiscBox(Form& form, Text name, TwipsRect place, Control& container)
+    : PictureBox(form, std::move(name), place, &container), tmrFollow(form, "tmrFollow", kFollowMs, false)
+{
+    dark = true;
+    Resize = [this] { showPicture(); };
+    tmrFollow.Tick = [this] {
+        if (player_)
+            player_->follow();
+    };
+}
+
+DiscBox::~DiscBox() = default;
+
+void DiscBox::View(const Text& what)
+{
+    if (!what.starts_with(kAnyDisc))
+        throw RuntimeError(error::kInvalidCall, "No such view");
+    wanted_ = what.substr(Text(kAnyDisc).size());
+}
+
+std::vector<VideoFeature> DiscBox::FeaturesAvailable() const { return {{kClosedCaptioning, "Closed Captioning"}}; }
+
+void DiscBox::setFeaturesActive(const std::vector<VideoFeature>& features)
+{
+    captions_ = std::any_of(features.begin(), features.end(),
+                            [](const VideoFeature& feature) { return feature.ClassID == kClosedCaptioning; });
+    if (player_)
+        player_->allowCaptions(captions_);
+}
+
+bool DiscBox::isOpen() const { return player_ && !player_->isIdle(); }
+
+void DiscBox::findDisc()
+{
+    DiscDrives& drives = *services().drives;
+    std::vector<Text> places;
+    if (!wanted_.empty()) {
+        places.push_back(wanted_);
+    } else {
+        for (int index = 0, count = drives.count(); index < count; ++index)
+            if (drives.isReady(index))
+                places.push_back(drives.pathOf(drives.driveSpecifier(index).front()));
+    }
+    // What plays is left alone as long as its drive holds a disc.
+    if (isOpen() && std::find(places.begin(), places.end(), open_) != places.end())
+        return;
+    facts_ = {};
+    found_.clear();
+    for (const Text& place : places) {
+        facts_ = drives.look(place);
+        if (facts_.titles.empty())
+            continue;
+        found_ = place;
+        return;
+    }
+}
+
+void DiscBox::Build()
+{
+    findDisc();
+    if (isOpen() && open_ == found_)
+        return;
+    player_.reset();
+    open_.clear();
+    tmrFollow.Enabled = false;
+    if (!facts_.encrypted)
+        return;
+    facts_ = {};
+    found_.clear();
+    backend().messageBox(localised("message.discEncrypted"), BoxStyle::Exclamation, AppTitle);
+}
+
+WebDvd& DiscBox::InputActive()
+{
+    if (found_.empty())
+        throw RuntimeError(error::kNoObject, "No disc");
+    return *this;
+}
+
+Long DiscBox::TitlesAvailable() const { return static_cast<std::int64_t>(facts_.titles.size()); }
+
+void DiscBox::Run()
+{
+    if (isOpen()) {
+        player_->play();
+        return;
+    }
+    if (found_.empty())
+        throw RuntimeError(error::kNoObject, "No disc");
+    player_ = services().players->discPlayer();
+    if (!player_)
+        throw RuntimeError(error::kNoObject, "No player");
+    open_ = found_;
+    player_->setVolume(kLoudestLevel);
+    player_->allowCaptions(captions_);
+    showPicture();
+    player_->open(open_);
+    tmrFollow.Enabled = true;
+}
+
+void DiscBox::Pause() { player().pause(); }
+
+void DiscBox::Stop()
+{
+    player();
+    end();
+}
+
+void DiscBox::end()
+{
+    tmrFollow.Enabled = false;
+    player_.reset();
+    open_.clear();
+    found_.clear();
+    facts_ = {};
+}
+
+DiscPlayer& DiscBox::player() const
+{
+    if (!isOpen())
+        throw RuntimeError(error::kNoObject, "No disc");
+    return *player_;
+}
+
+void DiscBox::PlayNextChapter() { player().nextChapter(); }
+
+void DiscBox::PlayPrevChapter() { player().previousChapter(); }
+
+void DiscBox::ShowMenu(int menu)
+{
+    if (menu != disc_menu::kRoot)
+        throw RuntimeError(error::kInvalidCall, "No such menu");
+    player().showRootMenu();
+}
+
+Text DiscBox::timeText(double seconds) const
+{
+    const double told = player_->frameRate();
+    const double rate = told > 0 ? told : kCommonFrameRate;
+    const auto whole = static_cast<long>(std::max(0.0, std::floor(seconds)));
+    // A time that is a whole number of pictures may be a hair below it.
+    constexpr double kHair = 1e-6;
+    const auto frames = static_cast<int>(std::max(0.0, seconds - static_cast<double>(whole)) * rate + kHair);
+    std::array<char, 48> text{};
+    std::snprintf(text.data(), text.size(), "%02ld:%02ld:%02ld:%02d", whole / 3600, whole / 60 % 60, whole % 60,
+                  frames);
+    return text.data();
+}
+
+Text DiscBox::CurrentTime() const { return timeText(player().position()); }
+
+Text DiscBox::TotalTitleTime() const { return timeText(player().duration()); }
+
+void DiscBox::PlayAtTime(const Text& time) { player().seek(secondsOf(time)); }
+
+void DiscBox::setColorKey(Long colour)
+{
+    backColour = colour;
+    Refresh();
+}
+
+void DiscBox::showPicture()
+{
+    if (player_)
+        player_->showIn(hWnd(), {0, 0, std::max<int>(0, pixelsX(width())), std::max<int>(0, pixelsY(height()))});
+}
+
+bool DiscBox::takeKey(Key key) { return isOpen() && sendMenuKey(*player_, key); }
+
+void DiscBox::pointAt(const MouseEvent& event)
+{
+    if (isOpen())
+        pointInMenu(*player_, event);
+}
+
+void DiscBox::press(const MouseEvent& event)
+{
+    if (!isOpen())
+        return;
+    if (event.button == mouse::kRight && (event.shift & shift::kControl) != 0) {
+        spendPress(MouseButton::Right);
+        chooseTracks();
+    } else {
+        pressInMenu(*player_, event);
+    }
+}
+
+void DiscBox::chooseTracks()
+{
+    if (!isOpen())
+        return;
+    popUpTracks(form(), player_->tracks(), [this](MediaTrack::Kind kind, int id) {
+        if (player_)
+            player_->chooseTrack(kind, id);
+    });
+}
+
+} // namespace tandrel

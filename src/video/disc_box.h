@@ -1,0 +1,68 @@
+/// The video control as it stands in a form: a box in which a disc plays.
+#pragma once
+
+#include "platform/players.h"
+#include "toolkit/form.h"
+#include "video/video_control.h"
+
+#include <memory>
+
+namespace tandrel
+{
+
+/// The rules of the control over a player for discs. It plays at full volume: nothing sets another.
+class DiscBox : public PictureBox, public VideoControl, private WebDvd, private WebDvdAdmin
+{
+public:
+    DiscBox(Form& form, Text name, TwipsRect place, Control& container);
+    ~DiscBox() override;
+
+    void View(const Text& what) override;
+    std::vector<VideoFeature> FeaturesAvailable() const override;
+    void setFeaturesActive(const std::vector<VideoFeature>& features) override;
+    void Build() override;
+    WebDvd& InputActive() override;
+    void Run() override;
+    void Pause() override;
+    void Stop() override;
+    void setColorKey(Long colour) override;
+    Long ColorKey() const override { return backColour.value_or(Long(0)); }
+
+    /// A key of the form, where it moves in a menu. True where it did.
+    bool takeKey(Key key);
+    void pointAt(const MouseEvent& event);
+    void press(const MouseEvent& event);
+    void chooseTracks();
+    /// Its form ends.
+    void end();
+
+    Timer tmrFollow;
+
+private:
+    WebDvdAdmin& DVDAdm() override { return *this; }
+    Long TitlesAvailable() const override;
+    void PlayNextChapter() override;
+    void PlayPrevChapter() override;
+    void ShowMenu(int menu) override;
+    Text CurrentTime() const override;
+    Text TotalTitleTime() const override;
+    void PlayAtTime(const Text& time) override;
+
+    void findDisc();
+    bool isOpen() const;
+    /// Raises where no disc is open.
+    DiscPlayer& player() const;
+    Text timeText(double seconds) const;
+    void showPicture();
+
+    std::unique_ptr<DiscPlayer> player_;
+    DiscFacts facts_;
+    /// The disc asked for by its path; empty: the first that there is.
+    Text wanted_;
+    /// What was found, and what is open.
+    Text found_;
+    Text open_;
+    bool captions_ = false;
+};
+
+} // namespace tandrel

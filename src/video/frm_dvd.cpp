@@ -1,0 +1,219 @@
+#include "video/frm_dvd.h"
+
+#include "console/frm_media.h"
+#include "console/holders.h"
+#include "desktop/screen_saver.h"
+#include "desktop/wheel.h"
+#include "fullscreen/frm_panel.h"
+#include "media/shared_state.h"
+#include "texts/frm_update.h"
+#include "texts/frm_wait.h"
+#include "texts/localised.h"
+#include "toolkit/press.h"
+#include "toolkit/screen.h"
+#include "toolkit/trap.h"
+#include "video/other_media.h"
+
+#include <utility>
+
+namespace tandrel
+{
+
+namespace
+{
+
+// The colour behind the picture.
+constexpr int kColorKey = 263173;
+// What the height loses so that the window is laid out anew.
+constexpr int kLayoutTwips = 15;
+constexpr std::size_t kTitleBlanks = 50;
+
+} // namespace
+
+frmDVD::frmDVD() : VideoWindow("frmDVD", Frame::Video, {0, 0, 11905, 6800})
+{
+    Caption = "DVD";
+    picDVD.dark = true;
+    picDVD.Resize = [this] { picDVD_Resize(); };
+    showStrips(false);
+    wireStrips(mouse::kLeft);
+    wirePicture();
+    DropFiles = [](const std::vector<Text>& paths) { frmMedia().openDropped(paths); };
+    KeyDown = [this](Key key) { return dvdPicture.takeKey(key); };
+    MenuKey = [this] { dvdPicture.chooseTracks(); };
+}
+
+void frmDVD::wirePicture()
+{
+    wireEdges(dvdPicture);
+    dvdPicture.MouseDown = [this](const MouseEvent& event) {
+        pressAtEdge(event);
+        dvdPicture.press(event);
+    };
+    dvdPicture.MouseMove = [this, follow = dvdPicture.MouseMove](const MouseEvent& event) {
+        follow(event);
+        dvdPicture.pointAt(event);
+    };
+}
+
+void frmDVD::onLoad()
+{
+    DVDMode = true;
+    otherMedia().dvd = {this, &dvdPicture};
+    wanted_ = frmMedia().DiscWanted;
+    takeHold();
+    takeCorner();
+}
+
+void frmDVD::AddCC()
+{
+    ignoringErrors([this] {
+        for (const VideoFeature& feature : dvdPicture.FeaturesAvailable()) {
+            if (feature.ClassID != kClosedCaptioning)
+                continue;
+            ignoringErrors([&] { dvdPicture.setFeaturesActive({feature}); });
+            captions_ = feature;
+        }
+    });
+}
+
+Long frmDVD::BuildGraph()
+{
+    oVidWebDVD = nullptr;
+    DVDAdmin = nullptr;
+    Titles = 0;
+    ignoringErrors([this] { dvdPicture.View("DVD:" + wanted_); });
+    AddCC();
+    ignoringErrors([this] { dvdPicture.Build(); });
+    ignoringErrors([this] { oVidWebDVD = &dvdPicture.InputActive(); });
+    if (oVidWebDVD) {
+        ignoringErrors([this] { DVDAdmin = &oVidWebDVD->DVDAdm(); });
+        ignoringErrors([this] { Titles = oVidWebDVD->TitlesAvailable(); });
+    }
+    return Titles;
+}
+
+void frmDVD::onActivate()
+{
+    // The activation that the end of the message brings is no reason to ask again; one by the user's click is.
+    const bool byClick = buttonIsDown(MouseButton::Left) || buttonIsDown(MouseButton::Right);
+    if (std::exchange(asking_, false) && !byClick)
+        return;
+    if (!FullScreenOn)
+        ScreenSaverSwitch(true);
+    screen().MousePointer = pointer::kHourglass;
+    if (trap([this] { becomeActive(); }))
+        screen().MousePointer = pointer::kDefault;
+}
+
+void frmDVD::becomeActive()
+{
+    class frmMedia& console = frmMedia();
+    showStrips(!FullScreenOn);
+    for (PictureBox* box : {&picClose, &picVRes, &picHRes})
+        if (!FullScreenOn)
+            box->Refresh();
+    console.TrackHold = false;
+    if (FullScreenOn)
+        console.Timer4.Enabled = true;
+    const bool right = buttonIsDown(MouseButton::Right) && !services().pointer->controlDown();
+    const bool noticeIsUp = Loaded<class frmUpdate>() && frmUpdate().Visible();
+    if (right && !FullScreenOn && !noticeIsUp) {
+        goFullScreen();
+    } else if (!right && FullScreenOn) {
+        PanelUp = false;
+        putPanelBelow();
+    }
+    FullMenuOpen = false;
+    console.lblSpeed.Caption = "0x";
+    console.lblCurTime.Caption = "0:00:00";
+    console.SeekSlider.Value = 0;
+    if (BuildGraph() > 0)
+        startDisc();
+    else
+        askForDisc();
+}
+
+void frmDVD::goFullScreen()
+{
+    class frmMedia& console = frmMedia();
+    spendPress(MouseButton::Right);
+    console.DvdFullByClick = true;
+    console.SaverOff = true;
+    fillScreen({0, 0, pixelsX(console.FullWidth), pixelsY(console.FullHeight)});
+    bringUpPanel("DVD:: \"Movie\"");
+    console.Timer4.Enabled = false;
+}
+
+void frmDVD::startDisc()
+{
+    dvdPicture.Run();
+    dvdPicture.setColorKey(kColorKey);
+    Height = height() - kLayoutTwips;
+    if (Full)
+        cover(consoleMonitor());
+    frmMedia().lblTitleBar.Caption = blanks(kTitleBlanks) + "DVD Movie" + blanks(kTitleBlanks);
+    FastForward = false;
+    FastRewind = false;
+}
+
+void frmDVD::askForDisc()
+{
+    Titles = -1;
+    OpenDoor();
+    Unload<class frmWait>();
+    screen().MousePointer = pointer::kDefault;
+    asking_ = true;
+    frmMedia().tell(localised("message.insertDisc") + "\n");
+}
+
+void frmDVD::onResize()
+{
+    if (!visible())
+        return;
+    ignoringErrors([this] {
+        if (!Style.Titlebar()) {
+            frmMedia().TitleOff = true;
+            picDVD.move({0, 0, width(), height()});
+        } else if (!Full) {
+            picDVD.move({0, 0, width() - kFrameWidth, height() - kFrameHeight});
+        }
+        placeStrips(dvdPicture);
+        for (PictureBox* box : {&picClose, &picVRes, &picHRes})
+            box->Refresh();
+    });
+}
+
+void frmDVD::picDVD_Resize()
+{
+    if (!Style.Titlebar())
+        dvdPicture.move({0, 0, width(), height()});
+    else if (!Full)
+        dvdPicture.move({0, 0, width() - kFrameWidth, height() - kFrameHeight});
+}
+
+void frmDVD::onUnload()
+{
+    dvdPicture.end();
+    if (Full) {
+        Full = false;
+        FullScreenOn = false;
+        PanelUp = false;
+        frmMedia().DvdFullByClick = false;
+        setFullScreen(false);
+        ScreenSaverSwitch(true);
+        frmMedia().showParkedCursor();
+        Unload<class frmPanel>();
+        frmMedia().Timer4.Enabled = true;
+    }
+    WheelHookRemove(hWnd());
+    class frmMedia& console = frmMedia();
+    console.lblCurTime.Caption = "0:00:00";
+    console.lblDuration.Caption = "0:00:00";
+    console.lblTitleBar.Caption = "";
+    console.SetFocus();
+    DVDMode = false;
+    otherMedia().dvd = {};
+}
+
+} // namespace tandrel

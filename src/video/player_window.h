@@ -1,0 +1,31 @@
+/// Windows on the media player control: that of HD films, and that of discs on newer systems.
+#pragma once
+
+#include "video/player_box.h"
+#include "video/video_form.h"
+
+namespace tandrel
+{
+
+class PlayerWindow : public VideoForm
+{
+public:
+    PlayerBox picDVD{*this, "picDVD", {0, 0, 11820, 6375}};
+
+protected:
+    PlayerWindow(Text name, Text caption);
+
+    void onActivate() override;
+    void onResize() override;
+    void onUnload() override;
+
+    /// The panel of full screen goes out of sight when the window becomes the active one.
+    virtual bool dropsPanel(bool rightIsDown) const = 0;
+    /// The last thing that an activation does.
+    virtual void startPlaying() {}
+
+private:
+    void becomeActive();
+};
+
+} // namespace tandrel
