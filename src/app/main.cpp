@@ -25,7 +25,6 @@
 #include "platform/xdg/system_facts.h"
 #include "toolkit/program.h"
 #include "toolkit/qt/qt_backend.h"
-#include "video/other_media.h"
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
@@ -126,7 +125,7 @@ int run(QApplication& application)
     frmStart().start();
     const int result = programEnded() ? 0 : QApplication::exec();
     // The devices end before the windows that show them.
-    closeOtherMedia();
+    endPlayers();
     platform.media.send("close all");
     discardForms();
     VideoWindows.clear();

@@ -53,6 +53,8 @@ TANDREL_HOLDER(menu)
 TANDREL_HOLDER(share)
 #undef TANDREL_HOLDER
 
+void endPlayers() { closeOtherMedia(); }
+
 void forgetForms()
 {
     forgetSpareWindows();

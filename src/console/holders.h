@@ -38,6 +38,9 @@ TANDREL_FORM(menu)
 TANDREL_FORM(share)
 #undef TANDREL_FORM
 
+/// Lets go of what plays in the windows of HD films and discs, which has to come before the end of those.
+void endPlayers();
+
 /// Lets go of all instances, so that a test can begin afresh.
 void forgetForms();
 
