@@ -6,7 +6,7 @@ add_custom_command(
   OUTPUT ${TANDREL_TEST_MEDIA}/made
   COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_SOURCE_DIR}/support/make_test_media.py ${TANDREL_TEST_MEDIA}
   COMMAND ${CMAKE_COMMAND} -E touch ${TANDREL_TEST_MEDIA}/made
-  DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/support/make_test_media.py
+  DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/support/make_test_media.py ${CMAKE_CURRENT_SOURCE_DIR}/support/film_media.py
   COMMENT "Making test media"
   VERBATIM)
 add_custom_target(test_media DEPENDS ${TANDREL_TEST_MEDIA}/made)
