@@ -15,6 +15,14 @@ target_link_libraries(tandrel_platform_output PUBLIC PkgConfig::xcb)
 tandrel_library(platform/mpv USES platform/mci platform/output LINKS PkgConfig::mpv PkgConfig::codecs PkgConfig::xcb PkgConfig::x11 Threads::Threads
                              ${CMAKE_DL_LIBS} SOURCES
   early_opens.cpp
+  film_languages.cpp
+  film_moves.cpp
+  film_means.cpp
+  film_player.cpp
+  film_requests.cpp
+  film_screen.cpp
+  film_tracks.cpp
+  film_worker.cpp
   gop_reader.cpp
   graphics_probe.cpp
   input_methods.cpp
@@ -30,7 +38,9 @@ tandrel_library(platform/mpv USES platform/mci platform/output LINKS PkgConfig::
   mpv_moves.cpp
   mpv_scrub.cpp
   mpv_stills.cpp
+  node_fields.cpp
   output_choice.cpp
+  process_state.cpp
   scrub.cpp
   step_budget.cpp
   step_cache.cpp
