@@ -64,6 +64,10 @@ target_link_libraries(steps_kept PRIVATE PkgConfig::codecs)
 
 tandrel_media_test(steps_screen DISPLAY contract/scrub_screen_test.cpp contract/steps_screen_test.cpp)
 
+# HD films.
+tandrel_media_test(film_player NODISPLAY contract/film_player_test.cpp unit/film_tracks_test.cpp)
+tandrel_media_test(film_screen DISPLAY contract/film_screen_test.cpp)
+
 add_test(NAME mci_tool COMMAND xvfb-run -a -s "-screen 0 1920x1080x24 -s 0 -noreset" ${Python3_EXECUTABLE}
          ${CMAKE_CURRENT_SOURCE_DIR}/contract/mci_tool_test.py $<TARGET_FILE:tandrel-mci> ${TANDREL_TEST_MEDIA})
 set_tests_properties(mci_tool PROPERTIES TIMEOUT 120 LABELS display)

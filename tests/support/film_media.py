@@ -19,7 +19,7 @@ SOUND = ["-c:a", "aac", "-b:a", "64k"]
 FILMS = [
     ("film_h264.mkv", "30", 300, 10, LARGE, X264 + LONG_GOP + SOUND),
     ("film_hevc.mkv", "25", 50, 0, LARGE, ["-c:v", "libx265", "-preset", "ultrafast", "-x265-params", "log-level=error"]),
-    ("film_vp9.mkv", "25", 50, 0, LARGE, ["-c:v", "libvpx-vp9", "-crf", "48", "-b:v", "0", "-qmin", "48", "-deadline", "realtime", "-cpu-used", "8",
+    ("film_vp9.mkv", "25", 50, 0, LARGE, ["-c:v", "libvpx-vp9", "-b:v", "0", "-crf", "34", "-qmin", "34", "-deadline", "realtime", "-cpu-used", "8",
                                          "-row-mt", "1", "-threads", "2"]),
     ("film_av1.mkv", "25", 50, 0, LARGE, ["-c:v", "libsvtav1", "-preset", "12", "-crf", "40"]),
     ("film_10bit.mkv", "25", 50, 0, LARGE, X264 + ["-pix_fmt", "yuv420p10le"]),

@@ -142,6 +142,9 @@ std::vector<FilmTrack> readFilmTracks(const mpv_node& list)
 
 TrackChoice chooseTracks(const std::vector<FilmTrack>& tracks, std::string_view language)
 {
+    // One that can't be decoded would keep the sound from playing.
+    const FilmTrack* picture =
+        best(tracks, Kind::Picture, [](const FilmTrack& track) { return track.decodable ? int(track.byDefault) : -1; });
     const FilmTrack* audio = best(tracks, Kind::Audio, [&](const FilmTrack& track) {
         return 4 * track.decodable + 2 * isLanguage(track.language, language) + track.byDefault;
     });
@@ -154,7 +157,8 @@ TrackChoice chooseTracks(const std::vector<FilmTrack>& tracks, std::string_view 
             return understood ? 1 : 4 + 2 * !track.forced + track.byDefault;
         return track.byDefault || track.forced ? 1 + track.byDefault : -1;
     });
-    return {audio == nullptr ? -1 : audio->id, subtitle == nullptr ? -1 : subtitle->id};
+    const auto idOf = [](const FilmTrack* track) { return track == nullptr ? -1 : track->id; };
+    return {idOf(picture), idOf(audio), idOf(subtitle)};
 }
 
 MediaTrouble troubleOf(const std::vector<FilmTrack>& tracks)

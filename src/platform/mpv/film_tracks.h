@@ -33,6 +33,7 @@ std::vector<FilmTrack> readFilmTracks(const mpv_node& list);
 
 /// What plays if nobody chooses; below 0 for none.
 struct TrackChoice {
+    int picture = -1;
     int audio = -1;
     int subtitle = -1;
 };

@@ -55,6 +55,7 @@ std::vector<FilmTrack> readHead(mpv_handle* handle)
     }
     const std::string language = desktopLanguage([](const char* name) { return std::getenv(name); });
     const TrackChoice choice = chooseTracks(tracks, language);
+    choose(handle, "vid", choice.picture);
     choose(handle, "aid", choice.audio);
     choose(handle, "sid", choice.subtitle);
     return tracks;
