@@ -15,6 +15,7 @@ MAY_INCLUDE = {
     "platform/mpv": {"platform", "platform/mci", "platform/output"},
     "platform/output": {"platform"},
     "platform/dbus": {"platform"},
+    "platform/drives": {"platform", "platform/mci"},
     "platform/x11": {"platform"},
     "platform/xdg": {"platform"},
     "toolkit": {"platform"},

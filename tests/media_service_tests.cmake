@@ -68,6 +68,13 @@ tandrel_media_test(steps_screen DISPLAY contract/scrub_screen_test.cpp contract/
 tandrel_media_test(film_player NODISPLAY contract/film_player_test.cpp unit/film_tracks_test.cpp)
 tandrel_media_test(film_screen DISPLAY contract/film_screen_test.cpp)
 
+# The drives for discs.
+add_executable(disc_drives unit/disc_drives_test.cpp)
+target_include_directories(disc_drives PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
+target_link_libraries(disc_drives PRIVATE tandrel_platform_drives GTest::gtest_main tandrel_flags)
+add_test(NAME disc_drives COMMAND disc_drives)
+set_tests_properties(disc_drives PROPERTIES LABELS unit TIMEOUT 60)
+
 add_test(NAME mci_tool COMMAND xvfb-run -a -s "-screen 0 1920x1080x24 -s 0 -noreset" ${Python3_EXECUTABLE}
          ${CMAKE_CURRENT_SOURCE_DIR}/contract/mci_tool_test.py $<TARGET_FILE:tandrel-mci> ${TANDREL_TEST_MEDIA})
 set_tests_properties(mci_tool PROPERTIES TIMEOUT 120 LABELS display)

@@ -12,6 +12,11 @@ tandrel_library(platform/output USES platform LINKS PkgConfig::xcb PkgConfig::x1
   x_errors.cpp)
 target_link_libraries(tandrel_platform_output PUBLIC PkgConfig::xcb)
 
+tandrel_library(platform/drives USES platform/mci LINKS Threads::Threads SOURCES
+  disc_drives.cpp
+  drive_search.cpp
+  volume_name.cpp)
+
 tandrel_library(platform/mpv USES platform/mci platform/output LINKS PkgConfig::mpv PkgConfig::codecs PkgConfig::xcb PkgConfig::x11 Threads::Threads
                              ${CMAKE_DL_LIBS} SOURCES
   early_opens.cpp

@@ -1,6 +1,7 @@
 // Which tracks of a film play, and what they are called.
 #include "platform/mpv/film_languages.h"
 #include "platform/mpv/film_tracks.h"
+#include "platform/valid_text.h"
 
 #include <gtest/gtest.h>
 #include <map>

@@ -49,7 +49,4 @@ MediaTrouble troubleOf(const std::vector<FilmTrack>& tracks);
 /// Sounds, then subtitles, with an entry without a name for none of them. Names are like "Director (eng, AC-3)".
 std::vector<MediaTrack> nameTracks(const std::vector<FilmTrack>& tracks);
 
-/// The text with a question mark for what is no UTF-8.
-std::string validText(std::string_view text);
-
 } // namespace tandrel

@@ -4,6 +4,7 @@
 #include "platform/mpv/media_path.h"
 #include "platform/mpv/media_tracks.h"
 #include "platform/mpv/node_fields.h"
+#include "platform/valid_text.h"
 
 #include <cctype>
 #include <cstdlib>
