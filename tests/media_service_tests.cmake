@@ -6,7 +6,7 @@ add_custom_command(
   OUTPUT ${TANDREL_TEST_MEDIA}/made
   COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_SOURCE_DIR}/support/make_test_media.py ${TANDREL_TEST_MEDIA}
   COMMAND ${CMAKE_COMMAND} -E touch ${TANDREL_TEST_MEDIA}/made
-  DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/support/make_test_media.py
+  DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/support/make_test_media.py ${CMAKE_CURRENT_SOURCE_DIR}/support/film_media.py
   COMMENT "Making test media"
   VERBATIM)
 add_custom_target(test_media DEPENDS ${TANDREL_TEST_MEDIA}/made)
@@ -63,6 +63,17 @@ tandrel_media_test(steps_kept NODISPLAY
 target_link_libraries(steps_kept PRIVATE PkgConfig::codecs)
 
 tandrel_media_test(steps_screen DISPLAY contract/scrub_screen_test.cpp contract/steps_screen_test.cpp)
+
+# HD films.
+tandrel_media_test(film_player NODISPLAY contract/film_player_test.cpp unit/film_tracks_test.cpp)
+tandrel_media_test(film_screen DISPLAY contract/film_screen_test.cpp)
+
+# The drives for discs.
+add_executable(disc_drives unit/disc_drives_test.cpp)
+target_include_directories(disc_drives PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
+target_link_libraries(disc_drives PRIVATE tandrel_platform_drives GTest::gtest_main tandrel_flags)
+add_test(NAME disc_drives COMMAND disc_drives)
+set_tests_properties(disc_drives PROPERTIES LABELS unit TIMEOUT 60)
 
 add_test(NAME mci_tool COMMAND xvfb-run -a -s "-screen 0 1920x1080x24 -s 0 -noreset" ${Python3_EXECUTABLE}
          ${CMAKE_CURRENT_SOURCE_DIR}/contract/mci_tool_test.py $<TARGET_FILE:tandrel-mci> ${TANDREL_TEST_MEDIA})

@@ -11,6 +11,8 @@ import pathlib
 import subprocess
 import sys
 
+import film_media
+
 WIDTH, HEIGHT, BAND, BLOCK = 320, 240, 40, 20
 FRAMES = 300
 
@@ -140,6 +142,7 @@ def main():
         jobs += [pool.submit(make_colours, folder, row) for row in COLOURS]
         for job in jobs:
             job.result()
+        film_media.make_films(folder, pool, ffmpeg)
 
     short = str(folder / "short.mp4")
     ffmpeg(["-i", short, "-c", "copy", "-metadata:s:v", "rotate=90", str(folder / "turned.mp4")])

@@ -1,17 +1,14 @@
 #include "platform/mpv/mpv_engine.h"
 
 #include "platform/mpv/early_opens.h"
-#include "platform/mpv/input_methods.h"
 #include "platform/mpv/media_path.h"
 #include "platform/mpv/mpv_device.h"
 #include "platform/mpv/mpv_handle.h"
 #include "platform/mpv/output_choice.h"
-#include "platform/mpv/x_errors.h"
+#include "platform/mpv/process_state.h"
+#include "platform/output/x_errors.h"
 
 #include <algorithm>
-#include <clocale>
-#include <dlfcn.h>
-#include <malloc.h>
 #include <thread>
 
 namespace tandrel
@@ -63,26 +60,6 @@ private:
                          options_.wake};
     EarlyOpens early_;
 };
-
-/// Every thread that decodes would get a heap of its own, each with its own holes. The threads allocate rarely enough
-/// to share. Only heaps that are not there yet are saved. The planes of pictures stay out of the heaps: they would tear
-/// holes as large as themselves, and a closed video would give nothing back.
-void saveMemory()
-{
-    constexpr int kHeaps = 2;
-    constexpr int kLargeBlock = 128 * 1024;
-    mallopt(M_ARENA_MAX, kHeaps);
-    mallopt(M_MMAP_THRESHOLD, kLargeBlock);
-}
-
-/// The decoders' library writes to the standard error by itself whenever no player of libmpv catches its messages.
-void silenceDecoders()
-{
-    constexpr int kQuiet = -8;
-    const auto setLevel = reinterpret_cast<void (*)(int)>(dlsym(RTLD_DEFAULT, "av_log_set_level"));
-    if (setLevel != nullptr)
-        setLevel(kQuiet);
-}
 
 WindowSystem& MpvEngine::windowSystem()
 {
@@ -164,10 +141,7 @@ OpenResult MpvEngine::open(const std::string& path, std::optional<WindowHandle> 
 
 std::unique_ptr<MediaEngine> makeMpvEngine(MpvOptions options)
 {
-    std::setlocale(LC_NUMERIC, "C");
-    silenceDecoders();
-    keepInputMethodsForThisThread();
-    saveMemory();
+    prepareProcess();
     return std::make_unique<MpvEngine>(std::move(options));
 }
 

@@ -81,6 +81,8 @@ mpv_handle* makeHandle(const HandleSettings& settings)
     setOption(handle, "vo", settings.videoOutput);
     setOption(handle, "hwdec", settings.hardwareDecoding ? "auto-safe" : "no");
     setOption(handle, "ao", settings.audioOutput.empty() ? "null" : settings.audioOutput);
+    for (const auto& [name, value] : settings.more)
+        setOption(handle, name.c_str(), value);
     mpv_request_log_messages(handle, "no");
     if (mpv_initialize(handle) < 0) {
         mpv_terminate_destroy(handle);

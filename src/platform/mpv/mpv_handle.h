@@ -8,6 +8,7 @@
 #include <mutex>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace tandrel
@@ -19,6 +20,8 @@ struct HandleSettings {
     /// libmpv's list of sound outputs; empty: this machine has no sound.
     std::string audioOutput;
     bool hardwareDecoding = false;
+    /// Options of libmpv that take the place of those for many small videos at once.
+    std::vector<std::pair<std::string, std::string>> more = {};
 };
 
 /// Creates and initialises a handle; null if libmpv refuses.
