@@ -5,8 +5,8 @@
 #include "platform/mpv/mpv_engine.h"
 #include "platform/mpv/mpv_handle.h"
 #include "platform/mpv/output_choice.h"
-#include "platform/mpv/picture_window.h"
-#include "platform/mpv/x_errors.h"
+#include "platform/output/picture_window.h"
+#include "platform/output/x_errors.h"
 
 #include <array>
 #include <clocale>

@@ -5,7 +5,14 @@ tandrel_library(platform/mci USES platform LINKS Threads::Threads SOURCES
   mci_service.cpp
   tracing_mci.cpp)
 
-tandrel_library(platform/mpv USES platform/mci LINKS PkgConfig::mpv PkgConfig::codecs PkgConfig::xcb PkgConfig::x11 Threads::Threads
+# What players of all kinds put their pictures and sounds out with.
+tandrel_library(platform/output USES platform LINKS PkgConfig::xcb PkgConfig::x11 ${CMAKE_DL_LIBS} SOURCES
+  picture_window.cpp
+  sound_outputs.cpp
+  x_errors.cpp)
+target_link_libraries(tandrel_platform_output PUBLIC PkgConfig::xcb)
+
+tandrel_library(platform/mpv USES platform/mci platform/output LINKS PkgConfig::mpv PkgConfig::codecs PkgConfig::xcb PkgConfig::x11 Threads::Threads
                              ${CMAKE_DL_LIBS} SOURCES
   early_opens.cpp
   gop_reader.cpp
@@ -24,7 +31,6 @@ tandrel_library(platform/mpv USES platform/mci LINKS PkgConfig::mpv PkgConfig::c
   mpv_scrub.cpp
   mpv_stills.cpp
   output_choice.cpp
-  picture_window.cpp
   scrub.cpp
   step_budget.cpp
   step_cache.cpp
@@ -34,8 +40,7 @@ tandrel_library(platform/mpv USES platform/mci LINKS PkgConfig::mpv PkgConfig::c
   step_stills.cpp
   step_workers.cpp
   still_watch.cpp
-  still_window.cpp
-  x_errors.cpp)
+  still_window.cpp)
 # The headers of this folder name libmpv's and xcb's types.
 target_link_libraries(tandrel_platform_mpv PUBLIC PkgConfig::mpv PkgConfig::xcb)
 

@@ -1,7 +1,8 @@
 // Which outputs are chosen, and which paths are opened, without playing anything.
 #include "platform/mpv/media_path.h"
 #include "platform/mpv/output_choice.h"
-#include "platform/mpv/picture_window.h"
+#include "platform/output/picture_window.h"
+#include "platform/output/sound_outputs.h"
 #include "platform/path_marks.h"
 
 #include <filesystem>

@@ -4,7 +4,7 @@
 #include "platform/mci/engine.h"
 #include "platform/mpv/media_tracks.h"
 #include "platform/mpv/mpv_channel.h"
-#include "platform/mpv/picture_window.h"
+#include "platform/output/picture_window.h"
 #include "platform/mpv/scrub.h"
 #include "platform/mpv/step_stills.h"
 

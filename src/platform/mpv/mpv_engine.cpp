@@ -6,7 +6,7 @@
 #include "platform/mpv/mpv_device.h"
 #include "platform/mpv/mpv_handle.h"
 #include "platform/mpv/output_choice.h"
-#include "platform/mpv/x_errors.h"
+#include "platform/output/x_errors.h"
 
 #include <algorithm>
 #include <clocale>

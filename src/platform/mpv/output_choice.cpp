@@ -1,6 +1,7 @@
 #include "platform/mpv/output_choice.h"
 
 #include "platform/mpv/graphics_probe.h"
+#include "platform/output/sound_outputs.h"
 
 #include <array>
 #include <cstdlib>
@@ -11,17 +12,6 @@ namespace tandrel
 
 namespace
 {
-bool hasEntry(const std::filesystem::path& folder, std::string_view start, std::string_view end = "")
-{
-    std::error_code problem;
-    for (const auto& entry : std::filesystem::directory_iterator(folder, problem)) {
-        const std::string name = entry.path().filename().string();
-        if (name.starts_with(start) && name.ends_with(end))
-            return true;
-    }
-    return false;
-}
-
 bool hasGraphicsCard()
 {
     // Without a render node there is nothing to ask, and no driver has to be loaded to learn that.
@@ -39,26 +29,6 @@ bool isSoftwareRenderer(const std::string& renderer)
         if (renderer.find(name) != std::string::npos)
             return true;
     return false;
-}
-
-std::string soundOutputs(const std::filesystem::path& root, const std::function<const char*(const char*)>& environment)
-{
-    std::string list;
-    const auto offer = [&](bool there, std::string_view output) {
-        if (there)
-            list += std::string(output) + ",";
-    };
-    const char* runtime = environment("XDG_RUNTIME_DIR");
-    const std::filesystem::path sockets =
-        root / std::filesystem::path(runtime == nullptr ? "" : runtime).relative_path();
-    const bool hasSockets = runtime != nullptr && *runtime != '\0';
-    std::error_code problem;
-    offer(hasSockets && hasEntry(sockets, "pipewire-0"), "pipewire");
-    offer(environment("PULSE_SERVER") != nullptr ||
-              (hasSockets && std::filesystem::exists(sockets / "pulse/native", problem)),
-          "pulse");
-    offer(hasEntry(root / "dev/snd", "pcm", "p"), "alsa");
-    return list.empty() ? list : list + "null";
 }
 
 HandleSettings chooseOutputs(bool outputs)

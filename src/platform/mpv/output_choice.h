@@ -3,8 +3,6 @@
 
 #include "platform/mpv/mpv_handle.h"
 
-#include <filesystem>
-#include <functional>
 #include <string>
 
 namespace tandrel
@@ -14,9 +12,6 @@ namespace tandrel
 /// environment variables TANDREL_VO and TANDREL_AO overrule the choice of the picture's and the sound's output. Without
 /// `outputs`, both come to nothing.
 HandleSettings chooseOutputs(bool outputs);
-
-/// libmpv's list of the sound outputs that could work here, or empty. `root` stands for "/".
-std::string soundOutputs(const std::filesystem::path& root, const std::function<const char*(const char*)>& environment);
 
 /// True if the text names a renderer of OpenGL that computes on the processor.
 bool isSoftwareRenderer(const std::string& renderer);

@@ -1,7 +1,7 @@
 /// A picture that stands in front of what the player draws.
 #pragma once
 
-#include "platform/mpv/picture_window.h"
+#include "platform/output/picture_window.h"
 #include "platform/mpv/step_picture.h"
 
 #include <mutex>

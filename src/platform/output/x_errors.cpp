@@ -1,4 +1,4 @@
-#include "platform/mpv/x_errors.h"
+#include "platform/output/x_errors.h"
 
 #include <X11/Xlib.h>
 #include <dlfcn.h>

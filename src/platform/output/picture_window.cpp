@@ -1,4 +1,4 @@
-#include "platform/mpv/picture_window.h"
+#include "platform/output/picture_window.h"
 
 #include <algorithm>
 #include <array>
