@@ -14,6 +14,8 @@ MAY_INCLUDE = {
     "platform/mci_tool": {"platform", "platform/mci", "platform/mpv"},
     "platform/mpv": {"platform", "platform/mci", "platform/output"},
     "platform/output": {"platform"},
+    "platform/disc": {"platform"},
+    "platform/vlc": {"platform", "platform/disc", "platform/output"},
     "platform/dbus": {"platform"},
     "platform/x11": {"platform"},
     "platform/xdg": {"platform"},
@@ -35,6 +37,7 @@ LIBRARIES = {
     r"^dbus/": {"platform/dbus"},
     r"^mpv/": {"platform/mpv"},
     r"^vlc/": {"platform/vlc"},
+    r"^dvdread/": {"platform/disc"},
     r"^lib(av|sw)": {"platform/mpv"},
 }
 # A form's header names the toolkit, plain types and what it owns; never another form.
