@@ -42,7 +42,8 @@ AUTHOR = """<dvdauthor dest="disc">
 <vob file="menu.mpg" pause="inf"/>
 <button name="1">jump title 1;</button><button name="2">jump title 2;</button>
 </pgc></menus></vmgm>
-<titleset><titles><video format="pal" aspect="4:3"/>
+<titleset><menus><video format="pal" aspect="4:3"/><pgc entry="root"><pre>jump vmgm menu 1;</pre></pgc></menus>
+<titles><video format="pal" aspect="4:3"/>
 <audio lang="en"/><audio lang="de"/><subpicture lang="en"/>
 {titles}
 </titles></titleset>

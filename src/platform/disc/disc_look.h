@@ -5,6 +5,7 @@
 
 #include <chrono>
 #include <string>
+#include <vector>
 
 namespace tandrel
 {
@@ -20,6 +21,10 @@ struct DiscLook {
     DiscFacts facts;
     /// How long a picture lies on the disc ahead of its time, in seconds; about as much all over the disc.
     double pictureLead = 0.3;
+    /// The disc has a menu of its titles.
+    bool hasTitleMenu = false;
+    /// Of each title: what it belongs to has a root menu.
+    std::vector<bool> hasRootMenu;
     End end = End::Read;
 };
 

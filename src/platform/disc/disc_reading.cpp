@@ -24,6 +24,8 @@ using Tables = std::unique_ptr<ifo_handle_t, CloseTables>;
 
 constexpr int kMostTitles = 99;
 constexpr int kMostChapters = 999;
+constexpr int kTitleMenu = 2;
+constexpr int kRootMenu = 3;
 
 void logNothing(void*, dvd_logger_level_t, const char*, va_list) {}
 
@@ -101,6 +103,22 @@ DiscFacts::Title readTitle(const ifo_handle_t& tables, int numberInSet)
     return title;
 }
 
+/// Of the menus in any language, one is entered by this name.
+bool hasMenu(const ifo_handle_t& tables, int entry)
+{
+    constexpr int isEntry = 0x80;
+    const pgci_ut_t* menus = tables.pgci_ut;
+    if (menus == nullptr || menus->lu == nullptr)
+        return false;
+    for (int language = 0; language < menus->nr_of_lus; ++language) {
+        const pgcit_t* chains = menus->lu[language].pgcit;
+        for (int chain = 0; chains != nullptr && chains->pgci_srp != nullptr && chain < chains->nr_of_pgci_srp; ++chain)
+            if (chains->pgci_srp[chain].entry_id == (isEntry | entry))
+                return true;
+    }
+    return false;
+}
+
 std::string labelOf(dvd_reader_t* disc, const std::string& path)
 {
     // Room for the 32 characters of either kind of file system, at four bytes each.
@@ -128,11 +146,13 @@ struct TitleSet {
 using TitleSets = std::map<int, TitleSet>;
 
 /// Reads the tables of each set once.
-void readTitles(dvd_reader_t* disc, TitleSets& sets, DiscFacts& facts)
+void readTitles(dvd_reader_t* disc, TitleSets& sets, DiscLook& look)
 {
+    DiscFacts& facts = look.facts;
     const Tables main(ifoOpen(disc, 0));
     if (main == nullptr || main->tt_srpt == nullptr || main->tt_srpt->title == nullptr)
         return;
+    look.hasTitleMenu = hasMenu(*main, kTitleMenu);
     const int count = std::min<int>(main->tt_srpt->nr_of_srpts, kMostTitles);
     for (int index = 0; index < count; ++index) {
         const title_info_t& title = main->tt_srpt->title[index];
@@ -141,6 +161,7 @@ void readTitles(dvd_reader_t* disc, TitleSets& sets, DiscFacts& facts)
             sets[number].tables.reset(ifoOpen(disc, number));
         const bool known = number > 0 && sets[number].tables != nullptr;
         facts.titles.push_back(known ? readTitle(*sets[number].tables, title.vts_ttn) : DiscFacts::Title());
+        look.hasRootMenu.push_back(known && hasMenu(*sets[number].tables, kRootMenu));
         if (known)
             sets[number].longestTitle = std::max(sets[number].longestTitle, facts.titles.back().seconds);
     }
@@ -181,7 +202,7 @@ DiscLook readDisc(const std::string& path)
         return look;
     {
         TitleSets sets;
-        readTitles(disc, sets, look.facts);
+        readTitles(disc, sets, look);
         const Probes probes = probeSets(disc, sets);
         look.facts.encrypted = probes.scrambled && !canDecrypt();
         if (!probes.pictureLeads.empty())

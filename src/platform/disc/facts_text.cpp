@@ -135,6 +135,9 @@ std::string writeLook(const DiscLook& look)
             put(text, mark);
     }
     put(text, look.pictureLead);
+    put(text, static_cast<std::uint8_t>(look.hasTitleMenu ? 1 : 0));
+    for (std::size_t index = 0; index < facts.titles.size(); ++index)
+        put(text, static_cast<std::uint8_t>(index < look.hasRootMenu.size() && look.hasRootMenu[index] ? 1 : 0));
     put(text, static_cast<std::uint8_t>(facts.encrypted ? 1 : 0));
     put(text, static_cast<std::uint32_t>(facts.label.size()));
     return text + facts.label;
@@ -149,6 +152,9 @@ std::optional<DiscLook> readLook(std::string_view text)
     for (std::uint32_t title = 0; title < titles && reader.isGood(); ++title)
         facts.titles.push_back(readTitle(reader));
     look.pictureLead = reader.number(kLongestLead);
+    look.hasTitleMenu = reader.take<std::uint8_t>() != 0;
+    for (std::size_t index = 0; index < facts.titles.size(); ++index)
+        look.hasRootMenu.push_back(reader.take<std::uint8_t>() != 0);
     facts.encrypted = reader.take<std::uint8_t>() != 0;
     facts.label = cleanLabel(reader.bytes(reader.count(kLongestLabel)));
     if (!reader.isGood())

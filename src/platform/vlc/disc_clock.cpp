@@ -13,6 +13,8 @@ constexpr double kStep = 0.25;
 constexpr double kNear = 1.5;
 // After that time it stands elsewhere for good.
 constexpr double kLongestJump = 1.5;
+// After that time it is true.
+constexpr double kLongestStrange = 0.7;
 // More than this is no error of the measurement.
 constexpr double kElsewhere = 0.6;
 // Of the difference, at each step: one step alone may have come late.
@@ -37,6 +39,7 @@ void DiscClock::jump(const Jump& jump, SteadyTime now)
     jump_ = jump;
     jumped_ = now;
     fresh_ = true;
+    strangeSince_.reset();
 }
 
 void DiscClock::settle(double seconds, SteadyTime since)
@@ -63,6 +66,8 @@ void DiscClock::hear(double seconds, SteadyTime when)
             return;
         arrive(seconds, when);
     }
+    if (isStrange(seconds, when))
+        return;
     const bool step = heard_ && std::abs(seconds - *heard_) > kStep;
     heard_ = heard_ && !step ? std::max(*heard_, seconds) : seconds;
     if (!step || rate_ <= 0)
@@ -72,6 +77,19 @@ void DiscClock::hear(double seconds, SteadyTime when)
     const bool elsewhere = std::abs(error) > kElsewhere * std::max(rate_, 1.0);
     settle(fresh_ || elsewhere ? measured : place_.at(when) + kTrust * error, when);
     fresh_ = false;
+}
+
+/// At the end of a title libVLC tells the time of the menu behind it before it tells that the title has changed.
+bool DiscClock::isStrange(double seconds, SteadyTime when)
+{
+    const bool strange = heard_ && std::abs(seconds - *heard_) > kNear * std::max(rate_, 1.0);
+    if (!strange) {
+        strangeSince_.reset();
+        return false;
+    }
+    if (!strangeSince_)
+        strangeSince_ = when;
+    return secondsBetween(*strangeSince_, when) < kLongestStrange;
 }
 
 void DiscClock::run(double rate, SteadyTime now)

@@ -36,6 +36,7 @@ public:
 
 private:
     void settle(double seconds, SteadyTime since);
+    bool isStrange(double seconds, SteadyTime when);
     void arrive(double seconds, SteadyTime when);
 
     double lead_ = 0.3;
@@ -45,6 +46,8 @@ private:
     std::optional<double> heard_;
     std::optional<Jump> jump_;
     SteadyTime jumped_;
+    /// Since when libVLC's time has been elsewhere, though nobody asked for that.
+    std::optional<SteadyTime> strangeSince_;
     /// No step has been seen since the jump.
     bool fresh_ = true;
 };

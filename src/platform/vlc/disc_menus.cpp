@@ -2,6 +2,8 @@
 #include "platform/vlc/disc_worker.h"
 #include "platform/vlc/menu_pointer.h"
 
+#include <algorithm>
+
 namespace tandrel
 {
 
@@ -21,8 +23,16 @@ void DiscWorker::showRootMenu()
         return;
     if (!state_.inMenu && state_.title > 0)
         kept_ = {state_.title, clock_.at(now())};
-    goOn();
-    libvlc_media_player_set_title(film_.player(), 0);
+    const auto title = static_cast<std::size_t>(std::max(kept_.title, 1)) - 1;
+    if (state_.inMenu || (title < disc_.hasRootMenu.size() && disc_.hasRootMenu[title])) {
+        goOn();
+        libvlc_media_player_set_title(film_.player(), 0);
+    } else if (disc_.hasTitleMenu) {
+        // That one libVLC finds only as it begins.
+        const Place kept = kept_;
+        restart();
+        kept_ = kept;
+    }
 }
 
 bool DiscWorker::waitForTitle(int title, std::chrono::milliseconds longest)

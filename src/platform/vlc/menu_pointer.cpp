@@ -1,32 +1,13 @@
 #include "platform/vlc/menu_pointer.h"
 
-#include <cstdlib>
-
 namespace tandrel
 {
 
 namespace
 {
-struct Free {
-    void operator()(void* memory) const { std::free(memory); }
-};
-
-/// The window that libVLC draws in, or none.
-xcb_window_t innerWindow(PictureWindow& picture)
-{
-    xcb_connection_t* connection = picture.system().connection();
-    const auto cookie = xcb_query_tree(connection, picture.canvas());
-    const std::unique_ptr<xcb_query_tree_reply_t, Free> tree(xcb_query_tree_reply(connection, cookie, nullptr));
-    if (tree == nullptr || xcb_query_tree_children_length(tree.get()) == 0)
-        return XCB_WINDOW_NONE;
-    return xcb_query_tree_children(tree.get())[0];
-}
-
 void send(PictureWindow& picture, std::uint8_t kind, xcb_event_mask_t mask, PixelPoint place)
 {
-    const xcb_window_t window = innerWindow(picture);
-    if (window == XCB_WINDOW_NONE)
-        return;
+    const xcb_window_t window = picture.canvas();
     // Events of motion and of buttons have the same fields.
     xcb_button_press_event_t event = {};
     event.response_type = kind;

@@ -6,8 +6,8 @@
 namespace tandrel
 {
 
-/// libVLC hears of the pointer from the window that it makes inside the one it was given, and that takes no input from
-/// the user. These tell it as the X server would. `place` is in pixels of the device, from the canvas' corner.
+/// libVLC listens to the pointer in the window that it was given, which takes no input from the user. These tell it as
+/// the X server would. `place` is in pixels of the device, from the canvas' corner.
 void tellPointerMoved(PictureWindow& picture, PixelPoint place);
 /// Pressed and released.
 void tellPointerPressed(PictureWindow& picture, PixelPoint place);
