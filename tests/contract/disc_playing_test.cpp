@@ -247,6 +247,7 @@ TEST_F(DiscPlaying, SoundsAndSubtitles)
 {
     ASSERT_TRUE(openTitle(1));
     ASSERT_TRUE(waitUntil([&] { return player->tracks().size() == 4; })) << player->tracks().size();
+    ASSERT_TRUE(holdsFor(0.5, [&] { return player->tracks().size() == 4; }));
     const auto tracks = player->tracks();
     EXPECT_EQ(tracks[0].kind, MediaTrack::Kind::Audio);
     EXPECT_NE(tracks[0].name.find("English"), std::string::npos) << tracks[0].name;

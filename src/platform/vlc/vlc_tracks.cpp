@@ -2,44 +2,56 @@
 #include "platform/vlc/vlc_film.h"
 
 #include <algorithm>
-#include <map>
 
 namespace tandrel
 {
 
 namespace
 {
-/// By the number of the track.
-std::map<int, std::string> codings(libvlc_media_player_t* player)
+/// What the last `count` tracks of a type are coded in: libVLC counts tracks and what can be chosen apart, and keeps
+/// those of menus and titles that have been left.
+std::vector<std::string> codings(libvlc_media_player_t* player, libvlc_track_type_t type, std::size_t count)
 {
-    std::map<int, std::string> result;
+    std::vector<std::string> result;
     libvlc_media_t* media = libvlc_media_player_get_media(player);
     if (media == nullptr)
         return result;
     libvlc_media_track_t** tracks = nullptr;
-    const unsigned count = libvlc_media_tracks_get(media, &tracks);
-    for (unsigned index = 0; index < count; ++index) {
-        const char* coding = libvlc_media_get_codec_description(tracks[index]->i_type, tracks[index]->i_codec);
-        result[tracks[index]->i_id] = coding == nullptr ? "" : coding;
+    const unsigned known = libvlc_media_tracks_get(media, &tracks);
+    for (unsigned index = 0; index < known; ++index) {
+        if (tracks[index]->i_type != type)
+            continue;
+        const char* coding = libvlc_media_get_codec_description(type, tracks[index]->i_codec);
+        result.emplace_back(coding == nullptr ? "" : coding);
     }
-    libvlc_media_tracks_release(tracks, count);
+    libvlc_media_tracks_release(tracks, known);
     libvlc_media_release(media);
+    if (result.size() < count)
+        return {};
+    result.erase(result.begin(), result.end() - static_cast<std::ptrdiff_t>(count));
     return result;
 }
 
-void append(std::vector<MediaTrack>& list, MediaTrack::Kind kind, libvlc_track_description_t* first, int chosen,
-            const std::map<int, std::string>& codings)
+/// Those that can be chosen; takes the list over.
+std::vector<MediaTrack> choices(MediaTrack::Kind kind, libvlc_track_description_t* first, int chosen)
 {
-    for (const auto* track = first; track != nullptr; track = track->p_next) {
-        if (kind == MediaTrack::Kind::Audio && track->i_id < 0)
-            continue;
-        MediaTrack one{kind, track->i_id, track->psz_name == nullptr ? "" : track->psz_name, track->i_id == chosen};
-        const auto coding = codings.find(track->i_id);
-        if (coding != codings.end() && !coding->second.empty())
-            one.name += ", " + coding->second;
-        list.push_back(one);
-    }
+    std::vector<MediaTrack> list;
+    for (const auto* track = first; track != nullptr; track = track->p_next)
+        if (kind == MediaTrack::Kind::Subtitle || track->i_id >= 0)
+            list.push_back(
+                {kind, track->i_id, track->psz_name == nullptr ? "" : track->psz_name, track->i_id == chosen});
     libvlc_track_description_list_release(first);
+    return list;
+}
+
+void addCodings(std::vector<MediaTrack>& list, libvlc_media_player_t* player, libvlc_track_type_t type)
+{
+    const auto count = std::count_if(list.begin(), list.end(), [](const MediaTrack& one) { return one.id >= 0; });
+    const auto names = codings(player, type, static_cast<std::size_t>(count));
+    std::size_t index = 0;
+    for (MediaTrack& track : list)
+        if (track.id >= 0 && index < names.size() && !names[index++].empty())
+            track.name += ", " + names[index - 1];
 }
 
 /// The captions for the deaf come within the pictures, and have codings of their own.
@@ -73,12 +85,13 @@ int findCaptions(libvlc_media_player_t* player)
 
 std::vector<MediaTrack> VlcFilm::tracks() const
 {
-    std::vector<MediaTrack> list;
-    const auto names = codings(player());
-    append(list, MediaTrack::Kind::Audio, libvlc_audio_get_track_description(player()),
-           libvlc_audio_get_track(player()), names);
-    append(list, MediaTrack::Kind::Subtitle, libvlc_video_get_spu_description(player()), libvlc_video_get_spu(player()),
-           names);
+    auto list = choices(MediaTrack::Kind::Audio, libvlc_audio_get_track_description(player()),
+                        libvlc_audio_get_track(player()));
+    addCodings(list, player(), libvlc_track_audio);
+    auto subtitles =
+        choices(MediaTrack::Kind::Subtitle, libvlc_video_get_spu_description(player()), libvlc_video_get_spu(player()));
+    addCodings(subtitles, player(), libvlc_track_text);
+    list.insert(list.end(), subtitles.begin(), subtitles.end());
     return list;
 }
 
