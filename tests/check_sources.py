@@ -14,6 +14,8 @@ MAY_INCLUDE = {
     "platform/mci_tool": {"platform", "platform/mci", "platform/mpv"},
     "platform/mpv": {"platform", "platform/mci", "platform/output"},
     "platform/output": {"platform"},
+    "platform/disc": {"platform"},
+    "platform/vlc": {"platform", "platform/disc", "platform/output"},
     "platform/dbus": {"platform"},
     "platform/drives": {"platform", "platform/mci"},
     "platform/x11": {"platform"},
@@ -28,7 +30,7 @@ MAY_INCLUDE = {
     "fullscreen": BASE | FORMS | {"desktop", "media"},
     "texts": BASE | FORMS | {"desktop", "media"},
     "app": BASE | {"console", "media", "toolkit/qt", "platform/mci", "platform/mpv", "platform/dbus", "platform/x11",
-            "platform/xdg", "app"},
+            "platform/xdg", "platform/vlc", "platform/disc", "platform/drives", "app"},
 }
 # Folders whose sources may name a library, by the beginning of the header's name.
 LIBRARIES = {
@@ -36,6 +38,7 @@ LIBRARIES = {
     r"^dbus/": {"platform/dbus"},
     r"^mpv/": {"platform/mpv"},
     r"^vlc/": {"platform/vlc"},
+    r"^dvdread/": {"platform/disc"},
     r"^lib(av|sw)": {"platform/mpv"},
 }
 # A form's header names the toolkit, plain types and what it owns; never another form.

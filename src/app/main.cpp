@@ -1,5 +1,6 @@
 // Makes the services, installs them, and starts the first form.
 
+#include "app/media_players.h"
 #include "app/signals.h"
 #include "app/status_report.h"
 #include "console/command_line.h"
@@ -8,6 +9,8 @@
 #include "media/shared_state.h"
 #include "platform/dbus/desktop_screen_saver.h"
 #include "platform/dbus/session_idle_bus.h"
+#include "platform/disc/disc_look.h"
+#include "platform/drives/disc_drives.h"
 #include "platform/mci/drive_door.h"
 #include "platform/mci/mci_service.h"
 #include "platform/mci/tracing_mci.h"
@@ -80,7 +83,7 @@ struct Platform {
     {
         trace = tracingMciIfWanted(media);
         installServices({trace ? trace.get() : &media, &pointer, &monitors, &screenSaver, &hotKeys, &systemFacts,
-                         &settings, &files, &instances, &shell, &clock});
+                         &settings, &files, &instances, &shell, &clock, &players, drives.get()});
     }
 
     std::string data;
@@ -98,6 +101,8 @@ struct Platform {
     LinuxDriveDoor door;
     MciService media{
         makeMpvEngine({.outputs = true, .pixelRatio = &pixelRatioOf, .wake = &wakeLoop, .mostDevices = 12}), &door};
+    MediaPlayers players{&pixelRatioOf};
+    std::unique_ptr<DiscDrives> drives = makeDiscDrives(machineDrives(&lookAtDisc));
     std::unique_ptr<Mci> trace;
 };
 

@@ -149,6 +149,8 @@ struct DiscFacts {
         int chapters = 0;
         /// Pictures a second.
         double frameRate = 0;
+        /// Where the chapters begin, in seconds; the first one at 0. May lack the last ones, where they can't be told.
+        std::vector<double> chapterMarks;
         friend bool operator==(const Title&, const Title&) = default;
     };
     /// None: no video disc.

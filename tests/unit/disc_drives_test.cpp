@@ -201,7 +201,7 @@ TEST_F(DrivesTest, ADiscWithoutVideoIsReadyAndHasNoTitles)
     ASSERT_EQ(drives->count(), 1);
     EXPECT_TRUE(drives->isReady(0));
     EXPECT_TRUE(drives->look("/dev/sr0").titles.empty());
-    machine->facts.titles = {{60, 4, 25}};
+    machine->facts.titles = {{60, 4, 25, {}}};
     EXPECT_EQ(drives->look("/dev/sr0").titles.size(), 1U);
 }
 
@@ -209,7 +209,7 @@ TEST_F(DrivesTest, NobodyWaitsForADriveThatHangs)
 {
     machine->drives = {first, second};
     machine->readable = {"/dev/sr0", "/dev/sr1"};
-    machine->facts.titles = {{60, 4, 25}};
+    machine->facts.titles = {{60, 4, 25, {}}};
     ASSERT_EQ(drives->count(), 2);
     hang("/dev/sr0");
     auto start = Steady::now();

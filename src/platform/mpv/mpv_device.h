@@ -4,9 +4,9 @@
 #include "platform/mci/engine.h"
 #include "platform/mpv/media_tracks.h"
 #include "platform/mpv/mpv_channel.h"
-#include "platform/output/picture_window.h"
 #include "platform/mpv/scrub.h"
 #include "platform/mpv/step_stills.h"
+#include "platform/output/picture_window.h"
 
 #include <atomic>
 #include <functional>

@@ -1,8 +1,8 @@
 /// A picture that stands in front of what the player draws.
 #pragma once
 
-#include "platform/output/picture_window.h"
 #include "platform/mpv/step_picture.h"
+#include "platform/output/picture_window.h"
 
 #include <mutex>
 

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdlib>
 #include <limits>
+#include <xcb/shape.h>
 
 namespace tandrel
 {
@@ -93,6 +94,13 @@ PictureWindow::~PictureWindow()
 void PictureWindow::moveInto(WindowHandle parent)
 {
     xcb_reparent_window(system_.connection(), window_, parent, 0, 0);
+    xcb_flush(system_.connection());
+}
+
+void PictureWindow::refuseInput()
+{
+    xcb_shape_rectangles(system_.connection(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, XCB_CLIP_ORDERING_UNSORTED,
+                         window_, 0, 0, 0, nullptr);
     xcb_flush(system_.connection());
 }
 

@@ -53,6 +53,8 @@ public:
     /// The window around the canvas, for others to put something in front of that.
     WindowHandle frame() const { return window_; }
     WindowSystem& system() const { return system_; }
+    /// For players whose own windows ask for the pointer: it passes through all the same.
+    void refuseInput();
     /// Shows the window at this place, or hides it if the rectangle is empty. The picture to come is so wide by itself.
     void put(const PixelRect& place, int nativeWidth);
 

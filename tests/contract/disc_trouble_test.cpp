@@ -1,0 +1,286 @@
+// Discs that don't play, or not to the end, and a user who doesn't wait.
+#include "disc_bench.h"
+#include "support/disc_files.h"
+#include "support/temporary_folder.h"
+
+#include <filesystem>
+#include <random>
+#include <sys/stat.h>
+
+namespace tandrel
+{
+
+namespace
+{
+using test::readBytes;
+using test::writeBytes;
+
+class DiscTroubles : public DiscBench
+{
+protected:
+    /// What became of opening this.
+    MediaTrouble troubleOf(const std::string& path)
+    {
+        player->showIn(window.handle(), kPlace);
+        player->open(path);
+        EXPECT_TRUE(waitUntil([&] { return player->isLoaded() || player->trouble() != MediaTrouble::None; }, 12))
+            << path;
+        return player->trouble();
+    }
+    /// The player still does what it is for.
+    testing::AssertionResult works()
+    {
+        if (const auto opened = open(); !opened)
+            return opened;
+        player->playTitle(2);
+        return playsTitle(2);
+    }
+    test::TemporaryFolder folder;
+};
+
+TEST_F(DiscTroubles, WhatIsNoDiscDoesNotPlay)
+{
+    folder.write("empty.iso", "");
+    folder.write("text.iso", std::string(5000, 'x'));
+    std::filesystem::create_directories(folder.path("bare/VIDEO_TS"));
+    ASSERT_EQ(mkfifo(folder.path("pipe").c_str(), 0600), 0);
+    for (const std::string& path : {folder.path("empty.iso"), folder.path("text.iso"), folder.path("bare"),
+                                    folder.path("pipe"), folder.path("missing"), std::string()}) {
+        EXPECT_EQ(troubleOf(path), MediaTrouble::NotPlayable) << path;
+        EXPECT_TRUE(player->isIdle());
+        EXPECT_FALSE(player->isLoaded());
+    }
+    EXPECT_TRUE(works());
+    EXPECT_EQ(player->trouble(), MediaTrouble::None);
+}
+
+TEST_F(DiscTroubles, AFolderWithoutItsTablesDoesNotPlay)
+{
+    std::filesystem::copy(testDisc("disc"), folder.path("disc"), std::filesystem::copy_options::recursive);
+    for (const char* name : {"VIDEO_TS.IFO", "VIDEO_TS.BUP", "VTS_01_0.IFO", "VTS_01_0.BUP"})
+        std::filesystem::remove(folder.path("disc/VIDEO_TS/") + name);
+    EXPECT_EQ(troubleOf(folder.path("disc")), MediaTrouble::NotPlayable);
+}
+
+TEST_F(DiscTroubles, AnEncryptedDiscSaysSo)
+{
+    writeBytes(folder.path("scrambled.iso"), test::scrambled(readBytes(testDisc())));
+    EXPECT_EQ(troubleOf(folder.path("scrambled.iso")), MediaTrouble::Encrypted);
+    EXPECT_TRUE(player->isIdle());
+    EXPECT_TRUE(works());
+}
+
+TEST_F(DiscTroubles, NamesMayHoldAnything)
+{
+    for (const std::string name : {"a b%20c#d?e.iso", "\xC3\xA4 \xFF.iso", "q\"uo|te\n.iso", "-dash:x=y.iso"}) {
+        std::filesystem::create_symlink(testDisc(), folder.path(name));
+        EXPECT_EQ(troubleOf(folder.path(name)), MediaTrouble::None) << name;
+        EXPECT_TRUE(player->isLoaded()) << name;
+    }
+}
+
+TEST_F(DiscTroubles, AnImageThatEndsAnywhere)
+{
+    const auto image = readBytes(testDisc());
+    for (int tenth = 1; tenth < 10; ++tenth) {
+        writeBytes(folder.path("cut.iso"),
+                   {image.begin(),
+                    image.begin() + static_cast<std::ptrdiff_t>(image.size() / 10 * static_cast<std::size_t>(tenth))});
+        if (troubleOf(folder.path("cut.iso")) == MediaTrouble::None) {
+            player->playTitle(1);
+            for (const double place : {5.0, 30.0, 55.0}) {
+                player->seek(place);
+                waitUntil([&] { return shownSeconds(1) >= place || player->isIdle(); }, 0.7);
+            }
+        }
+        player->close();
+        EXPECT_TRUE(waitUntil([&] { return player->isIdle(); })) << tenth;
+    }
+    EXPECT_TRUE(works());
+}
+
+TEST_F(DiscTroubles, AScratchedDiscPlaysOn)
+{
+    // Behind the menu and the first pictures.
+    writeBytes(folder.path("scratched.iso"), test::scratched(readBytes(testDisc()), 7, 1000, 400));
+    ASSERT_TRUE(open(folder.path("scratched.iso")));
+    player->playTitle(1);
+    ASSERT_TRUE(waitUntil([&] { return player->title() == 1; }));
+    EXPECT_TRUE(waitUntil([&] { return shownSeconds(1) > 3; }, 20)) << describe();
+    player->seek(40);
+    EXPECT_TRUE(waitUntil([&] { return shownSeconds(1) > 38; }, 20)) << describe();
+    EXPECT_TRUE(works());
+}
+
+TEST_F(DiscTroubles, AnImageThatIsCutWhileItPlays)
+{
+    const std::string path = folder.path("shrinking.iso");
+    writeBytes(path, readBytes(testDisc()));
+    ASSERT_TRUE(open(path));
+    player->playTitle(1);
+    ASSERT_TRUE(playsTitle(1));
+    std::filesystem::resize_file(path, 1 << 20);
+    player->seek(50);
+    waitUntil([&] { return player->isIdle() || player->hasEnded() || player->isInMenu(); }, 3);
+    EXPECT_TRUE(works());
+}
+
+TEST_F(DiscTroubles, ClosedWhileItOpens)
+{
+    for (const double delay : {0.0, 0.005, 0.02, 0.05, 0.1, 0.2}) {
+        player = makeVlcDiscPlayer({});
+        player->showIn(window.handle(), kPlace);
+        player->open(testDisc());
+        holdsFor(delay, [] { return true; });
+        const double begin = now();
+        player.reset();
+        EXPECT_LT(now() - begin, 2);
+        EXPECT_TRUE(window.windowsInside().empty());
+    }
+    player = makeVlcDiscPlayer({});
+    EXPECT_TRUE(works());
+}
+
+TEST_F(DiscTroubles, OpenedAndClosedManyTimes)
+{
+    for (int round = 0; round < 50; ++round) {
+        player->showIn(window.handle(), kPlace);
+        player->open(testDisc(round % 2 == 0 ? "disc.iso" : "disc"));
+        ASSERT_TRUE(waitUntil([&] { return player->isLoaded(); })) << round;
+        player->close();
+        EXPECT_TRUE(player->isIdle());
+    }
+    EXPECT_TRUE(works());
+}
+
+TEST_F(DiscTroubles, ItsWindowMayGoWhileItPlays)
+{
+    ASSERT_TRUE(openTitle(1));
+    window.destroy();
+    EXPECT_TRUE(holdsFor(1, [&] { return player->title() == 1; }));
+    player->showRootMenu();
+    player->menuKey(MenuKey::Right);
+    player->pointerPressed({300, 300});
+    waitUntil([] { return false; }, 0.5);
+    const double begin = now();
+    player.reset();
+    EXPECT_LT(now() - begin, 2.5);
+    player = makeVlcDiscPlayer({});
+}
+
+TEST_F(DiscTroubles, WithoutOutputsItPlaysAllTheSame)
+{
+    player = makeVlcDiscPlayer({.outputs = false, .pixelRatio = nullptr});
+    player->showIn(0, kPlace);
+    player->open(testDisc());
+    ASSERT_TRUE(waitUntil([&] { return player->isInMenu(); })) << describe();
+    player->playTitle(1);
+    ASSERT_TRUE(waitUntil([&] { return player->title() == 1 && player->position() > 1; })) << describe();
+    player->pause();
+    player->pointerPressed({1, 1});
+    const double held = player->position();
+    EXPECT_TRUE(holdsFor(0.3, [&] { return std::abs(player->position() - held) < 0.2; }));
+    EXPECT_TRUE(window.windowsInside().empty());
+}
+
+/// One of all the things that can be asked of it, at random.
+void doAnything(DiscPlayer& player, std::mt19937& random, WindowHandle window)
+{
+    const int number = static_cast<int>(random() % 100) - 20;
+    const auto kind = random() % 2 == 0 ? MediaTrack::Kind::Audio : MediaTrack::Kind::Subtitle;
+    switch (random() % 20) {
+    case 0:
+        player.play();
+        break;
+    case 1:
+        player.pause();
+        break;
+    case 2:
+        player.seek(number);
+        break;
+    case 3:
+        player.setRate(number % 3 == 0 ? -5 : number % 3 == 1 ? 5 : 1);
+        break;
+    case 4:
+        player.setVolume(number * 2);
+        break;
+    case 5:
+        player.showRootMenu();
+        break;
+    case 6:
+        player.resume();
+        break;
+    case 7:
+        player.nextChapter();
+        break;
+    case 8:
+        player.previousChapter();
+        break;
+    case 9:
+        player.playTitle(number % 4);
+        break;
+    case 10:
+        player.allowCaptions(number > 0);
+        break;
+    case 11:
+        player.menuKey(static_cast<MenuKey>(random() % 5));
+        break;
+    case 12:
+        player.pointerAt({number * 8, number * 6});
+        break;
+    case 13:
+        player.pointerPressed({number * 8, number * 6});
+        break;
+    case 14:
+        player.showIn(window, {number, 0, number + static_cast<int>(random() % 700), 400});
+        break;
+    case 15:
+        player.chooseTrack(kind, static_cast<int>(random() % 3) - 1);
+        break;
+    case 16:
+        player.seek(number / 2.0);
+        break;
+    case 17:
+        player.menuKey(MenuKey::Enter);
+        break;
+    case 18:
+        random() % 10 == 0 ? player.close() : player.play();
+        break;
+    default:
+        if (random() % 3 == 0 || player.isIdle())
+            player.open(testDisc(random() % 2 == 0 ? "disc.iso" : "disc"));
+        break;
+    }
+}
+
+TEST_F(DiscTroubles, AnythingAtAnyTimeInAnyOrder)
+{
+    constexpr int kCommands = 2000;
+    std::mt19937 random(20240229);
+    std::vector<double> times;
+    player->open(testDisc());
+    for (int command = 0; command < kCommands; ++command) {
+        const double begin = now();
+        doAnything(*player, random, window.handle());
+        times.push_back(now() - begin);
+        const double asked = now();
+        player->follow();
+        EXPECT_GE(player->position(), 0);
+        EXPECT_LE(player->position(), std::max(player->duration(), 60.0));
+        times.push_back(now() - asked);
+        if (random() % 4 == 0) {
+            const double pause = static_cast<double>(random() % 50) / 1000;
+            holdsFor(pause, [] { return true; });
+        }
+    }
+    std::sort(times.begin(), times.end());
+    std::printf("calls: %.3f ms in the median, %.3f ms at the 99th of 100, %.3f ms at worst\n",
+                times[times.size() / 2] * 1000, times[times.size() * 99 / 100] * 1000, times.back() * 1000);
+    EXPECT_LT(times[times.size() * 99 / 100], 0.002);
+    EXPECT_TRUE(waitUntil([&] { return player->isLoaded() || player->isIdle(); }, 30));
+    picture = kPlace;
+    EXPECT_TRUE(works()) << describe();
+}
+} // namespace
+
+} // namespace tandrel
