@@ -37,7 +37,7 @@ PlayerBar::PlayerBar(Form& form, Control* container, PlayerBox& player)
       imgScreen(form, "imgScreen", {kMargin, kButtonTop, kButtonWidth, kButtonHeight}, "panel_windowed_on", &picBar),
       player_(player)
 {
-    lblTimes.role = TextRole::Time;
+    lblTimes.role = TextRole::Value;
     lblTimes.alignment = Alignment::Right;
     imgToggle.ToolTip = "Play / Pause";
     imgScreen.ToolTip = "Full screen on/off";
@@ -63,7 +63,7 @@ void PlayerBar::follow()
 {
     if (!picBar.visible())
         return;
-    imgToggle.Picture = player_.isHeld() ? "panel_play" : "panel_pause";
+    imgToggle.Picture = player_.standsStill() ? "panel_play" : "panel_pause";
     following_ = true;
     ignoringErrors([this] {
         sldPlace.Max = std::max(1.0, player_.lengthInSeconds());
@@ -75,7 +75,7 @@ void PlayerBar::follow()
 
 void PlayerBar::toggle()
 {
-    ignoringErrors([this] { player_.isHeld() ? player_.controls().play() : player_.controls().pause(); });
+    ignoringErrors([this] { player_.standsStill() ? player_.controls().play() : player_.controls().pause(); });
     follow();
 }
 

@@ -59,7 +59,8 @@ public:
     void bringScreenUp();
     /// 0 while it is not known.
     double lengthInSeconds() const { return player_ ? player_->duration() : 0; }
-    bool isHeld() const { return player_ && player_->isPaused(); }
+    /// It is held, or has come to its end.
+    bool standsStill() const { return player_ && (player_->isPaused() || player_->hasEnded()); }
     /// Its form ends.
     void end();
 

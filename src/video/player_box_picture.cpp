@@ -103,7 +103,7 @@ bool PlayerBox::takeKey(Key key)
         return true;
     switch (key) {
     case Key::Space:
-        player_->isPaused() ? player_->play() : player_->pause();
+        standsStill() ? player_->play() : player_->pause();
         return true;
     case Key::Left:
     case Key::Right:

@@ -403,6 +403,9 @@ TEST_F(VideoPlayerBox, TheBarShowsThePlaceAndMovesIt)
     EXPECT_EQ(bar.imgToggle.picture(), "panel_play");
     bar.imgToggle.userClick();
     EXPECT_THAT(askedOfFilm(), ElementsAre("pause", "play"));
+    medium().ended = true;
+    tick();
+    EXPECT_EQ(bar.imgToggle.picture(), "panel_play") << "behind the end it plays anew";
     bar.imgScreen.userClick();
     EXPECT_TRUE(box().fullScreen());
     bar.imgScreen.userClick();

@@ -93,8 +93,9 @@ PictureWindow::~PictureWindow()
 
 void PictureWindow::moveInto(WindowHandle parent)
 {
-    xcb_reparent_window(system_.connection(), window_, parent, 0, 0);
-    xcb_flush(system_.connection());
+    // The former parent may be destroyed next, through another connection, and with it whatever is still in it.
+    std::free(xcb_request_check(system_.connection(),
+                                xcb_reparent_window_checked(system_.connection(), window_, parent, 0, 0)));
 }
 
 void PictureWindow::refuseInput()
