@@ -1,5 +1,8 @@
 #include "app/status_report.h"
 
+#include "console/frm_media.h"
+#include "console/holders.h"
+
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -42,6 +45,12 @@ void writeTable(MciService& media, long paints, const TickTimes& ticks, const st
         file << inOneField(row.alias) << '\t' << row.facts.width << '\t' << row.facts.height << '\t'
              << inMs(row.facts.length.value_or(0)) << '\t' << inMs(row.reading.seconds) << '\t' << row.counts.shown
              << '\t' << row.counts.dropped << '\n';
+    }
+    if (Loaded<class frmMedia>()) {
+        const class frmMedia& console = frmMedia();
+        file << "# console\t" << console.lblCurTime.caption() << '\t' << console.lblDuration.caption() << '\t'
+             << console.SeekSlider.value() << '\t' << console.SeekSlider.maximum() << '\t'
+             << inOneField(console.lblTitleBar.caption()) << '\n';
     }
     file << "# paints\t" << paints << '\n';
     for (const TickTimes::Row& row : ticks.rows())

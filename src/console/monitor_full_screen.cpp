@@ -162,6 +162,7 @@ void frmMedia::leaveDisc()
     showParkedCursor();
     if (VideoWindow* window = otherMedia().dvd.form) {
         window->returnFromScreen();
+        window->showStrips(true);
         window->Show();
         window->SetFocus();
     }

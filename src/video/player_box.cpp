@@ -108,7 +108,7 @@ void PlayerBox::requireMedium() const
 
 MediumPlayer& PlayerBox::medium() const
 {
-    if (trouble() != MediaTrouble::None || player_ == nullptr)
+    if (player_ == nullptr || player_->isIdle())
         raiseNoMedium();
     return *player_;
 }
@@ -197,7 +197,9 @@ void PlayerBox::tellTrouble()
     if (what == MediaTrouble::None || troubleTold_)
         return;
     troubleTold_ = true;
-    leaveScreen();
+    // Without its picture a film may still be heard.
+    if (!player_ || player_->isIdle())
+        leaveScreen();
     const Text message = localised(what == MediaTrouble::CodecMissing ? "message.codecMissing"
                                    : what == MediaTrouble::Encrypted  ? "message.discEncrypted"
                                                                       : "message.cannotPlay");

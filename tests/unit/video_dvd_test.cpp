@@ -273,6 +273,7 @@ TEST_F(VideoDvd, ADoubleClickOnTheFullPictureLeadsBack)
     EXPECT_EQ(window.top(), 450);
     EXPECT_EQ(window.width(), 9000);
     EXPECT_TRUE(world.screenSaver.switched.front());
+    EXPECT_TRUE(allStrips(true));
     EXPECT_EQ(activeForm(), &console());
 }
 

@@ -239,6 +239,18 @@ TEST_F(VideoPlayerBox, AMissingCodecIsToldOnceInAMessageBox)
     EXPECT_EQ(world.backend.boxes[0].title, AppTitle);
 }
 
+TEST_F(VideoPlayerBox, AFilmWhosePictureCantBeDecodedIsHeard)
+{
+    play();
+    medium().trouble = MediaTrouble::CodecMissing;
+    medium().duration = 61;
+    tick();
+    EXPECT_EQ(box().currentMedia().durationString(), "01:01");
+    box().controls().pause();
+    EXPECT_THAT(askedOfFilm(), ElementsAre("pause"));
+    EXPECT_TRUE(box().lblTrouble.visible());
+}
+
 TEST_F(VideoPlayerBox, AnEncryptedDiscIsToldInAMessageBox)
 {
     world.drives.add('D', "A_DISC");
