@@ -6,7 +6,9 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <random>
+#include <unistd.h>
 
 namespace tandrel
 {
@@ -277,15 +279,15 @@ TEST_F(Films, AWrongLengthDoesNoHarm)
 {
     ASSERT_TRUE(loads("film_too_short.mkv"));
     ASSERT_TRUE(waitUntil([&] { return player->duration() > 0; }));
-    EXPECT_NEAR(player->duration(), 2, 0.1);
+    // Two seconds say the file's head, ten what has been read ahead.
+    EXPECT_GT(player->duration(), 1.9);
     EXPECT_TRUE(waitUntil([&] { return player->position() > 2.5; }));
     EXPECT_GE(player->duration(), player->position());
     ASSERT_TRUE(loads("film_too_long.mkv"));
     ASSERT_TRUE(waitUntil([&] { return player->duration() > 900; }));
     player->seek(800);
     EXPECT_DOUBLE_EQ(player->position(), 800);
-    EXPECT_TRUE(waitUntil([&] { return player->hasEnded(); }));
-    EXPECT_LT(player->position(), 11);
+    EXPECT_TRUE(waitUntil([&] { return player->hasEnded() && player->position() < 11; }));
     player->play();
     EXPECT_TRUE(plays());
 }
@@ -297,8 +299,7 @@ TEST_F(Films, WhatIsLeftOfATruncatedFilmPlays)
     player->seek(4);
     EXPECT_TRUE(plays());
     player->seek(9.5);
-    EXPECT_TRUE(waitUntil([&] { return player->hasEnded(); }));
-    EXPECT_LT(player->position(), 8);
+    EXPECT_TRUE(waitUntil([&] { return player->hasEnded() && player->position() < 8; }));
     EXPECT_EQ(player->trouble(), MediaTrouble::None);
 }
 
@@ -313,6 +314,36 @@ TEST_F(Films, AFilmWithoutAnIndexCanBeSought)
             EXPECT_NEAR(player->position(), place, 0.1) << name;
         }
     }
+}
+
+TEST_F(Films, DamagedFilmsHarmNobody)
+{
+    const std::string folder = testing::TempDir() + "films_" + std::to_string(getpid());
+    std::filesystem::create_directories(folder);
+    const std::string path = folder + "/film.mkv";
+    std::mt19937 random(3);
+    const auto any = [&](std::size_t most) { return std::uniform_int_distribution<std::size_t>(0, most)(random); };
+    int loaded = 0;
+    for (int round = 0; round < 24; ++round) {
+        std::ifstream source(testMedia(round % 2 == 0 ? "film_tracks.mkv" : "film.hdmov"), std::ios::binary);
+        std::string bytes{std::istreambuf_iterator<char>(source), {}};
+        // What is at the beginning tells what all the rest is.
+        for (std::size_t change = 0; change < 60; ++change)
+            bytes[any(change % 2 == 0 ? 2000 : bytes.size() - 1)] = static_cast<char>(any(255));
+        std::ofstream(path, std::ios::binary) << bytes;
+        player->open(path);
+        waitUntil([&] { return player->isIdle() || player->position() > 0.1; }, 2s);
+        loaded += player->isLoaded();
+        player->seek(2);
+        player->setRate(-5);
+        waitUntil([&] { return player->isIdle(); }, 100ms);
+        EXPECT_LE(player->tracks().size(), 20U);
+        player->close();
+    }
+    RecordProperty("loaded", loaded);
+    std::filesystem::remove_all(folder);
+    ASSERT_TRUE(loads("film_plain.mkv"));
+    EXPECT_TRUE(plays());
 }
 
 TEST_F(Films, OpensAndClosesLeaveNothingBehind)
