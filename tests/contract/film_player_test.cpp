@@ -8,6 +8,7 @@
 #include <fstream>
 #include <iterator>
 #include <random>
+#include <sys/resource.h>
 #include <unistd.h>
 
 namespace tandrel
@@ -273,6 +274,34 @@ TEST_F(Films, GoingBackEndsAtTheBeginningAndGoingOnAtTheEnd)
     const double held = player->position();
     letPass(300ms);
     EXPECT_EQ(player->position(), held);
+}
+
+TEST_F(Films, AFilmThatStandsLeavesTheProcessorsAlone)
+{
+    // Of all threads but this one, which has to wait.
+    const auto spent = [] {
+        const auto seconds = [](int whose) {
+            rusage usage{};
+            getrusage(whose, &usage);
+            const auto in = [](const timeval& time) { return static_cast<double>(time.tv_sec) + time.tv_usec / 1e6; };
+            return in(usage.ru_utime) + in(usage.ru_stime);
+        };
+        return seconds(RUSAGE_SELF) - seconds(RUSAGE_THREAD);
+    };
+    ASSERT_TRUE(loads("film_h264.mkv"));
+    EXPECT_TRUE(plays());
+    player->pause();
+    letPass(1s);
+    double before = spent();
+    letPass(1s);
+    EXPECT_LT(spent() - before, 0.1);
+    player->play();
+    player->seek(9.8);
+    ASSERT_TRUE(waitUntil([&] { return player->hasEnded(); }));
+    letPass(500ms);
+    before = spent();
+    letPass(1s);
+    EXPECT_LT(spent() - before, 0.1);
 }
 
 TEST_F(Films, AWrongLengthDoesNoHarm)
