@@ -6,7 +6,10 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <random>
+#include <sys/resource.h>
+#include <unistd.h>
 
 namespace tandrel
 {
@@ -32,6 +35,12 @@ private:
     bool had_ = std::getenv("LC_ALL") != nullptr;
     std::string before_ = had_ ? std::getenv("LC_ALL") : "";
 };
+
+/// Other numbers with --gtest_shuffle and --gtest_random_seed.
+std::mt19937 randomNumbers()
+{
+    return std::mt19937(static_cast<unsigned>(testing::UnitTest::GetInstance()->random_seed()) + 11);
+}
 
 class Films : public FilmBench
 {
@@ -273,19 +282,47 @@ TEST_F(Films, GoingBackEndsAtTheBeginningAndGoingOnAtTheEnd)
     EXPECT_EQ(player->position(), held);
 }
 
+TEST_F(Films, AFilmThatStandsLeavesTheProcessorsAlone)
+{
+    // Of all threads but this one, which has to wait.
+    const auto spent = [] {
+        const auto seconds = [](int whose) {
+            rusage usage{};
+            getrusage(whose, &usage);
+            const auto in = [](const timeval& time) { return static_cast<double>(time.tv_sec) + time.tv_usec / 1e6; };
+            return in(usage.ru_utime) + in(usage.ru_stime);
+        };
+        return seconds(RUSAGE_SELF) - seconds(RUSAGE_THREAD);
+    };
+    ASSERT_TRUE(loads("film_h264.mkv"));
+    EXPECT_TRUE(plays());
+    player->pause();
+    letPass(1s);
+    double before = spent();
+    letPass(1s);
+    EXPECT_LT(spent() - before, 0.1);
+    player->play();
+    player->seek(9.8);
+    ASSERT_TRUE(waitUntil([&] { return player->hasEnded(); }));
+    letPass(500ms);
+    before = spent();
+    letPass(1s);
+    EXPECT_LT(spent() - before, 0.1);
+}
+
 TEST_F(Films, AWrongLengthDoesNoHarm)
 {
     ASSERT_TRUE(loads("film_too_short.mkv"));
     ASSERT_TRUE(waitUntil([&] { return player->duration() > 0; }));
-    EXPECT_NEAR(player->duration(), 2, 0.1);
+    // Two seconds say the file's head, ten what has been read ahead.
+    EXPECT_GT(player->duration(), 1.9);
     EXPECT_TRUE(waitUntil([&] { return player->position() > 2.5; }));
     EXPECT_GE(player->duration(), player->position());
     ASSERT_TRUE(loads("film_too_long.mkv"));
     ASSERT_TRUE(waitUntil([&] { return player->duration() > 900; }));
     player->seek(800);
     EXPECT_DOUBLE_EQ(player->position(), 800);
-    EXPECT_TRUE(waitUntil([&] { return player->hasEnded(); }));
-    EXPECT_LT(player->position(), 11);
+    EXPECT_TRUE(waitUntil([&] { return player->hasEnded() && player->position() < 11; }));
     player->play();
     EXPECT_TRUE(plays());
 }
@@ -297,8 +334,7 @@ TEST_F(Films, WhatIsLeftOfATruncatedFilmPlays)
     player->seek(4);
     EXPECT_TRUE(plays());
     player->seek(9.5);
-    EXPECT_TRUE(waitUntil([&] { return player->hasEnded(); }));
-    EXPECT_LT(player->position(), 8);
+    EXPECT_TRUE(waitUntil([&] { return player->hasEnded() && player->position() < 8; }));
     EXPECT_EQ(player->trouble(), MediaTrouble::None);
 }
 
@@ -313,6 +349,36 @@ TEST_F(Films, AFilmWithoutAnIndexCanBeSought)
             EXPECT_NEAR(player->position(), place, 0.1) << name;
         }
     }
+}
+
+TEST_F(Films, DamagedFilmsHarmNobody)
+{
+    const std::string folder = testing::TempDir() + "films_" + std::to_string(getpid());
+    std::filesystem::create_directories(folder);
+    const std::string path = folder + "/film.mkv";
+    std::mt19937 random = randomNumbers();
+    const auto any = [&](std::size_t most) { return std::uniform_int_distribution<std::size_t>(0, most)(random); };
+    int loaded = 0;
+    for (int round = 0; round < 24; ++round) {
+        std::ifstream source(testMedia(round % 2 == 0 ? "film_tracks.mkv" : "film.hdmov"), std::ios::binary);
+        std::string bytes{std::istreambuf_iterator<char>(source), {}};
+        // What is at the beginning tells what all the rest is.
+        for (std::size_t change = 0; change < 60; ++change)
+            bytes[any(change % 2 == 0 ? 2000 : bytes.size() - 1)] = static_cast<char>(any(255));
+        std::ofstream(path, std::ios::binary) << bytes;
+        player->open(path);
+        waitUntil([&] { return player->isIdle() || player->position() > 0.1; }, 2s);
+        loaded += player->isLoaded();
+        player->seek(2);
+        player->setRate(-5);
+        waitUntil([&] { return player->isIdle(); }, 100ms);
+        EXPECT_LE(player->tracks().size(), 20U);
+        player->close();
+    }
+    RecordProperty("loaded", loaded);
+    std::filesystem::remove_all(folder);
+    ASSERT_TRUE(loads("film_plain.mkv"));
+    EXPECT_TRUE(plays());
 }
 
 TEST_F(Films, OpensAndClosesLeaveNothingBehind)
@@ -347,7 +413,7 @@ TEST_F(Films, AnyCommandsInAnyOrderLeaveItAlive)
 {
     const char* const names[]{"film_plain.mkv", "film_tracks.mkv", "film_too_long.mkv", "film_truncated.mkv",
                               "text.avi",       "live.mkv",        "sound.mp3",         "film_unknown_all.mkv"};
-    std::mt19937 random(11);
+    std::mt19937 random = randomNumbers();
     const auto any = [&](int most) { return std::uniform_int_distribution<int>(0, most)(random); };
     const std::function<void()> commands[]{
         [&] { player->play(); },

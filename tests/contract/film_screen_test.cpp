@@ -3,6 +3,7 @@
 #include "platform/mpv/film_screen.h"
 
 #include <cmath>
+#include <set>
 
 namespace tandrel
 {
@@ -92,6 +93,28 @@ TEST_F(FilmScreenTest, OfManySeeksTheLastCounts)
     letPass(500ms);
     EXPECT_EQ(frame(), 36);
     EXPECT_NEAR(player->position(), 1.2, 0.05);
+}
+
+TEST_F(FilmScreenTest, ADraggedThumbShowsSomethingOfItsWay)
+{
+    open("film_h264.mkv");
+    ASSERT_TRUE(waitUntil([&] { return frame().has_value() && player->duration() > 9; }));
+    player->pause();
+    letPass(300ms);
+    // Between two key frames, which are at 0 and at 8.3 s.
+    std::set<int> pictures;
+    const auto start = Clock::now();
+    const auto passed = [&] { return std::chrono::duration<double>(Clock::now() - start).count(); };
+    while (passed() < 4) {
+        player->seek(1 + passed() * 1.5);
+        letPass(40ms);
+        if (const auto shown = frame()) {
+            pictures.insert(*shown);
+        }
+    }
+    player->seek(7);
+    EXPECT_TRUE(showsFrame(210));
+    EXPECT_GE(pictures.size(), 4U);
 }
 
 TEST_F(FilmScreenTest, ThePlaceIsThatOfThePicture)

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <utility>
 
 namespace tandrel
 {
@@ -17,6 +18,12 @@ constexpr auto kQuick = 100ms;
 constexpr int kTrust = 3;
 // Who was trusted, and isn't there after so long, gets a key frame after all.
 constexpr auto kPatience = 100ms;
+// Seeks that follow each other no later than this are one drag. After so long, what is under way is let finish: key
+// frames may be many seconds apart, and the picture would stand still otherwise.
+constexpr auto kSameDrag = 400ms;
+constexpr auto kDragBegins = 300ms;
+// Places of a drag that lie so near to each other need no key frame between them.
+constexpr double kNear = 3;
 // A seek that nothing is heard of any more is given up.
 constexpr auto kLost = 10s;
 // Between two pictures on the way back. Faster ones would be decoded and never seen.
@@ -82,13 +89,20 @@ void FilmMoves::seek(double seconds)
     wanted_ = std::clamp(seconds, 0.0, duration() > 0 ? duration() : std::max(0.0, seconds));
     ended_ = false;
     backFrom_ = *wanted_;
-    backSince_ = now();
+    const Moment at = now();
+    backSince_ = at;
+    if (at - lastSeek_ > kSameDrag)
+        dragSince_ = at;
+    lastSeek_ = at;
     if (!started_)
         return;
     // What seeks exactly, and may take long, makes way. A key frame comes up soon, and is shown first.
-    if (!move_ || (move_->exact && move_->stage != Move::Stage::Reading && quickSeeks_ < kTrust))
+    const bool makesWay = move_ && move_->exact && move_->stage != Move::Stage::Reading && quickSeeks_ < kTrust;
+    if (!move_ || (makesWay && !isDragged(at)))
         begin(*wanted_);
 }
+
+bool FilmMoves::isDragged(Moment at) const { return at - dragSince_ > kDragBegins && at - lastSeek_ <= kSameDrag; }
 
 void FilmMoves::begin(double target)
 {
@@ -171,6 +185,7 @@ void FilmMoves::hearAnswer(const mpv_event& event)
         place_ = target;
         if (event.error >= 0)
             place_ = std::max(0.0, *static_cast<const double*>(value));
+        heard_ = place_;
         farthest_ = std::max(farthest_, event.error >= 0 ? place_ : 0);
     } else if (event.reply_userdata + 1 == move_->request) {
         ended_ = event.error >= 0 && *static_cast<const int*>(value) != 0;
@@ -179,15 +194,20 @@ void FilmMoves::hearAnswer(const mpv_event& event)
 
 void FilmMoves::notePlace(double seconds)
 {
-    const bool forwards = !held_ && rate_ > 0;
-    place_ = forwards ? std::max(place_, seconds) : std::max(0.0, seconds);
+    heard_ = std::max(0.0, seconds);
+    const bool forwards = !held_ && rate_ > 0 && !ended_;
+    place_ = forwards ? std::max(place_, heard_) : heard_;
     farthest_ = std::max(farthest_, place_);
 }
 
 void FilmMoves::noteEnd(bool ended)
 {
     ended_ = ended;
-    if (ended && rate_ > 0)
+    if (!ended)
+        return;
+    // A place behind the last picture was only hoped for.
+    place_ = heard_;
+    if (rate_ > 0)
         leaveRate();
 }
 
@@ -199,10 +219,13 @@ void FilmMoves::leaveRate()
 
 void FilmMoves::arrive()
 {
-    if (wanted_)
-        return begin(*wanted_);
-    if (!move_->exact)
+    if (!move_->exact && !wanted_)
         return send(move_->target, true);
+    if (wanted_) {
+        const double target = *std::exchange(wanted_, {});
+        const bool near = std::abs(target - move_->target) < kNear && isDragged(now());
+        return near ? send(target, true) : begin(target);
+    }
     const bool quick = now() - move_->since < kQuick;
     quickSeeks_ = quick ? std::min(kTrust, quickSeeks_ + 1) : 0;
     move_->stage = Move::Stage::Reading;

@@ -13,7 +13,7 @@ namespace tandrel
 /// what the player says to them is heard. The places, the length and the end are heard by observed properties.
 ///
 /// A seek shows a key frame near its target first where finding the exact picture takes long. The player is kept from
-/// running on from there.
+/// running on from there. Of a thumb that is dragged for a while, exact pictures of places on its way are shown.
 class FilmMoves
 {
 public:
@@ -63,6 +63,7 @@ private:
     void notePlace(double seconds);
     void noteEnd(bool ended);
     void begin(double target);
+    bool isDragged(Moment at) const;
     void send(double target, bool exact);
     void arrive();
     void finishMove();
@@ -79,6 +80,9 @@ private:
     std::optional<Move> move_;
     /// The newest place that has been asked for, while nothing has been done about it.
     std::optional<double> wanted_;
+    /// When the last seek came, and the first of those that have followed each other fast.
+    Moment lastSeek_;
+    Moment dragSince_;
     /// How many exact seeks in a row were so quick that nothing else had to be shown.
     int quickSeeks_ = 0;
 
@@ -93,6 +97,8 @@ private:
     bool toldMute_ = false;
 
     double place_ = 0;
+    /// The place as it was heard last, which may have fallen.
+    double heard_ = 0;
     double told_ = 0;
     double farthest_ = 0;
     bool ended_ = false;

@@ -13,8 +13,6 @@ namespace
 {
 // An exact seek of libmpv shows the first frame that is not earlier than this before the target.
 constexpr double kSeekTolerance = 0.005;
-// Time stamps may be rounded to milliseconds, and so is a place that is asked for.
-constexpr double kStampTolerance = 0.001;
 constexpr double kTimeEpsilon = 1e-6;
 // How many seconds before the target a seek begins to decode, from one try to the next: in some files the index, or the
 // guess that stands for one, leads to a place behind the target.

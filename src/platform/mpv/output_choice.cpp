@@ -12,13 +12,20 @@ namespace tandrel
 
 namespace
 {
-bool hasGraphicsCard()
+bool findGraphicsCard()
 {
     // Without a render node there is nothing to ask, and no driver has to be loaded to learn that.
     if (!hasEntry("/dev/dri", "renderD"))
         return false;
     const std::string renderer = probeRenderer();
     return !renderer.empty() && !isSoftwareRenderer(renderer);
+}
+
+/// Asked for by each player, and the same for all of them.
+bool hasGraphicsCard()
+{
+    static const bool has = findGraphicsCard();
+    return has;
 }
 } // namespace
 
