@@ -142,6 +142,8 @@ public:
     Long LargeChange = 10;
     Long SmallChange = 1;
     bool vertical() const { return vertical_; }
+    /// The focus comes to it, and keys move it. Set before the form is loaded.
+    bool takesKeys = true;
 
     std::function<void()> Scroll;
     std::function<void()> Change;

@@ -37,6 +37,8 @@ PlayerBar::PlayerBar(Form& form, Control* container, PlayerBox& player)
       imgScreen(form, "imgScreen", {kMargin, kButtonTop, kButtonWidth, kButtonHeight}, "panel_windowed_on", &picBar),
       player_(player)
 {
+    // The keys are for the picture.
+    sldPlace.takesKeys = false;
     lblTimes.role = TextRole::Value;
     lblTimes.alignment = Alignment::Right;
     imgToggle.ToolTip = "Play / Pause";

@@ -58,6 +58,10 @@ class DiscsTest(OtherMediaTest):
     def key(self, *names):
         self.display.run("xdotool", "key", *names)
 
+    def answer_message(self, player):
+        wait_for(lambda: self.box(player), 20, "the message")
+        self.answer("Return", lambda: not self.box(player), "the end of the message")
+
     def focus(self, player):
         window = self.window(player, self.title)
         self.display.run("xdotool", "windowactivate", "--sync", window[0])
@@ -208,11 +212,11 @@ class DiscsOnNewerSystems(DiscsTest):
         self.wait_for_movement(player, self.title, SIZE)
 
 
+
 class Drives(DiscsTest):
     def test_without_a_drive_a_message_says_so(self):
-        player = self.up("DVD", TANDREL_DISCS="")
-        wait_for(lambda: self.box(player), 20, "the message")
-        self.answer("Return", lambda: not self.box(player), "the end of the message")
+        player = self.start("DVD", TANDREL_DISCS="")
+        self.answer_message(player)
         wait_for(lambda: self.console(player), 20, "the console")
         self.assertIsNone(self.window(player, "DVD"))
         self.assertTrue(player.alive())
@@ -249,8 +253,7 @@ class Drives(DiscsTest):
             with self.subTest(older=older):
                 self.older = older
                 player = self.start("DVD", TANDREL_DISCS=empty, **(OLDER if older else {}))
-                wait_for(lambda: self.box(player), 20, "the message")
-                self.answer("Return", lambda: not self.box(player), "the end of the message")
+                self.answer_message(player)
                 wait_for(lambda: self.console(player), 20, "the console")
                 self.assertTrue(player.alive())
                 player.end()
@@ -278,8 +281,7 @@ class BrokenDiscs(DiscsTest):
         for older in (False, True):
             with self.subTest(older=older):
                 player = self.start(path, TANDREL_DISCS="", **(OLDER if older else {}))
-                wait_for(lambda: self.box(player), 20, "the message")
-                self.answer("Return", lambda: not self.box(player), "the end of the message")
+                self.answer_message(player)
                 self.assertTrue(player.alive())
                 player.end()
                 self.players.remove(player)
@@ -289,7 +291,10 @@ class BrokenDiscs(DiscsTest):
         for tenth in (0, 1, 3, 5, 7, 9):
             with self.subTest(tenth=tenth):
                 path = self.copy(f"cut{tenth}.iso", lambda image, _: image.truncate(size * tenth // 10))
-                player = self.up(path, TANDREL_DISCS="")
+                player = self.start(path, TANDREL_DISCS="")
+                if tenth == 0:
+                    self.answer_message(player)
+                wait_for(lambda: self.console(player), 20, "the console")
                 for button in ("imgPlay", "imgFwd", "imgRwd", "imgReplay", "imgPause"):
                     self.click_button(player, button)
                 self.assertTrue(player.alive())

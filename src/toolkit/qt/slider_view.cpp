@@ -30,7 +30,7 @@ class SliderWidget : public QWidget
 public:
     SliderWidget(Slider& slider, QWidget* parent) : QWidget(parent), slider_(slider)
     {
-        setFocusPolicy(Qt::StrongFocus);
+        setFocusPolicy(slider.takesKeys ? Qt::StrongFocus : Qt::NoFocus);
         setAttribute(Qt::WA_Hover);
     }
 
