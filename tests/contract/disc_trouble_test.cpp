@@ -3,6 +3,7 @@
 #include "support/disc_files.h"
 #include "support/temporary_folder.h"
 
+#include <fcntl.h>
 #include <filesystem>
 #include <random>
 #include <sys/stat.h>
@@ -150,6 +151,56 @@ TEST_F(DiscTroubles, OpenedAndClosedManyTimes)
         player->close();
         EXPECT_TRUE(player->isIdle());
     }
+    EXPECT_TRUE(works());
+}
+
+/// A disc whose menu is a pipe that nobody writes to: libVLC waits for it for ever.
+class DiscThatHangs : public DiscTroubles
+{
+protected:
+    DiscThatHangs()
+    {
+        std::filesystem::copy(testDisc("disc"), folder.path("disc"), std::filesystem::copy_options::recursive);
+        std::filesystem::remove(pipe);
+        mkfifo(pipe.c_str(), 0600);
+    }
+    ~DiscThatHangs() override
+    {
+        // What hangs goes on, and ends.
+        const int end = ::open(pipe.c_str(), O_RDWR | O_NONBLOCK);
+        waitUntil([] { return false; }, 0.5);
+        ::close(end);
+    }
+    /// libVLC has begun to wait.
+    void hang()
+    {
+        player->showIn(window.handle(), kPlace);
+        player->open(folder.path("disc"));
+        EXPECT_TRUE(holdsFor(1, [&] { return !player->isLoaded(); }));
+    }
+    std::string pipe = folder.path("disc/VIDEO_TS/VIDEO_TS.VOB");
+};
+
+TEST_F(DiscThatHangs, IsLeftBehindAtTheEnd)
+{
+    hang();
+    const double begin = now();
+    player.reset();
+    const double took = now() - begin;
+    EXPECT_GT(took, 1.9);
+    EXPECT_LT(took, 2.3);
+    player = makeVlcDiscPlayer({});
+    EXPECT_TRUE(waitUntil([&] { return window.windowsInside().empty(); }));
+    EXPECT_TRUE(works());
+}
+
+TEST_F(DiscThatHangs, IsGivenUpForAnother)
+{
+    hang();
+    EXPECT_TRUE(waitUntil([&] { return player->trouble() == MediaTrouble::NotPlayable; }, 15)) << describe();
+    EXPECT_TRUE(player->isIdle());
+    player->close();
+    ASSERT_TRUE(holdsFor(9, [&] { return player->isIdle(); }));
     EXPECT_TRUE(works());
 }
 
