@@ -176,11 +176,13 @@ void VlcDiscPlayer::showIn(WindowHandle parent, const PixelRect& place)
 void VlcDiscPlayer::follow()
 {
     std::uint64_t heard = 0;
-    DiscState state = session_->state(heard);
+    const auto state = session_->state(heard);
+    if (state == nullptr)
+        return;
     if (heard != std::exchange(heard_, heard))
         heardAt_ = now();
     if (heard >= lastPosted_) {
-        state_ = std::move(state);
+        state_ = *state;
     } else if (state_.phase == Phase::Opening && hangs()) {
         state_ = {};
         state_.phase = Phase::Failed;
