@@ -19,10 +19,9 @@ function(tandrel_disc_test name display)
 endfunction()
 
 tandrel_disc_test(disc_look NODISPLAY contract/disc_look_test.cpp)
-tandrel_disc_test(disc_player DISPLAY
-  contract/disc_menu_test.cpp
-  contract/disc_playing_test.cpp
-  contract/disc_trouble_test.cpp)
+tandrel_disc_test(disc_menus DISPLAY contract/disc_menu_test.cpp)
+tandrel_disc_test(disc_playing DISPLAY contract/disc_playing_test.cpp)
+tandrel_disc_test(disc_troubles DISPLAY contract/disc_trouble_test.cpp)
 
 # With clang, discs with damaged tables as well, for a short while here and as long as one likes by hand.
 if(CMAKE_CXX_COMPILER_ID STREQUAL Clang)
