@@ -3,8 +3,10 @@
 #include "support/disc_files.h"
 #include "support/temporary_folder.h"
 
+#include <fcntl.h>
 #include <filesystem>
 #include <random>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace tandrel
@@ -14,6 +16,15 @@ namespace
 {
 using test::readBytes;
 using test::writeBytes;
+
+// Of a call; sanitizers make all of them slower.
+#ifdef __SANITIZE_ADDRESS__
+constexpr double kSlowest = 0.02;
+#elif defined(__SANITIZE_THREAD__)
+constexpr double kSlowest = 0.05;
+#else
+constexpr double kSlowest = 0.002;
+#endif
 
 class DiscTroubles : public DiscBench
 {
@@ -153,6 +164,56 @@ TEST_F(DiscTroubles, OpenedAndClosedManyTimes)
     EXPECT_TRUE(works());
 }
 
+/// A disc whose menu is a pipe that nobody writes to: libVLC waits for it for ever.
+class DiscThatHangs : public DiscTroubles
+{
+protected:
+    DiscThatHangs()
+    {
+        std::filesystem::copy(testDisc("disc"), folder.path("disc"), std::filesystem::copy_options::recursive);
+        std::filesystem::remove(pipe);
+        mkfifo(pipe.c_str(), 0600);
+    }
+    ~DiscThatHangs() override
+    {
+        // What hangs goes on, and ends.
+        const int end = ::open(pipe.c_str(), O_RDWR | O_NONBLOCK);
+        waitUntil([] { return false; }, 0.5);
+        ::close(end);
+    }
+    /// libVLC has begun to wait.
+    void hang()
+    {
+        player->showIn(window.handle(), kPlace);
+        player->open(folder.path("disc"));
+        EXPECT_TRUE(holdsFor(1, [&] { return !player->isLoaded(); }));
+    }
+    std::string pipe = folder.path("disc/VIDEO_TS/VIDEO_TS.VOB");
+};
+
+TEST_F(DiscThatHangs, IsLeftBehindAtTheEnd)
+{
+    hang();
+    const double begin = now();
+    player.reset();
+    const double took = now() - begin;
+    EXPECT_GT(took, 1.9);
+    EXPECT_LT(took, 2.3);
+    player = makeVlcDiscPlayer({});
+    EXPECT_TRUE(waitUntil([&] { return window.windowsInside().empty(); }));
+    EXPECT_TRUE(works());
+}
+
+TEST_F(DiscThatHangs, IsGivenUpForAnother)
+{
+    hang();
+    EXPECT_TRUE(waitUntil([&] { return player->trouble() == MediaTrouble::NotPlayable; }, 15)) << describe();
+    EXPECT_TRUE(player->isIdle());
+    player->close();
+    ASSERT_TRUE(holdsFor(9, [&] { return player->isIdle(); }));
+    EXPECT_TRUE(works());
+}
+
 TEST_F(DiscTroubles, ItsWindowMayGoWhileItPlays)
 {
     ASSERT_TRUE(openTitle(1));
@@ -253,30 +314,56 @@ void doAnything(DiscPlayer& player, std::mt19937& random, WindowHandle window)
     }
 }
 
+/// How long calls take; those apart in which the processor was given to another thread.
+class CallTimes
+{
+public:
+    void measure(const std::function<void()>& call)
+    {
+        rusage before = {};
+        rusage after = {};
+        getrusage(RUSAGE_THREAD, &before);
+        const auto begin = std::chrono::steady_clock::now();
+        call();
+        const double took = std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+        getrusage(RUSAGE_THREAD, &after);
+        (after.ru_nivcsw > before.ru_nivcsw ? interrupted_ : own_).push_back(took);
+    }
+    void report()
+    {
+        std::sort(own_.begin(), own_.end());
+        std::sort(interrupted_.begin(), interrupted_.end());
+        std::printf("calls: %.3f ms in the median, %.3f ms for 999 of 1000, %.3f ms at worst; %zu of %zu were "
+                    "interrupted, for %.3f ms at worst\n",
+                    own_[own_.size() / 2] * 1000, nearlyWorst() * 1000, own_.back() * 1000, interrupted_.size(),
+                    own_.size() + interrupted_.size(), interrupted_.empty() ? 0 : interrupted_.back() * 1000);
+    }
+    /// All but one in a thousand are faster: the system itself may hold a thread up, as when a process is split.
+    double nearlyWorst() const { return own_[own_.size() * 999 / 1000]; }
+
+private:
+    std::vector<double> own_;
+    std::vector<double> interrupted_;
+};
+
 TEST_F(DiscTroubles, AnythingAtAnyTimeInAnyOrder)
 {
     constexpr int kCommands = 2000;
     std::mt19937 random(20240229);
-    std::vector<double> times;
+    CallTimes times;
     player->open(testDisc());
     for (int command = 0; command < kCommands; ++command) {
-        const double begin = now();
-        doAnything(*player, random, window.handle());
-        times.push_back(now() - begin);
-        const double asked = now();
-        player->follow();
+        times.measure([&] { doAnything(*player, random, window.handle()); });
+        times.measure([&] { player->follow(); });
         EXPECT_GE(player->position(), 0);
         EXPECT_LE(player->position(), std::max(player->duration(), 60.0));
-        times.push_back(now() - asked);
         if (random() % 4 == 0) {
             const double pause = static_cast<double>(random() % 50) / 1000;
             holdsFor(pause, [] { return true; });
         }
     }
-    std::sort(times.begin(), times.end());
-    std::printf("calls: %.3f ms in the median, %.3f ms at the 99th of 100, %.3f ms at worst\n",
-                times[times.size() / 2] * 1000, times[times.size() * 99 / 100] * 1000, times.back() * 1000);
-    EXPECT_LT(times[times.size() * 99 / 100], 0.002);
+    times.report();
+    EXPECT_LT(times.nearlyWorst(), kSlowest);
     EXPECT_TRUE(waitUntil([&] { return player->isLoaded() || player->isIdle(); }, 30));
     picture = kPlace;
     EXPECT_TRUE(works()) << describe();

@@ -1,13 +1,15 @@
 /// What the thread of a player and those who talk to it share: commands and news on their way in, the state on its way
-/// out. All of it may be used on any thread.
+/// out.
 #pragma once
 
 #include "platform/vlc/disc_state.h"
 #include "platform/vlc/vlc_film.h"
 
+#include <atomic>
 #include <condition_variable>
 #include <deque>
 #include <functional>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <vector>
@@ -24,14 +26,16 @@ public:
     enum class Kind { Any, Seek, Volume, Pointer };
     using Command = std::function<void(DiscWorker&)>;
 
-    /// The number of the command.
+    /// For the user-interface thread, which waits for nobody here, not even for a lock: then a command goes on its way
+    /// with the next call. Returns the number of the command.
     std::uint64_t post(Kind kind, Command command);
+    /// The last state that was published, and the number of the last command that it has heard of. Null where there is
+    /// none to be had at this moment.
+    std::shared_ptr<const DiscState> state(std::uint64_t& heard);
     /// The thread is to go.
     void end();
     /// False if the thread is still there after that time.
     bool waitForEnd(std::chrono::milliseconds longest);
-    /// The last state that was published, and the number of the last command that it has heard of.
-    DiscState state(std::uint64_t& heard) const;
 
     /// For libVLC's threads.
     void tell(const VlcNews& news);
@@ -52,16 +56,24 @@ private:
         Command command;
     };
 
+    void sendKept();
+
+    // Of the user-interface thread alone.
+    std::vector<Waiting> kept_;
+    std::uint64_t posted_ = 0;
+
     mutable std::mutex mutex_;
     std::condition_variable changed_;
     std::deque<Waiting> waiting_;
-    std::vector<VlcNews> news_;
-    DiscState published_;
-    std::uint64_t posted_ = 0;
+    std::shared_ptr<const DiscState> published_ = std::make_shared<DiscState>();
     std::uint64_t taken_ = 0;
     std::uint64_t heard_ = 0;
     bool ending_ = false;
     bool ended_ = false;
+
+    std::mutex newsMutex_;
+    std::vector<VlcNews> news_;
+    std::atomic<bool> hasNews_ = false;
 };
 
 } // namespace tandrel

@@ -116,12 +116,16 @@ void DiscWorker::lookAtEnd(libvlc_state_t state)
 
 void DiscWorker::fail(MediaTrouble trouble)
 {
-    film_.stop();
+    const bool wasOpen = state_.phase == Phase::Opening || state_.phase == Phase::There;
     state_ = {};
     state_.phase = Phase::Failed;
     state_.trouble = trouble;
     steppedBack_.reset();
     clock_ = {};
+    // The end of it may take its time.
+    publish();
+    if (wasOpen)
+        film_.stop();
 }
 
 void DiscWorker::lookAtTitle()

@@ -18,6 +18,8 @@ using Kind = DiscSession::Kind;
 using Phase = DiscState::Phase;
 
 constexpr std::chrono::milliseconds kLongestEnd{2000};
+// No command takes as long, unless libVLC hangs.
+constexpr std::chrono::seconds kHangs{8};
 constexpr int kPictureWidth = 720;
 
 SteadyTime now() { return std::chrono::steady_clock::now(); }
@@ -69,6 +71,10 @@ public:
 
 private:
     void start();
+    /// Leaves a thread behind that hangs, with all that it holds, and begins anew.
+    void startAnew();
+    void leaveBehind();
+    bool hangs() const { return heard_ < lastPosted_ && now() - heardAt_ > kHangs; }
     void post(Kind kind, DiscSession::Command command);
     void stepChapter(int step);
     /// The place as it is now goes on at this speed.
@@ -78,29 +84,32 @@ private:
     PixelPoint onCanvas(PixelPoint place) const;
 
     VlcOptions options_;
-    std::shared_ptr<DiscSession> session_ = std::make_shared<DiscSession>();
+    std::shared_ptr<DiscSession> session_;
     std::shared_ptr<DiscScreen> screen_;
     std::optional<WindowHandle> parent_;
     PixelRect place_;
     double ratio_ = 1;
     DiscState state_;
     std::uint64_t lastPosted_ = 0;
+    /// The last command that the worker has heard of, and when that was noticed.
+    std::uint64_t heard_ = 0;
+    SteadyTime heardAt_ = now();
+    int volume_ = 100;
+    bool captions_ = false;
     /// The highest place that was told since the last jump.
     mutable double told_ = 0;
     mutable std::uint64_t toldJumps_ = 0;
 };
 
-VlcDiscPlayer::VlcDiscPlayer(VlcOptions options) : options_(std::move(options))
+VlcDiscPlayer::VlcDiscPlayer(VlcOptions options) : options_(std::move(options)) { start(); }
+
+void VlcDiscPlayer::start()
 {
+    session_ = std::make_shared<DiscSession>();
     if (options_.outputs) {
         keepXErrorsHarmless();
         screen_ = std::make_shared<DiscScreen>();
     }
-    start();
-}
-
-void VlcDiscPlayer::start()
-{
     try {
         std::thread([session = session_, screen = screen_]() mutable {
             DiscWorker(session, screen).run();
@@ -116,15 +125,36 @@ void VlcDiscPlayer::start()
 VlcDiscPlayer::~VlcDiscPlayer()
 {
     session_->end();
-    if (session_->waitForEnd(kLongestEnd) || screen_ == nullptr)
+    if (!session_->waitForEnd(kLongestEnd))
+        leaveBehind();
+}
+
+void VlcDiscPlayer::leaveBehind()
+{
+    if (screen_ == nullptr)
         return;
-    // What hangs is left alone, and its window doesn't go down with that of the program.
+    // Its window doesn't go down with that of the program.
     screen_->picture.put({}, kPictureWidth);
     screen_->picture.moveInto(screen_->system.root());
 }
 
+void VlcDiscPlayer::startAnew()
+{
+    session_->end();
+    leaveBehind();
+    start();
+    heard_ = 0;
+    lastPosted_ = 0;
+    setVolume(volume_);
+    allowCaptions(captions_);
+    if (const auto parent = std::exchange(parent_, std::nullopt))
+        showIn(*parent, place_);
+}
+
 void VlcDiscPlayer::post(Kind kind, DiscSession::Command command)
 {
+    if (heard_ >= lastPosted_)
+        heardAt_ = now();
     lastPosted_ = session_->post(kind, std::move(command));
 }
 
@@ -146,9 +176,18 @@ void VlcDiscPlayer::showIn(WindowHandle parent, const PixelRect& place)
 void VlcDiscPlayer::follow()
 {
     std::uint64_t heard = 0;
-    DiscState state = session_->state(heard);
-    if (heard >= lastPosted_)
-        state_ = std::move(state);
+    const auto state = session_->state(heard);
+    if (state == nullptr)
+        return;
+    if (heard != std::exchange(heard_, heard))
+        heardAt_ = now();
+    if (heard >= lastPosted_) {
+        state_ = *state;
+    } else if (state_.phase == Phase::Opening && hangs()) {
+        state_ = {};
+        state_.phase = Phase::Failed;
+        state_.trouble = MediaTrouble::NotPlayable;
+    }
 }
 
 void VlcDiscPlayer::runFromHere(double speed)
@@ -171,6 +210,8 @@ double VlcDiscPlayer::position() const
 
 void VlcDiscPlayer::open(const std::string& path)
 {
+    if (hangs())
+        startAnew();
     state_ = {};
     state_.phase = Phase::Opening;
     post(Kind::Any, [path](DiscWorker& worker) { worker.open(path); });
@@ -230,6 +271,7 @@ void VlcDiscPlayer::seek(double seconds)
 
 void VlcDiscPlayer::setVolume(int level)
 {
+    volume_ = level;
     post(Kind::Volume, [level](DiscWorker& worker) { worker.setVolume(level); });
 }
 
@@ -240,6 +282,7 @@ void VlcDiscPlayer::chooseTrack(MediaTrack::Kind kind, int id)
 
 void VlcDiscPlayer::allowCaptions(bool on)
 {
+    captions_ = on;
     post(Kind::Any, [on](DiscWorker& worker) { worker.allowCaptions(on); });
 }
 

@@ -41,7 +41,7 @@ std::vector<std::string> arguments(bool outputs)
     if (!outputs || silent || soundOutputs("/", &fromEnvironment).empty())
         result.emplace_back("--aout=dummy");
     if (!outputs)
-        result.emplace_back("--vout=dummy");
+        result.emplace_back("--no-video");
     return result;
 }
 
