@@ -179,6 +179,16 @@ TEST_F(PointerTest, APressOfOneButtonOutdatesThatOfTheOther)
     EXPECT_TRUE(pointer->buttonDown(MouseButton::Right));
 }
 
+TEST_F(PointerTest, TheControlKeyIsSeenWhileItIsHeld)
+{
+    EXPECT_FALSE(pointer->controlDown());
+    xdotool({QStringLiteral("keydown"), QStringLiteral("ctrl")});
+    EXPECT_TRUE(pointer->controlDown());
+    xdotool({QStringLiteral("keyup"), QStringLiteral("ctrl"), QStringLiteral("keydown"), QStringLiteral("shift")});
+    EXPECT_FALSE(pointer->controlDown());
+    xdotool({QStringLiteral("keyup"), QStringLiteral("shift")});
+}
+
 TEST_F(PointerTest, APressIsOnItsWayUntilAWindowIsTold)
 {
     EXPECT_FALSE(pointer->pressOnItsWay());

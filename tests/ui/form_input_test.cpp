@@ -64,6 +64,43 @@ TEST_F(FormInput, KeysComeByTheCodesOfTheirCharacters)
     EXPECT_THAT(form->events, ElementsAre("112", "80", "27", "13", "8364")) << "the default button gets none";
 }
 
+TEST_F(FormInput, KeysWithoutACharacterComeByTheirNames)
+{
+    listenForKeys();
+    std::vector<Key> heard;
+    bool takes = true;
+    form->KeyDown = [&](Key key) {
+        heard.push_back(key);
+        return takes;
+    };
+    const std::pair<int, Key> rows[] = {{Qt::Key_Left, Key::Left},     {Qt::Key_Right, Key::Right},
+                                        {Qt::Key_Up, Key::Up},         {Qt::Key_Down, Key::Down},
+                                        {Qt::Key_Return, Key::Enter},  {Qt::Key_Enter, Key::Enter},
+                                        {Qt::Key_Escape, Key::Escape}, {Qt::Key_Space, Key::Space}};
+    for (const auto& [code, key] : rows) {
+        EXPECT_TRUE(send(code, QStringLiteral("x")));
+        ASSERT_FALSE(heard.empty());
+        EXPECT_EQ(heard.back(), key);
+    }
+    EXPECT_EQ(heard.size(), std::size(rows));
+    EXPECT_THAT(form->events, IsEmpty()) << "what was taken goes no further";
+    EXPECT_TRUE(send(Qt::Key_P, QStringLiteral("p")));
+    EXPECT_EQ(heard.size(), std::size(rows)) << "a character is none of them";
+    takes = false;
+    EXPECT_TRUE(send(Qt::Key_Return, QStringLiteral("\r")));
+    EXPECT_THAT(form->events, ElementsAre("112", "13"));
+}
+
+TEST_F(FormInput, AFormMayEndWithTheKeyThatItTakes)
+{
+    form->KeyDown = [this](Key) {
+        unload(*form);
+        return true;
+    };
+    EXPECT_TRUE(send(Qt::Key_Escape, QString()));
+    EXPECT_TRUE(form->isDead());
+}
+
 TEST_F(FormInput, AKeyWithoutACharacterIsNotTakenByTheForm)
 {
     listenForKeys();

@@ -32,6 +32,7 @@ public:
         slider.Scroll = [this] { events.push_back("scroll " + text(slider.Value())); };
         slider.MouseUp = [this](const MouseEvent&) { events.push_back("mouse-up"); };
         slider.Click = [this] { events.push_back("click"); };
+        still.takesKeys = false;
         label.autoSize = true;
         image.ToolTip = "A picture";
     }
@@ -43,6 +44,7 @@ public:
     Slider slider{*this, "slider", {150, 1500, 3000, 300}, false};
     PictureBox box{*this, "box", {3000, 150, 1500, 750}};
     Image inside{*this, "inside", {0, 0, 300, 300}, "close", &box};
+    Slider still{*this, "still", {150, 2100, 3000, 300}, false};
     Timer timer{*this, "timer", 5, false};
     std::vector<std::string> events;
 
@@ -93,6 +95,52 @@ TEST_F(Widgets, APressAndReleaseClick)
     EXPECT_THAT(board->events, ElementsAre("down 2", "up 2")) << "the right button clicks nothing";
 }
 
+TEST_F(Widgets, ADoubleClickIsToldBehindItsSecondPress)
+{
+    board->image.DblClick = [this] { board->events.push_back("double"); };
+    QWidget* image = named(*board, "image");
+    press(image);
+    mouseAt(image, QEvent::MouseButtonDblClick, {5, 5}, Qt::LeftButton);
+    mouseAt(image, QEvent::MouseButtonRelease, {5, 5}, Qt::LeftButton);
+    EXPECT_THAT(std::exchange(board->events, {}),
+                ElementsAre("down 1", "up 1", "image", "down 1", "double", "up 1", "image"));
+    mouseAt(image, QEvent::MouseButtonDblClick, {5, 5}, Qt::RightButton);
+    EXPECT_THAT(board->events, ElementsAre("down 2")) << "of the left button alone";
+}
+
+TEST_F(Widgets, AFormMayEndWithTheSecondPressOfADoubleClick)
+{
+    board->image.DblClick = [this] { board->events.push_back("double"); };
+    board->image.MouseDown = [this](const MouseEvent&) { unload(*board); };
+    mouseAt(named(*board, "image"), QEvent::MouseButtonDblClick, {5, 5}, Qt::LeftButton);
+    EXPECT_TRUE(board->isDead());
+    EXPECT_THAT(board->events, ::testing::Not(::testing::Contains("double")));
+}
+
+TEST_F(Widgets, AMouseEventTellsTheKeysThatAreHeld)
+{
+    std::vector<int> held;
+    board->image.MouseDown = [&](const MouseEvent& event) { held.push_back(event.shift); };
+    QWidget* image = named(*board, "image");
+    for (const Qt::KeyboardModifiers keys :
+         {Qt::KeyboardModifiers(Qt::NoModifier), Qt::KeyboardModifiers(Qt::ControlModifier),
+          Qt::KeyboardModifiers(Qt::ShiftModifier), Qt::ControlModifier | Qt::ShiftModifier}) {
+        QMouseEvent event(QEvent::MouseButtonPress, {5, 5}, image->mapToGlobal(QPointF(5, 5)), Qt::RightButton,
+                          Qt::RightButton, keys);
+        QApplication::sendEvent(image, &event);
+    }
+    EXPECT_THAT(held, ElementsAre(0, shift::kControl, shift::kShift, shift::kControl + shift::kShift));
+}
+
+TEST_F(Widgets, ABoxIsFilledWithItsColour)
+{
+    board->box.backColour = Long(0x102030);
+    board->box.Refresh();
+    const QColor shown =
+        windowOf(*board)->grab().toImage().pixelColor(named(*board, "box")->mapTo(windowOf(*board), QPoint(50, 40)));
+    EXPECT_EQ(shown, QColor(0x30, 0x20, 0x10)) << "red is the lowest byte";
+}
+
 TEST_F(Widgets, AReleaseElsewhereIsNoClick)
 {
     QWidget* image = named(*board, "image");
@@ -132,6 +180,12 @@ TEST_F(Widgets, KeysStepASlider)
 {
     pressKey(named(*board, "slider"), Qt::Key_PageDown);
     EXPECT_THAT(board->events, ElementsAre("scroll 10", "click"));
+}
+
+TEST_F(Widgets, ASliderThatTakesNoKeysLeavesThemToTheForm)
+{
+    EXPECT_EQ(named(*board, "still")->focusPolicy(), Qt::NoFocus);
+    EXPECT_NE(named(*board, "slider")->focusPolicy(), Qt::NoFocus);
 }
 
 TEST_F(Widgets, ALabelThatFitsItsTextTellsItsWidth)
