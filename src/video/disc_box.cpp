@@ -36,17 +36,27 @@ double secondsOf(const Text& time)
 } // namespace
 
 DiscBox::DiscBox(Form& form, Text name, TwipsRect place, Control& container)
-    : PictureBox(form, std::move(name), place, &container), tmrFollow(form, "tmrFollow", kFollowMs, false)
+    : PictureBox(form, std::move(name), place, &container),
+      lblTrouble(form, *this),
+      tmrFollow(form, "tmrFollow", kFollowMs, false)
 {
     dark = true;
-    Resize = [this] { showPicture(); };
-    tmrFollow.Tick = [this] {
-        if (player_)
-            player_->follow();
+    Resize = [this] {
+        lblTrouble.placeIn(width(), height());
+        showPicture();
     };
+    tmrFollow.Tick = [this] { follow(); };
 }
 
 DiscBox::~DiscBox() = default;
+
+void DiscBox::follow()
+{
+    if (!player_)
+        return;
+    player_->follow();
+    lblTrouble.tell(player_->trouble());
+}
 
 void DiscBox::View(const Text& what)
 {
@@ -97,9 +107,7 @@ void DiscBox::Build()
     findDisc();
     if (isOpen() && open_ == found_)
         return;
-    player_.reset();
-    open_.clear();
-    tmrFollow.Enabled = false;
+    close();
     if (!facts_.encrypted)
         return;
     facts_ = {};
@@ -143,11 +151,17 @@ void DiscBox::Stop()
     end();
 }
 
-void DiscBox::end()
+void DiscBox::close()
 {
     tmrFollow.Enabled = false;
     player_.reset();
     open_.clear();
+    lblTrouble.forget();
+}
+
+void DiscBox::end()
+{
+    close();
     found_.clear();
     facts_ = {};
 }

@@ -3,6 +3,7 @@
 
 #include "platform/players.h"
 #include "toolkit/form.h"
+#include "video/trouble_label.h"
 #include "video/video_control.h"
 
 #include <memory>
@@ -36,6 +37,7 @@ public:
     /// Its form ends.
     void end();
 
+    TroubleLabel lblTrouble;
     Timer tmrFollow;
 
 private:
@@ -48,6 +50,9 @@ private:
     Text TotalTitleTime() const override;
     void PlayAtTime(const Text& time) override;
 
+    void follow();
+    /// Lets go of what plays.
+    void close();
     void findDisc();
     bool isOpen() const;
     /// Raises where no disc is open.

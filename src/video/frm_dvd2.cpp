@@ -46,13 +46,20 @@ void frmDVD2::onLoad()
     takeHold();
     screen().MousePointer = pointer::kHourglass;
     chooseNoDrive();
-    findDrive();
-    if (!DriveIndex.empty() && !programEnded())
-        useDrive();
+    // A drive may go while the user chooses it.
+    if (!trap([this] { useChosenDrive(); }))
+        chooseNoDrive();
     takeCorner();
     Refresh();
     Unload<class frmWait>();
     screen().MousePointer = pointer::kDefault;
+}
+
+void frmDVD2::useChosenDrive()
+{
+    findDrive();
+    if (!DriveIndex.empty() && !programEnded())
+        useDrive();
 }
 
 void frmDVD2::findDrive()

@@ -29,6 +29,7 @@ protected:
     bool dropsPanel(bool) const override { return true; }
 
 private:
+    void useChosenDrive();
     void findDrive();
     /// True where a disc was asked for by its path, and a drive stands for that now.
     bool takeWantedDisc();

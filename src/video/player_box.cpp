@@ -1,7 +1,5 @@
 #include "video/player_box.h"
 
-#include "media/shared_state.h"
-#include "texts/localised.h"
 #include "toolkit/screen.h"
 
 #include <algorithm>
@@ -35,15 +33,12 @@ Text playerTime(double seconds)
 
 PlayerBox::PlayerBox(VideoForm& form, Text name, TwipsRect place)
     : PictureBox(form, std::move(name), place),
-      lblTrouble(form, "lblTrouble", {0, 0, 1, 1}, "", this),
+      lblTrouble(form, *this),
       bar(form, this, *this),
       tmrFollow(form, "tmrFollow", kFollowMs, false),
       owner_(form)
 {
     dark = true;
-    lblTrouble.alignment = Alignment::Centre;
-    lblTrouble.role = TextRole::Quiet;
-    lblTrouble.Visible = false;
     tmrFollow.Tick = [this] { follow(); };
     MouseMove = [this](const MouseEvent& event) { pointAt(event); };
     MouseDown = [this](const MouseEvent& event) { press(event); };
@@ -93,8 +88,8 @@ void PlayerBox::close()
     player_ = nullptr;
     film_.reset();
     disc_.reset();
-    nothingToPlay_ = troubleTold_ = false;
-    lblTrouble.Visible = false;
+    nothingToPlay_ = false;
+    lblTrouble.forget();
     url_.clear();
 }
 
@@ -188,27 +183,11 @@ void PlayerBox::follow()
     if (player_)
         player_->follow();
     bar.follow();
-    tellTrouble();
-}
-
-void PlayerBox::tellTrouble()
-{
-    const MediaTrouble what = trouble();
-    if (what == MediaTrouble::None || troubleTold_)
-        return;
-    troubleTold_ = true;
     // Without its picture a film may still be heard.
-    if (!player_ || player_->isIdle())
+    const MediaTrouble what = trouble();
+    if (what != MediaTrouble::None && (!player_ || player_->isIdle()))
         leaveScreen();
-    const Text message = localised(what == MediaTrouble::CodecMissing ? "message.codecMissing"
-                                   : what == MediaTrouble::Encrypted  ? "message.discEncrypted"
-                                                                      : "message.cannotPlay");
-    lblTrouble.Caption = message;
-    lblTrouble.Visible = true;
-    layOut();
-    // A file that can't be played shows that; what the user could mend is told.
-    if (what != MediaTrouble::NotPlayable)
-        backend().messageBox(message, BoxStyle::Exclamation, AppTitle);
+    lblTrouble.tell(what);
 }
 
 } // namespace tandrel

@@ -6,6 +6,7 @@
 #include "video/drive_list.h"
 #include "video/media_player_control.h"
 #include "video/player_bar.h"
+#include "video/trouble_label.h"
 #include "video/video_form.h"
 
 #include <memory>
@@ -64,7 +65,7 @@ public:
     /// Its form ends.
     void end();
 
-    Label lblTrouble;
+    TroubleLabel lblTrouble;
     PlayerBar bar;
     Timer tmrFollow;
 
@@ -95,7 +96,6 @@ private:
     /// A medium was given; whether it plays or not.
     void requireMedium() const;
     void follow();
-    void tellTrouble();
     MediaTrouble trouble() const;
     void showPicture();
     PixelRect seenPart() const;
@@ -112,7 +112,6 @@ private:
     MediumPlayer* player_ = nullptr;
     /// There is no player for what was asked for.
     bool nothingToPlay_ = false;
-    bool troubleTold_ = false;
     std::shared_ptr<PlayerScreen> screen_;
 };
 

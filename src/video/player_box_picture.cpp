@@ -34,9 +34,7 @@ void PlayerBox::layOut()
 {
     bar.place({0, height() - PlayerBar::kHeight, width(), PlayerBar::kHeight});
     const PixelRect seen = seenPart();
-    const Long high = lblTrouble.visible() ? Long(600) : Long(0);
-    lblTrouble.move(
-        {0, (seen.height() * screen().TwipsPerPixelY() - high) / 2, seen.width() * screen().TwipsPerPixelX(), high});
+    lblTrouble.placeIn(seen.width() * screen().TwipsPerPixelX(), seen.height() * screen().TwipsPerPixelY());
     showPicture();
 }
 

@@ -158,6 +158,33 @@ TEST_F(VideoDiscBox, AnEncryptedDiscIsSaidAndIsNone)
     EXPECT_EQ(errorOf([this] { dvd(); }), error::kNoObject);
 }
 
+TEST_F(VideoDiscBox, ADiscThatStopsPlayingSaysSoInItsPicture)
+{
+    play();
+    EXPECT_FALSE(box().lblTrouble.visible());
+    medium().trouble = MediaTrouble::NotPlayable;
+    medium().idle = true;
+    box().tmrFollow.tick();
+    EXPECT_TRUE(box().lblTrouble.visible());
+    EXPECT_EQ(box().lblTrouble.caption(), "Media File can't be played!");
+    EXPECT_THAT(world.backend.boxes, IsEmpty());
+    medium().trouble = MediaTrouble::None;
+    medium().idle = false;
+    build();
+    EXPECT_TRUE(box().lblTrouble.visible()) << "it plays still";
+    build("DVD:/elsewhere");
+    EXPECT_FALSE(box().lblTrouble.visible());
+}
+
+TEST_F(VideoDiscBox, ADiscThatTurnsOutToBeEncryptedIsTold)
+{
+    play();
+    medium().trouble = MediaTrouble::Encrypted;
+    box().tmrFollow.tick();
+    box().tmrFollow.tick();
+    EXPECT_THAT(world.backend.boxes, SizeIs(1));
+}
+
 TEST_F(VideoDiscBox, TheCommandsReachThePlayer)
 {
     play();

@@ -156,6 +156,22 @@ TEST_F(VideoDvd2, ACancelLeavesTheFormUpAndEmpty)
     EXPECT_THAT(world.drives.ejected, IsEmpty());
 }
 
+TEST_F(VideoDvd2, ADriveThatGoesWhileItIsChosenLeavesTheFormEmpty)
+{
+    threeDrives();
+    inDialog([&](class frmDriver& dialog) {
+        choose(dialog, 2);
+        world.drives.drives.clear();
+        frmDVD2().picDVD.cdromCollection().count();
+    });
+    class frmDVD2& window = frmDVD2();
+    EXPECT_EQ(window.DriveIndex, "");
+    EXPECT_EQ(window.DriveURL, "");
+    EXPECT_FALSE(Loaded<class frmWait>());
+    EXPECT_EQ(screen().MousePointer(), pointer::kDefault);
+    EXPECT_EQ(window.left(), console().FullLeft + 400);
+}
+
 TEST_F(VideoDvd2, OkWithoutAChoiceSaysSoAndKeepsTheDialog)
 {
     threeDrives();
