@@ -61,7 +61,9 @@ bool isDiscPath(const Text& path)
         folder.pop_back();
     if (upper(folder).ends_with(".ISO") || upper(fileNameOf(folder)) == "VIDEO_TS")
         return true;
-    return !services().files->dir(folder + "/VIDEO_TS/VIDEO_TS.IFO").empty();
+    // Discs are mounted with names of either case.
+    const auto holds = [&](const char* table) { return !services().files->dir(folder + table).empty(); };
+    return holds("/VIDEO_TS/VIDEO_TS.IFO") || holds("/video_ts/video_ts.ifo");
 }
 
 } // namespace tandrel

@@ -5,6 +5,7 @@
 #include "console/open_command.h"
 #include "desktop/system_facts.h"
 #include "media/shared_state.h"
+#include "texts/frm_tool_tip.h"
 #include "toolkit/trap.h"
 #include "video/frm_dvd.h"
 #include "video/frm_dvd2.h"
@@ -45,6 +46,7 @@ void frmMedia::playDisc(const Text& path)
     if (isBusy() || ClosingDown)
         return;
     const OpenCommand command(*this);
+    Unload<class frmToolTip>();
     Unload<class frmMKV>();
     runBatch(0, [&] {
         closeAllVideos();

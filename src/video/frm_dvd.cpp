@@ -102,8 +102,9 @@ void frmDVD::onActivate()
     if (!FullScreenOn)
         ScreenSaverSwitch(true);
     screen().MousePointer = pointer::kHourglass;
-    if (trap([this] { becomeActive(); }))
-        screen().MousePointer = pointer::kDefault;
+    trap([this] { becomeActive(); });
+    // Left behind by an error it would keep every command away as busy.
+    screen().MousePointer = pointer::kDefault;
 }
 
 void frmDVD::becomeActive()

@@ -32,8 +32,9 @@ PlayerWindow::PlayerWindow(Text name, Text caption) : VideoForm(std::move(name),
 void PlayerWindow::onActivate()
 {
     screen().MousePointer = pointer::kHourglass;
-    if (trap([this] { becomeActive(); }))
-        screen().MousePointer = pointer::kDefault;
+    trap([this] { becomeActive(); });
+    // Left behind by an error it would keep every command away as busy.
+    screen().MousePointer = pointer::kDefault;
     picDVD.bringScreenUp();
 }
 

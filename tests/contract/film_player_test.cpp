@@ -168,8 +168,9 @@ TEST_F(Films, APlaceThatIsAskedForCountsAtOnce)
     letPass(500ms);
     EXPECT_NEAR(player->position(), 3, 0.05);
     EXPECT_TRUE(player->isPaused());
+    // The first picture of this file has a time of its own, a little later.
     player->seek(-4);
-    EXPECT_EQ(player->position(), 0);
+    EXPECT_NEAR(player->position(), 0, 0.05);
     player->seek(1000);
     EXPECT_NEAR(player->position(), 10, 0.2);
     player->seek(std::nan(""));

@@ -122,11 +122,12 @@ TEST_F(ConsoleOtherMedia, AFurtherStartWithDvdOpensItTwoHundredTwipsFurther)
 
 TEST_F(ConsoleOtherMedia, ADiscPathOnTheCommandLineIsADisc)
 {
-    world.files.content["/discs/film/VIDEO_TS/VIDEO_TS.IFO"] = {};
-    for (const char* path : {"/images/a.iso", "/images/B.ISO", "/discs/VIDEO_TS", "/discs/video_ts/", "/discs/film"}) {
+    for (const char* path :
+         {"/images/a.iso", "/images/B.ISO", "/discs/VIDEO_TS", "/discs/video_ts/", "/discs/film", "/discs/small"}) {
         World fresh;
         fresh.settled();
         fresh.files.content["/discs/film/VIDEO_TS/VIDEO_TS.IFO"] = {};
+        fresh.files.content["/discs/small/video_ts/video_ts.ifo"] = {};
         setCommandLine({tandrel::quoted(path), {}});
         frmStart().start();
         ASSERT_TRUE(Loaded<class frmDVD2>()) << path;

@@ -196,6 +196,15 @@ TEST_F(VideoDvd, ADiscThatIsPutInPlaysWithTheNextActivation)
     EXPECT_EQ(window.Titles, 2);
 }
 
+TEST_F(VideoDvd, AnErrorInTheActivationLeavesNoHourglassBehind)
+{
+    world.drives.add('D', "A_DISC");
+    world.players.hasDiscs = false;
+    frmDVD().Show();
+    EXPECT_EQ(screen().MousePointer(), pointer::kDefault);
+    EXPECT_NE(title(), kPlainTitle);
+}
+
 TEST_F(VideoDvd, ARightButtonThatIsDownAtTheActivationFillsTheScreen)
 {
     class frmDVD& window = openDisc();
