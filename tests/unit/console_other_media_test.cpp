@@ -437,4 +437,53 @@ TEST_F(ConsoleOtherMedia, TheReturnOfTheConsoleShowsTheWindowThatCommandsGoTo)
     EXPECT_FALSE(ResizePending);
 }
 
+TEST_F(ConsoleOtherMedia, TheWindowsEndInTheirOrder)
+{
+    begin();
+    world.backend.windows = true;
+    openAll();
+    world.journal.clear();
+    unload(console());
+    EXPECT_THAT(chosen(world.journal,
+                       [](const std::string& line) {
+                           return line == "frmDVD hide" || line == "frmDVD2 hide" || line == "frmMKV hide";
+                       }),
+                ElementsAre("frmDVD hide", "frmDVD2 hide", "frmMKV hide"));
+}
+
+TEST_F(ConsoleOtherMedia, ADiscIsWantedByItsPathOnlyOnce)
+{
+    begin();
+    console().openDropped({"/images/a.iso"});
+    world.drives.add('E', "ANOTHER");
+    bool asked = false;
+    world.backend.whileModal["frmDriver"] = [&](Form&) { asked = true; };
+    console().OpenSingleVideoDVD();
+    EXPECT_TRUE(asked);
+}
+
+TEST_F(ConsoleOtherMedia, OnAnOlderSystemADiscThatPlaysIsEndedBeforeAnotherToo)
+{
+    begin(true);
+    world.drives.add('D', "A_DISC");
+    console().OpenSingleVideoDVD();
+    const auto first = frmDVD().shared_from_this();
+    console().OpenSingleVideoDVD();
+    EXPECT_TRUE(first->isDead());
+    EXPECT_TRUE(Loaded<class frmDVD>());
+    EXPECT_EQ(world.players.disc.alive, 1);
+}
+
+TEST_F(ConsoleOtherMedia, AHandoverOfWhatIsOpenEndsNothing)
+{
+    begin();
+    open(0);
+    openFilm();
+    world.files.content["/data/list.dat"] = {alias(0)};
+    forgetActivation(console());
+    activate(console());
+    EXPECT_TRUE(Loaded<class frmMKV>());
+    EXPECT_EQ(liveCount(), 1);
+}
+
 } // namespace tandrel::test

@@ -337,4 +337,54 @@ TEST_F(VideoDvd2, ItsControlAndWheelAreThoseOfAnHdWindow)
     EXPECT_EQ(rectOf(window), (Rect{0, 0, 4405, 3309}));
 }
 
+TEST_F(VideoDvd2, WhileItLooksForADriveTheWaitIsUp)
+{
+    bool waitIsUp = false;
+    world.backend.whileBoxIsUp = [&] { waitIsUp = Loaded<class frmWait>() && frmWait().visible(); };
+    frmDVD2();
+    EXPECT_TRUE(waitIsUp);
+    EXPECT_FALSE(Loaded<class frmWait>());
+}
+
+TEST_F(VideoDvd2, WhileTheMessageAsksForADiscTheWaitIsGone)
+{
+    world.drives.add('D', "A_DISC");
+    world.drives.drives[0].ready = false;
+    bool waitIsUp = true;
+    world.backend.whileModal["frmUpdate"] = [&](Form&) { waitIsUp = Loaded<class frmWait>(); };
+    frmDVD2();
+    EXPECT_FALSE(waitIsUp);
+}
+
+TEST_F(VideoDvd2, InFullScreenOfAnotherWindowAnActivationLeavesTheScreenSaverOff)
+{
+    class frmDVD2& window = openDisc2();
+    FullScreenOn = true;
+    world.screenSaver.switched.clear();
+    activateAgain(window);
+    EXPECT_THAT(world.screenSaver.switched, IsEmpty());
+    FullScreenOn = false;
+}
+
+TEST_F(VideoDvd2, ACancelForgetsTheDriveThatWasChosenBefore)
+{
+    threeDrives();
+    inDialog([](class frmDriver& dialog) {
+        frmDVD2().chooseDrive(2, 'F');
+        dialog.cmdCancel.userClick();
+    });
+    EXPECT_EQ(frmDVD2().DriveIndex, "");
+    EXPECT_EQ(frmDVD2().DriveURL, "");
+    EXPECT_THAT(askedOfDisc(), IsEmpty());
+}
+
+TEST_F(VideoDvd2, TheEndOfTheProgramLetsGoOfTheDiscBeforeItsWindow)
+{
+    class frmDVD2& window = openDisc2();
+    endPlayers();
+    EXPECT_EQ(world.players.disc.alive, 0);
+    EXPECT_TRUE(window.isLoaded());
+    EXPECT_EQ(otherMedia().dvd2.form, nullptr);
+}
+
 } // namespace tandrel::test

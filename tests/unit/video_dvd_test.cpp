@@ -475,4 +475,47 @@ TEST_F(VideoDvd, HidingTheConsoleHoldsItAndItsReturnPlaysOn)
     EXPECT_EQ(world.players.disc.alive, 1);
 }
 
+TEST_F(VideoDvd, ARightClickBehindTheMessageAsksAgainToo)
+{
+    noteNotices();
+    class frmDVD& window = frmDVD();
+    window.Show();
+    console().SetFocus();
+    world.pointer.right = true;
+    window.SetFocus();
+    EXPECT_EQ(asked_, 2);
+}
+
+TEST_F(VideoDvd, InFullScreenAnActivationLeavesTheScreenSaverOff)
+{
+    class frmDVD& window = openDisc();
+    activateAgain(window, true);
+    world.screenSaver.switched.clear();
+    activateAgain(window);
+    EXPECT_THAT(world.screenSaver.switched, Not(Contains(true)));
+}
+
+TEST_F(VideoDvd, WithItsDiscGoneTheGraphIsGoneToo)
+{
+    class frmDVD& window = openDisc();
+    ASSERT_NE(window.DVDAdmin, nullptr);
+    world.drives.drives.clear();
+    EXPECT_EQ(window.BuildGraph(), 0);
+    EXPECT_EQ(window.oVidWebDVD, nullptr);
+    EXPECT_EQ(window.DVDAdmin, nullptr);
+}
+
+TEST_F(VideoDvd, WhileTheMessageAsksForADiscNothingElseSeemsBusy)
+{
+    bool waitIsUp = true;
+    Integer shape = pointer::kHourglass;
+    world.backend.whileModal["frmUpdate"] = [&](Form&) {
+        waitIsUp = Loaded<class frmWait>();
+        shape = screen().MousePointer();
+    };
+    console().OpenSingleVideoDVD();
+    EXPECT_FALSE(waitIsUp);
+    EXPECT_EQ(shape, pointer::kDefault);
+}
+
 } // namespace tandrel::test

@@ -363,4 +363,32 @@ TEST_F(VideoMkv, ItOpensTheTrayAsTheWindowsOfDiscsDo)
     EXPECT_THAT(world.mci.sent(), ElementsAre("set CDAudio door open"));
 }
 
+TEST_F(VideoMkv, OutsideFullScreenAnActivationLeavesTheWatchOnThePointerAlone)
+{
+    class frmMKV& window = openFilm();
+    console().Timer4.Enabled = false;
+    activateAgain(window);
+    EXPECT_FALSE(console().Timer4.enabled());
+}
+
+TEST_F(VideoMkv, AFilmOfTheSameTitleShowsItAnew)
+{
+    world.players.film.title = "A Film";
+    openFilm();
+    tick1();
+    Unload<class frmMKV>();
+    ASSERT_EQ(title(), "");
+    openFilm();
+    tick1();
+    EXPECT_EQ(title(), titled("A Film"));
+}
+
+TEST_F(VideoMkv, ItsPictureFollowsItsSize)
+{
+    class frmMKV& window = openFilm();
+    forgetAsked();
+    window.Move({0, 0, 9100, 6400});
+    EXPECT_THAT(askedOfFilm(), Contains("showIn 0 600x400"));
+}
+
 } // namespace tandrel::test
