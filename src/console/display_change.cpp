@@ -12,6 +12,13 @@
 namespace tandrel
 {
 
+void frmMedia::endFullScreenOfPlayer()
+{
+    for (const auto* window : {&otherMedia().dvd2, &otherMedia().mkv})
+        if (window->control && window->control->fullScreen)
+            window->control->fullScreen = false;
+}
+
 void frmMedia::followMonitors()
 {
     const PixelRect before = consoleMonitor();
@@ -28,6 +35,7 @@ void frmMedia::followMonitors()
         FullMedia.clear();
         followEndOfFullScreen();
     }
+    endFullScreenOfPlayer();
     // The panel finds the new monitor when it is loaded anew.
     Unload<class frmPanel>();
     monitors().bringWithinReach(*this);

@@ -199,6 +199,8 @@ private:
     void openHdFile(const Text& path);
     /// The disc in a drive; with a path, the disc there.
     void openDvd(const Text& path = {});
+    /// The disc image that was chosen as a file.
+    void openChosenDisc();
     /// A disc at a path instead of all that is open.
     void playDisc(const Text& path);
     void followOtherMedia();
@@ -217,7 +219,8 @@ private:
     /// A long command with its notice in front and the timers off; an error ends it properly. The notice counts to
     /// `files`.
     void runBatch(Long files, const std::function<void()>& work);
-    void closeAllVideos();
+    /// `forNewFile`: the last entry of the list of open videos is that of the file to come, and stays.
+    void closeAllVideos(bool forNewFile = true);
     /// Behind an error in the middle of a batch: what has not come to its open is not open.
     void forgetUnopened();
     void openReplacing();
@@ -322,6 +325,7 @@ private:
     // display_change.cpp
     /// Monitors have come, gone or changed.
     void followMonitors();
+    void endFullScreenOfPlayer();
 
     // monitor_full_screen.cpp
     void parkCursor();
@@ -334,6 +338,8 @@ private:
     void watchTouch();
     void refit();
     void leaveByDoubleClick();
+    /// What commands go to is a player that fills the screen.
+    bool playerIsFull() const;
     void leavePlayer(const ControlWindow<MediaPlayerControl, Form>& player);
     void leaveDisc();
     void leaveFullScreen();

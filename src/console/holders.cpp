@@ -33,6 +33,11 @@ namespace tandrel
     void Unload<class form>()                                                                                          \
     {                                                                                                                  \
         Holder<class form>::end();                                                                                     \
+    }                                                                                                                  \
+    template <>                                                                                                        \
+    void Renew<class form>()                                                                                           \
+    {                                                                                                                  \
+        Holder<class form>::renew();                                                                                   \
     }
 
 TANDREL_HOLDER(frmStart)

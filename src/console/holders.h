@@ -12,13 +12,19 @@ bool Loaded();
 template <class F>
 void Unload();
 
+/// Lets go of a form whose end is under way, so that the next touch makes a new one: `Renew<class frmMKV>()`.
+template <class F>
+void Renew();
+
 #define TANDREL_FORM(form)                                                                                             \
     class form;                                                                                                        \
     class form& form();                                                                                                \
     template <>                                                                                                        \
     bool Loaded<class form>();                                                                                         \
     template <>                                                                                                        \
-    void Unload<class form>();
+    void Unload<class form>();                                                                                         \
+    template <>                                                                                                        \
+    void Renew<class form>();
 
 TANDREL_FORM(frmStart)
 TANDREL_FORM(frmMedia)

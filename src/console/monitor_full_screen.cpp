@@ -133,19 +133,24 @@ void frmMedia::leaveByDoubleClick()
 {
     if (ClickState != 1.0)
         return;
-    auto* player = playerWindow();
-    bool playerIsFull = false;
-    if (player)
-        ignoringErrors([&] { playerIsFull = controlOf(*player).fullScreen; });
     const bool pictureOnly = FullScreenOn && !PanelUp && !FullMenuOpen;
-    if (playerIsFull)
-        leavePlayer(*player);
+    if (playerIsFull())
+        leavePlayer(*playerWindow());
     else if (mediaKind() == MediaKind::DiscOnVideoControl && pictureOnly)
         leaveDisc();
     else if (!FullMedia.empty() && pictureOnly)
         leaveFullScreen();
     else
         PanelUp = false;
+}
+
+bool frmMedia::playerIsFull() const
+{
+    const auto* player = playerWindow();
+    bool full = false;
+    if (player)
+        ignoringErrors([&] { full = controlOf(*player).fullScreen; });
+    return full;
 }
 
 void frmMedia::leavePlayer(const ControlWindow<MediaPlayerControl>& player)
@@ -161,7 +166,8 @@ void frmMedia::leaveDisc()
     ScreenSaverSwitch(true);
     showParkedCursor();
     if (VideoWindow* window = otherMedia().dvd.form) {
-        window->returnFromScreen();
+        if (window->Full)
+            window->returnFromScreen();
         window->showStrips(true);
         window->Show();
         window->SetFocus();

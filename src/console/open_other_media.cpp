@@ -11,12 +11,15 @@
 #include "video/frm_dvd2.h"
 #include "video/frm_mkv.h"
 #include "video/other_media.h"
+#include "video/slots.h"
 
 namespace tandrel
 {
 
 void frmMedia::openHdFile(const Text& path)
 {
+    // The last one may be about to end, behind the handler that led here.
+    Renew<class frmMKV>();
     class frmMKV& window = frmMKV();
     window.MediaFile = path;
     window.Caption = frmMKV::kCaptionMark + path;
@@ -29,6 +32,8 @@ void frmMedia::openDvd(const Text& path)
     DiscWanted = path;
     Unload<class frmDVD>();
     Unload<class frmDVD2>();
+    Renew<class frmDVD>();
+    Renew<class frmDVD2>();
     if (isOlderSystem(WindowsVersion)) {
         frmDVD().Titles = 0;
         frmDVD().Show();
@@ -41,6 +46,14 @@ void frmMedia::openDvd(const Text& path)
     followOtherMedia();
 }
 
+void frmMedia::openChosenDisc()
+{
+    const Text path = List1.List(0);
+    // A disc is no open video, and may be chosen again.
+    dropOpenEntry(path);
+    openDvd(path);
+}
+
 void frmMedia::playDisc(const Text& path)
 {
     if (isBusy() || ClosingDown)
@@ -49,7 +62,7 @@ void frmMedia::playDisc(const Text& path)
     Unload<class frmToolTip>();
     Unload<class frmMKV>();
     runBatch(0, [&] {
-        closeAllVideos();
+        closeAllVideos(false);
         openDvd(path);
     });
 }

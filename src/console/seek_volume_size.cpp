@@ -176,6 +176,7 @@ void frmMedia::chkFullscreen_Click()
         return;
     }
     const bool wasFull = fullWindow() != nullptr;
+    const bool playerWasFull = playerIsFull();
     chkFullscreen.Value = 0;
     FullScreenOn = true;
     ScreenSaverSwitch(false);
@@ -184,7 +185,9 @@ void frmMedia::chkFullscreen_Click()
     // The play has taken the flag back. What fills the screen follows it, and what was asked for comes by the road of
     // the right click.
     followEndOfFullScreen();
-    if (!wasFull)
+    if (playerWasFull)
+        leavePlayer(*playerWindow());
+    else if (!wasFull)
         fillByCommand();
 }
 

@@ -80,7 +80,7 @@ void frmMedia::OpenSingleVideo()
         if (isHd)
             openHdFile(List1.List(0));
         else if (isDisc)
-            openDvd(List1.List(0));
+            openChosenDisc();
         else
             openReplacing();
     });
@@ -122,7 +122,7 @@ void frmMedia::OpenSingleVideoDVD()
     if (!tellFirstTip())
         return;
     runBatch(0, [this] {
-        closeAllVideos();
+        closeAllVideos(false);
         openDvd();
     });
     SetFocus();
@@ -188,12 +188,12 @@ void frmMedia::forgetUnopened()
             dropOpenEntry(path);
 }
 
-void frmMedia::closeAllVideos()
+void frmMedia::closeAllVideos(bool forNewFile)
 {
-    forEachLive([this](frmChild& window) {
+    forEachLive([&](frmChild& window) {
         window.Visible = false;
         // The list is cut below; the window's own entry may be the one of the new file.
-        window.Listed = false;
+        window.Listed = !forNewFile;
         MediaClose(window.MediaFile);
         unload(window);
         keepWaitInFront();

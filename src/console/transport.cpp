@@ -39,7 +39,12 @@ constexpr std::array<ButtonRow, 5> kButtons{{
 }};
 
 void hold(VideoControl& disc) { disc.Pause(); }
-void hold(MediaPlayerControl& player) { player.controls().pause(); }
+void hold(MediaPlayerControl& player)
+{
+    if (player.fullScreen)
+        player.fullScreen = false;
+    player.controls().pause();
+}
 
 /// Pauses the control and hides its window, as far as either can be done.
 template <class Control, class Window>
@@ -61,6 +66,8 @@ void frmMedia::wireTransport()
         onImage(this->*row.image, [this, &row] {
             if (!tellOtherMedia(row.command))
                 (this->*row.onFiles)();
+            else if (row.command == Transport::Forward && mediaKind() == MediaKind::Hd)
+                cmdFwd.Value = true;
         });
     onImage(imgBack, [this] { imgBack_Click(); });
     onImage(imgStep, [this] { imgStep_Click(); });

@@ -24,6 +24,12 @@ public:
         return *form;
     }
     static bool loaded() { return instance() && instance()->isLoaded(); }
+    /// An instance whose end is under way is let go of, so that the next touch makes a new one.
+    static void renew()
+    {
+        if (const auto form = instance(); form && form->isEnding())
+            instance().reset();
+    }
     /// Does nothing where it isn't loaded.
     static void end()
     {

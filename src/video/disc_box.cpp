@@ -77,42 +77,54 @@ void DiscBox::setFeaturesActive(const std::vector<VideoFeature>& features)
 
 bool DiscBox::isOpen() const { return player_ && !player_->isIdle(); }
 
+bool DiscBox::isStillThere()
+{
+    if (!isOpen() || !wanted_.empty())
+        return isOpen() && wanted_ == open_;
+    // Its own drive alone is asked: each may take its time.
+    DiscDrives& drives = *services().drives;
+    for (int index = 0, count = drives.count(); index < count; ++index)
+        if (drives.pathOf(drives.driveSpecifier(index).front()) == open_)
+            return drives.isReady(index);
+    return false;
+}
+
 void DiscBox::findDisc()
 {
-    DiscDrives& drives = *services().drives;
-    std::vector<Text> places;
-    if (!wanted_.empty()) {
-        places.push_back(wanted_);
-    } else {
-        for (int index = 0, count = drives.count(); index < count; ++index)
-            if (drives.isReady(index))
-                places.push_back(drives.pathOf(drives.driveSpecifier(index).front()));
-    }
-    // What plays is left alone as long as its drive holds a disc.
-    if (isOpen() && std::find(places.begin(), places.end(), open_) != places.end())
-        return;
     facts_ = {};
     found_.clear();
-    for (const Text& place : places) {
-        facts_ = drives.look(place);
-        if (facts_.titles.empty())
-            continue;
-        found_ = place;
+    if (!wanted_.empty()) {
+        look(wanted_);
         return;
     }
+    DiscDrives& drives = *services().drives;
+    for (int index = 0, count = drives.count(); index < count && found_.empty(); ++index)
+        if (drives.isReady(index))
+            look(drives.pathOf(drives.driveSpecifier(index).front()));
+}
+
+void DiscBox::look(const Text& path)
+{
+    facts_ = services().drives->look(path);
+    if (!facts_.titles.empty())
+        found_ = path;
 }
 
 void DiscBox::Build()
 {
-    findDisc();
-    if (isOpen() && open_ == found_)
+    if (isStillThere())
         return;
+    findDisc();
     close();
-    if (!facts_.encrypted)
+    const Text encrypted = facts_.encrypted ? found_ : Text();
+    const bool isNews = encrypted != encrypted_;
+    encrypted_ = encrypted;
+    if (encrypted.empty())
         return;
     facts_ = {};
     found_.clear();
-    backend().messageBox(localised("message.discEncrypted"), BoxStyle::Exclamation, AppTitle);
+    if (isNews)
+        lblTrouble.tell(MediaTrouble::Encrypted);
 }
 
 WebDvd& DiscBox::InputActive()
@@ -133,8 +145,10 @@ void DiscBox::Run()
     if (found_.empty())
         throw RuntimeError(error::kNoObject, "No disc");
     player_ = services().players->discPlayer();
-    if (!player_)
+    if (!player_) {
+        lblTrouble.tell(MediaTrouble::NotPlayable);
         throw RuntimeError(error::kNoObject, "No player");
+    }
     open_ = found_;
     player_->setVolume(kLoudestLevel);
     player_->allowCaptions(captions_);
@@ -147,8 +161,10 @@ void DiscBox::Pause() { player().pause(); }
 
 void DiscBox::Stop()
 {
-    player();
+    const bool wasOpen = isOpen();
     end();
+    if (!wasOpen)
+        throw RuntimeError(error::kNoObject, "No disc");
 }
 
 void DiscBox::close()

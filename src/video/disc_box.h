@@ -29,6 +29,8 @@ public:
     void setColorKey(Long colour) override;
     Long ColorKey() const override { return backColour.value_or(Long(0)); }
 
+    /// The disc that was found last can't be played, as it is encrypted.
+    bool isEncrypted() const { return !encrypted_.empty(); }
     /// A key of the form, where it moves in a menu. True where it did.
     bool takeKey(Key key);
     void pointAt(const MouseEvent& event);
@@ -53,7 +55,10 @@ private:
     void follow();
     /// Lets go of what plays.
     void close();
+    /// What plays is what is viewed, and its drive holds it still.
+    bool isStillThere();
     void findDisc();
+    void look(const Text& path);
     bool isOpen() const;
     /// Raises where no disc is open.
     DiscPlayer& player() const;
@@ -67,6 +72,8 @@ private:
     /// What was found, and what is open.
     Text found_;
     Text open_;
+    /// The encrypted disc that was told of.
+    Text encrypted_;
     bool captions_ = false;
 };
 

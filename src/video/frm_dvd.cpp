@@ -13,6 +13,7 @@
 #include "toolkit/screen.h"
 #include "toolkit/trap.h"
 #include "video/other_media.h"
+#include "video/player_window.h"
 
 #include <utility>
 
@@ -27,6 +28,8 @@ constexpr int kColorKey = 263173;
 // What the height loses so that the window is laid out anew.
 constexpr int kLayoutTwips = 15;
 constexpr std::size_t kTitleBlanks = 50;
+// How long the window system may take to tell of the window that comes to the front behind a message.
+constexpr int kSwallowMs = 1500;
 
 } // namespace
 
@@ -97,7 +100,7 @@ void frmDVD::onActivate()
 {
     // The activation that the end of the message brings is no reason to ask again; one by the user's click is.
     const bool byClick = buttonIsDown(MouseButton::Left) || buttonIsDown(MouseButton::Right);
-    if (std::exchange(asking_, false) && !byClick)
+    if (std::exchange(asked_, false) && !byClick)
         return;
     if (!FullScreenOn)
         ScreenSaverSwitch(true);
@@ -161,11 +164,19 @@ void frmDVD::startDisc()
 void frmDVD::askForDisc()
 {
     Titles = -1;
+    // That has been told, and another disc would have to be put in as well.
+    if (dvdPicture.isEncrypted())
+        return;
     OpenDoor();
     Unload<class frmWait>();
     screen().MousePointer = pointer::kDefault;
-    asking_ = true;
+    asked_ = true;
     frmMedia().tell(localised("message.insertDisc") + "\n");
+    // It comes soon, or never.
+    backend().later(kSwallowMs, [window = weak_from_this()] {
+        if (const auto alive = std::static_pointer_cast<class frmDVD>(window.lock()))
+            alive->asked_ = false;
+    });
 }
 
 void frmDVD::onResize()
@@ -208,13 +219,16 @@ void frmDVD::onUnload()
         frmMedia().Timer4.Enabled = true;
     }
     WheelHookRemove(hWnd());
-    class frmMedia& console = frmMedia();
-    console.lblCurTime.Caption = "0:00:00";
-    console.lblDuration.Caption = "0:00:00";
-    console.lblTitleBar.Caption = "";
-    console.SetFocus();
-    DVDMode = false;
-    otherMedia().dvd = {};
+    // Another one may have come already, or come with the focus.
+    const auto isTheOne = [this] { return otherMedia().dvd.form == this; };
+    if (isTheOne()) {
+        resetConsole();
+        frmMedia().SetFocus();
+    }
+    if (isTheOne()) {
+        DVDMode = false;
+        otherMedia().dvd = {};
+    }
 }
 
 } // namespace tandrel

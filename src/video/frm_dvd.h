@@ -56,7 +56,7 @@ private:
     /// The feature that `AddCC` has found.
     VideoFeature captions_;
     /// The message that asks for a disc is up, or has just gone.
-    bool asking_ = false;
+    bool asked_ = false;
 };
 
 } // namespace tandrel

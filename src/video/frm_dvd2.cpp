@@ -130,9 +130,10 @@ void frmDVD2::onActivate()
     PlayerWindow::onActivate();
 }
 
-void frmDVD2::onUnload()
+bool frmDVD2::isTheOne() const { return otherMedia().dvd2.form == this; }
+
+void frmDVD2::forgetIt()
 {
-    PlayerWindow::onUnload();
     DVDMode = false;
     otherMedia().dvd2 = {};
 }

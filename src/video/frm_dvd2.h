@@ -25,7 +25,8 @@ public:
 protected:
     void onLoad() override;
     void onActivate() override;
-    void onUnload() override;
+    bool isTheOne() const override;
+    void forgetIt() override;
     bool dropsPanel(bool) const override { return true; }
 
 private:

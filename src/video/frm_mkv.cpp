@@ -33,11 +33,15 @@ void frmMKV::onQueryUnload()
         dropOpenEntry(whole.substr(mark));
 }
 
-void frmMKV::onUnload()
+bool frmMKV::isTheOne() const { return otherMedia().mkv.form == this; }
+
+void frmMKV::forgetIt()
 {
-    PlayerWindow::onUnload();
     MkvOpen = false;
     otherMedia().mkv = {};
+    // No other window would take the alias of a film, which names no video.
+    if (CurrentAlias == quoted(MediaFile))
+        CurrentAlias.clear();
 }
 
 } // namespace tandrel

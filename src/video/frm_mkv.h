@@ -18,7 +18,8 @@ public:
 protected:
     void onLoad() override;
     void onQueryUnload() override;
-    void onUnload() override;
+    bool isTheOne() const override;
+    void forgetIt() override;
     bool dropsPanel(bool rightIsDown) const override { return !rightIsDown; }
     void startPlaying() override;
 };

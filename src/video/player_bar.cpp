@@ -35,7 +35,7 @@ PlayerBar::PlayerBar(Form& form, Control* container, PlayerBox& player)
       sldPlace(form, "sldPlace", {kMargin, 0, 1, kSliderHeight}, false, &picBar),
       lblTimes(form, "lblTimes", {kMargin, 0, kTimesWidth, kSliderHeight}, "", &picBar),
       imgScreen(form, "imgScreen", {kMargin, kButtonTop, kButtonWidth, kButtonHeight}, "panel_windowed_on", &picBar),
-      player_(player)
+      player_(&player)
 {
     // The keys are for the picture.
     sldPlace.takesKeys = false;
@@ -44,7 +44,7 @@ PlayerBar::PlayerBar(Form& form, Control* container, PlayerBox& player)
     imgToggle.ToolTip = "Play / Pause";
     imgScreen.ToolTip = "Full screen on/off";
     wirePress(imgToggle, [this] { toggle(); });
-    wirePress(imgScreen, [this] { ignoringErrors([this] { player_.fullScreen = !player_.fullScreen(); }); });
+    wirePress(imgScreen, [this] { changeScreen(); });
     sldPlace.MouseDown = [](const MouseEvent&) { spendPress(MouseButton::Left); };
     sldPlace.Scroll = [this] { seek(); };
 }
@@ -63,28 +63,37 @@ void PlayerBar::place(const TwipsRect& at)
 
 void PlayerBar::follow()
 {
-    if (!picBar.visible())
+    if (!player_ || !picBar.visible())
         return;
-    imgToggle.Picture = player_.standsStill() ? "panel_play" : "panel_pause";
+    imgToggle.Picture = player_->standsStill() ? "panel_play" : "panel_pause";
     following_ = true;
     ignoringErrors([this] {
-        sldPlace.Max = std::max(1.0, player_.lengthInSeconds());
-        sldPlace.Value = player_.controls().currentPosition();
-        lblTimes.Caption = player_.controls().currentPositionString() + " / " + player_.currentMedia().durationString();
+        sldPlace.Max = std::max(1.0, player_->lengthInSeconds());
+        sldPlace.Value = player_->controls().currentPosition();
+        lblTimes.Caption =
+            player_->controls().currentPositionString() + " / " + player_->currentMedia().durationString();
     });
     following_ = false;
 }
 
+void PlayerBar::changeScreen()
+{
+    if (player_)
+        ignoringErrors([this] { player_->fullScreen = !player_->fullScreen(); });
+}
+
 void PlayerBar::toggle()
 {
-    ignoringErrors([this] { player_.standsStill() ? player_.controls().play() : player_.controls().pause(); });
+    if (!player_)
+        return;
+    ignoringErrors([this] { player_->standsStill() ? player_->controls().play() : player_->controls().pause(); });
     follow();
 }
 
 void PlayerBar::seek()
 {
-    if (!following_)
-        ignoringErrors([this] { player_.controls().setCurrentPosition(static_cast<double>(sldPlace.Value())); });
+    if (player_ && !following_)
+        ignoringErrors([this] { player_->controls().setCurrentPosition(static_cast<double>(sldPlace.Value())); });
 }
 
 } // namespace tandrel

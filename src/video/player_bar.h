@@ -13,6 +13,8 @@ class PlayerBar
 {
 public:
     PlayerBar(Form& form, Control* container, PlayerBox& player);
+    /// It knows the player no more.
+    void detach() { player_ = nullptr; }
     PlayerBar(const PlayerBar&) = delete;
 
     /// Low enough for the least that a form hides of its control.
@@ -30,9 +32,10 @@ public:
 
 private:
     void toggle();
+    void changeScreen();
     void seek();
 
-    PlayerBox& player_;
+    PlayerBox* player_;
     /// The slider moves because the medium does.
     bool following_ = false;
 };

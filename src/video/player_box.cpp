@@ -83,8 +83,8 @@ void PlayerBox::open(const Text& path)
 
 void PlayerBox::close()
 {
-    leaveScreen();
-    tmrFollow.Enabled = false;
+    // A replay closes the film and opens it again: the screen waits for that until the next tick.
+    tmrFollow.Enabled = screen_ != nullptr;
     player_ = nullptr;
     film_.reset();
     disc_.reset();
@@ -93,7 +93,11 @@ void PlayerBox::close()
     url_.clear();
 }
 
-void PlayerBox::end() { close(); }
+void PlayerBox::end()
+{
+    leaveScreen();
+    close();
+}
 
 void PlayerBox::requireMedium() const
 {
@@ -185,8 +189,10 @@ void PlayerBox::follow()
     bar.follow();
     // Without its picture a film may still be heard.
     const MediaTrouble what = trouble();
-    if (what != MediaTrouble::None && (!player_ || player_->isIdle()))
+    if (!player_ || (what != MediaTrouble::None && player_->isIdle()))
         leaveScreen();
+    if (!player_ && !nothingToPlay_)
+        tmrFollow.Enabled = false;
     lblTrouble.tell(what);
 }
 

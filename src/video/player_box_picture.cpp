@@ -76,6 +76,9 @@ void PlayerBox::leaveScreen()
         return;
     const auto ending = std::exchange(screen_, nullptr);
     showPicture();
+    // One of its own handlers may have led here, and then it ends behind that: by then this box may be gone.
+    ending->detach();
+    ending->Hide();
     unload(*ending);
     // The saver has been held off for the time that the picture fills the screen.
     ScreenSaverSwitch(true);

@@ -43,6 +43,13 @@ void PlayerScreen::attachTo(PlayerBox& player, const VideoForm& owner)
     };
 }
 
+void PlayerScreen::detach()
+{
+    player_ = nullptr;
+    bar->detach();
+    tmrIdle.Enabled = false;
+}
+
 void PlayerScreen::wirePicture()
 {
     picScreen.MouseMove = [this](const MouseEvent& event) { pointerMoved(event); };
@@ -75,8 +82,9 @@ PixelRect PlayerScreen::pictureRect() const { return {0, 0, monitor_.width(), mo
 
 void PlayerScreen::pointerMoved(const MouseEvent& event)
 {
-    if (player_)
-        player_->pointAt(event);
+    if (!player_)
+        return;
+    player_->pointAt(event);
     // A window that comes up under the pointer is told of it without a move.
     const PixelPoint now = services().pointer->position();
     if (now == pointer_)
@@ -113,8 +121,7 @@ void PlayerScreen::onQueryUnload()
 
 void PlayerScreen::onUnload()
 {
-    player_ = nullptr;
-    tmrIdle.Enabled = false;
+    detach();
     services().pointer->showCursor(true);
 }
 

@@ -25,6 +25,8 @@ public:
 
     /// Once, before it is shown.
     void attachTo(PlayerBox& player, const VideoForm& owner);
+    /// It knows the control no more.
+    void detach();
     /// Where the picture is drawn in `picScreen`, in pixels.
     PixelRect pictureRect() const;
 

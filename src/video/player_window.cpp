@@ -21,6 +21,15 @@ constexpr int kBelowWithout = 1000;
 constexpr int kNarrowerWithout = 100;
 } // namespace
 
+void resetConsole()
+{
+    class frmMedia& console = frmMedia();
+    console.lblCurTime.Caption = "0:00:00";
+    console.lblDuration.Caption = "0:00:00";
+    console.lblTitleBar.Caption = "";
+    console.PolledTitle.clear();
+}
+
 PlayerWindow::PlayerWindow(Text name, Text caption) : VideoForm(std::move(name), Frame::Video, {0, 0, 11820, 6375})
 {
     Caption = std::move(caption);
@@ -42,12 +51,16 @@ void PlayerWindow::becomeActive()
 {
     class frmMedia& console = frmMedia();
     console.TrackHold = false;
+    console.PolledTitle.clear();
     if (FullScreenOn)
         console.Timer4.Enabled = true;
     // The control takes all mouse input for itself, so that a button which is down now is how its right click is known.
     // With the control key it asks for the sound and the subtitles.
     const bool right = buttonIsDown(MouseButton::Right) && !services().pointer->controlDown();
-    if (right && !FullScreenOn && console.fillPlayer({this, &picDVD})) {
+    bool filled = false;
+    if (right && !FullScreenOn)
+        ignoringErrors([&] { filled = console.fillPlayer({this, &picDVD}); });
+    if (filled) {
         spendPress(MouseButton::Right);
         SetFocus();
         console.Timer4.Enabled = false;
@@ -83,12 +96,13 @@ void PlayerWindow::onUnload()
 {
     picDVD.end();
     WheelHookRemove(hWnd());
-    class frmMedia& console = frmMedia();
-    console.lblCurTime.Caption = "0:00:00";
-    console.lblDuration.Caption = "0:00:00";
-    console.lblTitleBar.Caption = "";
-    console.PolledTitle.clear();
-    console.SetFocus();
+    // Another one may have come already, or come with the focus, which takes what later starts have handed over.
+    if (isTheOne()) {
+        resetConsole();
+        frmMedia().SetFocus();
+    }
+    if (isTheOne())
+        forgetIt();
 }
 
 } // namespace tandrel

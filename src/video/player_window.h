@@ -7,6 +7,9 @@
 namespace tandrel
 {
 
+/// What the console shows of a medium goes with it.
+void resetConsole();
+
 class PlayerWindow : public VideoForm
 {
 public:
@@ -18,6 +21,10 @@ protected:
     void onActivate() override;
     void onResize() override;
     void onUnload() override;
+    /// The console knows this window as the one of its kind, and no newer one.
+    virtual bool isTheOne() const = 0;
+    /// It knows none from here on.
+    virtual void forgetIt() = 0;
 
     /// The panel of full screen goes out of sight when the window becomes the active one.
     virtual bool dropsPanel(bool rightIsDown) const = 0;

@@ -146,7 +146,11 @@ class FakeDrives : public DiscDrives
 public:
     int count() override { return static_cast<int>(drives.size()); }
     std::string driveSpecifier(int index) const override { return std::string(1, at(index).letter) + ":"; }
-    bool isReady(int index) override { return at(index).ready; }
+    bool isReady(int index) override
+    {
+        readied.push_back(index);
+        return at(index).ready;
+    }
     std::string volumeLabel(int index) override { return at(index).label; }
     void eject(int index) override { ejected.push_back(index); }
     std::string pathOf(char letter) const override
@@ -184,6 +188,7 @@ public:
     std::vector<FakeDrive> drives;
     std::map<std::string, DiscFacts> discs;
     std::vector<int> ejected;
+    std::vector<int> readied;
     std::vector<std::string> looked;
 
 private:

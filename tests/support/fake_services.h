@@ -223,6 +223,19 @@ public:
         slides.push_back(ms);
         Backend::animate(steps, ms, draw);
     }
+    void later(int ms, std::function<void()> task) override
+    {
+        if (holdsLater)
+            waiting.push_back(std::move(task));
+        else
+            Backend::later(ms, std::move(task));
+    }
+    /// Their time has come.
+    void runWaiting()
+    {
+        for (const auto& task : std::exchange(waiting, {}))
+            task();
+    }
     void quit() override { ++quits; }
     void mousePointerChanged(Integer shape) override
     {
@@ -257,6 +270,9 @@ public:
     Text menuChoice;
     /// What happens while a menu is up.
     std::function<void()> whileMenuIsUp;
+    /// What is to run later waits for `runWaiting`, and doesn't run at once.
+    bool holdsLater = false;
+    std::vector<std::function<void()>> waiting;
     int quits = 0;
     /// The timers whose ticks should not wait for their turn, "frmMedia.Timer2".
     std::vector<Text> hastened;

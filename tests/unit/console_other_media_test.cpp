@@ -163,6 +163,59 @@ TEST_F(ConsoleOtherMedia, ADroppedDiscTakesThePlaceOfWhatIsOpen)
     EXPECT_EQ(world.players.disc.alive, 1);
 }
 
+TEST_F(ConsoleOtherMedia, ADiscDroppedOnAWindowOfADiscTakesItsPlace)
+{
+    for (const bool older : {false, true}) {
+        World fresh;
+        fresh.settled();
+        fresh.systemFacts.numbers = older ? "2.5.1" : "linux";
+        for (const char* path : {"/images/a.iso", "/images/b.iso"})
+            fresh.drives.discs[path].titles.resize(2);
+        frmMedia().Show();
+        console().FirstOpenTip = false;
+        console().openDropped({"/images/a.iso"});
+        Form& window = older ? static_cast<Form&>(frmDVD()) : frmDVD2();
+        const auto first = window.shared_from_this();
+        first->run([&] { first->DropFiles({"/images/b.iso"}); });
+        EXPECT_TRUE(first->isDead());
+        EXPECT_TRUE(DVDMode);
+        EXPECT_EQ(fresh.players.disc.alive, 1);
+        EXPECT_EQ(fresh.players.disc.asked.back() == "gone", true) << "the first one, behind the second's start";
+        EXPECT_THAT(fresh.players.disc.asked, Contains("open /images/b.iso"));
+        EXPECT_TRUE(older ? Loaded<class frmDVD>() && frmDVD().visible() : frmDVD2().visible());
+    }
+}
+
+TEST_F(ConsoleOtherMedia, ADiscDroppedOnTheFullScreenOfAnotherTakesItsPlace)
+{
+    begin();
+    console().openDropped({"/images/a.iso"});
+    world.players.disc.duration = 60;
+    frmDVD2().picDVD.fullScreen = true;
+    const auto full = activeForm()->shared_from_this();
+    full->run([&] { full->DropFiles({"/images/b.iso"}); });
+    EXPECT_TRUE(full->isDead());
+    EXPECT_EQ(frmDVD2().DriveURL, "wmpdvd://E");
+    EXPECT_FALSE(frmDVD2().picDVD.fullScreen());
+    EXPECT_EQ(world.players.disc.alive, 1);
+}
+
+TEST_F(ConsoleOtherMedia, AFileThatADiscTookThePlaceOfCanBeOpenedAgain)
+{
+    begin();
+    chooseSingle(film(0));
+    world.drives.add('D', "A_DISC");
+    console().OpenSingleVideoDVD();
+    EXPECT_THAT(console().List2.entries(), IsEmpty());
+    chooseSingle(film(0));
+    EXPECT_EQ(liveCount(), 1);
+    EXPECT_FALSE(anyIsLoaded());
+    chooseSingle("/images/a.iso");
+    EXPECT_THAT(console().List2.entries(), IsEmpty());
+    chooseSingle(film(0));
+    EXPECT_EQ(liveCount(), 1);
+}
+
 TEST_F(ConsoleOtherMedia, ADiscImageChosenInTheDialogIsADisc)
 {
     begin();

@@ -227,7 +227,8 @@ TEST_F(ConsoleTransport, EachButtonDoesWhatItMeansForAnHdFilm)
     }
     EXPECT_THAT(bench.asked(), ElementsAre("frmMKV play", "frmMKV pause", "frmMKV fastForward", "frmMKV fastReverse",
                                            "frmMKV close", "frmMKV URL /films/a.mkv"));
-    EXPECT_FALSE(FastForward || FastRewind);
+    EXPECT_TRUE(FastForward) << "the forward button presses its hidden one as well";
+    EXPECT_FALSE(FastRewind);
 }
 
 TEST_F(ConsoleTransport, EachButtonDoesWhatItMeansForADiscOnTheVideoControl)

@@ -223,6 +223,10 @@ TEST_F(VideoDiscBox, StopEndsTheDisc)
     EXPECT_EQ(medium().alive, 0);
     EXPECT_EQ(errorOf([this] { box().Stop(); }), error::kNoObject);
     EXPECT_FALSE(box().tmrFollow.enabled());
+    play();
+    medium().idle = true;
+    EXPECT_EQ(errorOf([this] { box().Stop(); }), error::kNoObject) << "it has failed";
+    EXPECT_EQ(medium().alive, 0);
 }
 
 TEST_F(VideoDiscBox, CaptionsAreShownWhileTheirFeatureIsActive)

@@ -37,6 +37,7 @@ protected:
     Text noticeTitle_;
     void noteNotices()
     {
+        world.backend.holdsLater = true;
         world.backend.whileModal["frmUpdate"] = [this](Form& form) {
             ++asked_;
             notice_ = dynamic_cast<class frmUpdate&>(form).lblUpdate.caption();
@@ -172,6 +173,59 @@ TEST_F(VideoDvd, TheActivationThatTheEndOfTheMessageBringsAsksNothing)
     activateAgain(window);
     EXPECT_EQ(asked_, 2) << "an empty drive goes on asking";
     EXPECT_THAT(world.mci.sent(), ElementsAre("set CDAudio door open"));
+}
+
+TEST_F(VideoDvd, AnActivationLongBehindTheMessageAsksAgain)
+{
+    noteNotices();
+    class frmDVD& window = frmDVD();
+    window.Show();
+    console().SetFocus();
+    world.backend.runWaiting();
+    window.SetFocus();
+    EXPECT_EQ(asked_, 2);
+}
+
+TEST_F(VideoDvd, AMessageThatOutlivesTheWindowLeavesNothingBehind)
+{
+    noteNotices();
+    frmDVD().Show();
+    Unload<class frmDVD>();
+    world.backend.runWaiting();
+    EXPECT_FALSE(Loaded<class frmDVD>());
+}
+
+TEST_F(VideoDvd, AnEncryptedDiscIsToldOnceAndNoTrayOpens)
+{
+    noteNotices();
+    world.drives.add('D', "A_DISC");
+    world.drives.discs["/discs/D"].encrypted = true;
+    class frmDVD& window = frmDVD();
+    window.Show();
+    activateAgain(window);
+    ASSERT_THAT(world.backend.boxes, SizeIs(1));
+    EXPECT_EQ(world.backend.boxes[0].text, "This disc is encrypted, and no library to decrypt it is installed.");
+    EXPECT_EQ(asked_, 0);
+    EXPECT_THAT(world.mci.sent(), IsEmpty());
+    EXPECT_EQ(window.Titles, -1);
+    world.drives.discs["/discs/D"].encrypted = false;
+    activateAgain(window);
+    EXPECT_EQ(window.Titles, 2);
+    EXPECT_THAT(askedOfDisc(), Contains("open /discs/D"));
+    EXPECT_FALSE(window.dvdPicture.lblTrouble.visible());
+}
+
+TEST_F(VideoDvd, ADiscThatPlaysAsksItsOwnDriveAlone)
+{
+    world.drives.add('D', "OTHER", 0);
+    world.drives.add('E', "A_DISC");
+    class frmDVD& window = frmDVD();
+    window.Show();
+    world.drives.looked.clear();
+    world.drives.readied.clear();
+    activateAgain(window);
+    EXPECT_THAT(world.drives.looked, IsEmpty());
+    EXPECT_THAT(world.drives.readied, ElementsAre(1));
 }
 
 TEST_F(VideoDvd, AClickOnItBehindTheMessageAsksAgain)

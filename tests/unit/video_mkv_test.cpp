@@ -336,6 +336,86 @@ TEST_F(VideoMkv, ClosingItTakesItsEntryFromTheListAndResetsTheConsole)
     EXPECT_EQ(world.players.film.alive, 0);
 }
 
+TEST_F(VideoMkv, TheForwardButtonPressesItsHiddenOneToo)
+{
+    openFilm();
+    CurrentAlias = alias(0);
+    console().imgFwd.userClick();
+    EXPECT_TRUE(FastForward);
+    FastForward = false;
+    CurrentAlias.clear();
+    console().imgFwd.userClick();
+    EXPECT_FALSE(FastForward);
+}
+
+TEST_F(VideoMkv, AFirstActivationWithTheRightButtonDownStillStartsTheFilm)
+{
+    world.pointer.right = true;
+    openFilm();
+    EXPECT_EQ(screen().MousePointer(), pointer::kDefault);
+    EXPECT_THAT(askedOfFilm(), Contains(Text("open ") + kHdFilm));
+}
+
+TEST_F(VideoMkv, TheAliasOfAClosedFilmNamesNothingAnyMore)
+{
+    CurrentAlias = tandrel::quoted(kHdFilm);
+    unload(openFilm());
+    EXPECT_EQ(CurrentAlias, "");
+    CurrentAlias = alias(0);
+    unload(openFilm());
+    EXPECT_EQ(CurrentAlias, alias(0));
+}
+
+TEST_F(VideoMkv, AnotherActivationBringsItsTitleBack)
+{
+    class frmMKV& window = openFilm();
+    world.players.film.title = "A Film";
+    tick1();
+    console().lblTitleBar.Caption = "Another window's";
+    activateAgain(window);
+    tick1();
+    EXPECT_EQ(title(), titled("A Film"));
+}
+
+TEST_F(VideoMkv, HidingTheConsoleEndsItsFullScreen)
+{
+    class frmMKV& window = openFilm();
+    window.picDVD.fullScreen = true;
+    console().imgHide.userClick();
+    EXPECT_FALSE(isFull());
+    EXPECT_FALSE(window.visible());
+    EXPECT_TRUE(world.players.film.paused);
+}
+
+TEST_F(VideoMkv, TheBoxForFullScreenTakesItBackToo)
+{
+    openFilm().picDVD.fullScreen = true;
+    console().chkFullscreen.Value = 1;
+    console().chkFullscreen.Value = 0;
+    EXPECT_FALSE(isFull());
+}
+
+TEST_F(VideoMkv, AMonitorThatGoesEndsItsFullScreen)
+{
+    openFilm().picDVD.fullScreen = true;
+    world.monitors.set({{0, 0, 1280, 720}});
+    world.monitors.changed();
+    EXPECT_FALSE(isFull());
+    EXPECT_TRUE(frmMKV().visible());
+}
+
+TEST_F(VideoMkv, ClosingItTakesAHandoverThatWaits)
+{
+    class frmMKV& window = openFilm();
+    world.files.content["/data/list.dat"] = {"\"/films/z.mkv\""};
+    unload(window);
+    ASSERT_TRUE(Loaded<class frmMKV>());
+    EXPECT_EQ(frmMKV().picDVD.URL(), "/films/z.mkv");
+    EXPECT_TRUE(MkvOpen);
+    EXPECT_EQ(otherMedia().mkv.form, &frmMKV());
+    EXPECT_EQ(world.players.film.alive, 1);
+}
+
 TEST_F(VideoMkv, ClosedInFullScreenItLeavesNoWindowBehind)
 {
     openFilm().picDVD.fullScreen = true;

@@ -369,9 +369,47 @@ TEST_F(VideoPlayerBox, ClosingTheScreenOrTheWindowEndsFullScreen)
     EXPECT_EQ(activeForm(), &window());
     box().fullScreen = true;
     box().close();
+    EXPECT_TRUE(box().fullScreen()) << "it may be opened anew at once";
+    tick();
     EXPECT_FALSE(box().fullScreen());
+    EXPECT_FALSE(box().tmrFollow.enabled());
     for (const auto& form : openForms())
         EXPECT_NE(form->name(), "PlayerScreen");
+}
+
+TEST_F(VideoPlayerBox, AReplayKeepsTheScreenFilled)
+{
+    play();
+    box().fullScreen = true;
+    box().close();
+    box().URL = kHdFilm;
+    tick();
+    EXPECT_TRUE(box().fullScreen());
+    EXPECT_THAT(askedOfFilm(), Contains("showIn 0 1920x1080"));
+}
+
+TEST_F(VideoPlayerBox, AHandlerOfTheScreenMayEndTheWindow)
+{
+    play();
+    box().fullScreen = true;
+    const auto screen = std::dynamic_pointer_cast<PlayerScreen>(activeForm()->shared_from_this());
+    ASSERT_TRUE(screen != nullptr);
+    screen->run([&] {
+        box().end();
+        // What still comes to the screen finds no control.
+        world.pointer.place = {7, 7};
+        screen->picScreen.userMouseMove({0, 0, 10, 10});
+        screen->picScreen.userMouseDown({mouse::kRight, 0, 10, 10});
+        screen->picScreen.userDblClick();
+        screen->bar->imgToggle.userClick();
+        screen->bar->imgScreen.userClick();
+        screen->bar->sldPlace.userScroll(1);
+        screen->bar->follow();
+        EXPECT_FALSE(screen->userKeyDown(Key::Escape));
+        EXPECT_FALSE(screen->visible());
+    });
+    EXPECT_TRUE(screen->isDead());
+    EXPECT_THAT(askedOfFilm(), Contains("gone"));
 }
 
 TEST_F(VideoPlayerBox, InFullScreenTheBarComesWithThePointerAndGoesWithItsRest)
