@@ -13,7 +13,6 @@
 #include "toolkit/screen.h"
 #include "toolkit/trap.h"
 #include "video/other_media.h"
-#include "video/player_window.h"
 
 #include <utility>
 
@@ -112,15 +111,12 @@ void frmDVD::onActivate()
 
 void frmDVD::becomeActive()
 {
-    class frmMedia& console = frmMedia();
     showStrips(!FullScreenOn);
     for (PictureBox* box : {&picClose, &picVRes, &picHRes})
         if (!FullScreenOn)
             box->Refresh();
-    console.TrackHold = false;
-    if (FullScreenOn)
-        console.Timer4.Enabled = true;
-    const bool right = buttonIsDown(MouseButton::Right) && !services().pointer->controlDown();
+    takeConsole();
+    const bool right = rightButtonFills();
     const bool noticeIsUp = Loaded<class frmUpdate>() && frmUpdate().Visible();
     if (right && !FullScreenOn && !noticeIsUp) {
         goFullScreen();
@@ -128,10 +124,7 @@ void frmDVD::becomeActive()
         PanelUp = false;
         putPanelBelow();
     }
-    FullMenuOpen = false;
-    console.lblSpeed.Caption = "0x";
-    console.lblCurTime.Caption = "0:00:00";
-    console.SeekSlider.Value = 0;
+    showBeginning();
     if (BuildGraph() > 0)
         startDisc();
     else
@@ -222,7 +215,7 @@ void frmDVD::onUnload()
     // Another one may have come already, or come with the focus.
     const auto isTheOne = [this] { return otherMedia().dvd.form == this; };
     if (isTheOne()) {
-        resetConsole();
+        showNothing();
         frmMedia().SetFocus();
     }
     if (isTheOne()) {

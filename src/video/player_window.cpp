@@ -21,15 +21,6 @@ constexpr int kBelowWithout = 1000;
 constexpr int kNarrowerWithout = 100;
 } // namespace
 
-void resetConsole()
-{
-    class frmMedia& console = frmMedia();
-    console.lblCurTime.Caption = "0:00:00";
-    console.lblDuration.Caption = "0:00:00";
-    console.lblTitleBar.Caption = "";
-    console.PolledTitle.clear();
-}
-
 PlayerWindow::PlayerWindow(Text name, Text caption) : VideoForm(std::move(name), Frame::Video, {0, 0, 11820, 6375})
 {
     Caption = std::move(caption);
@@ -50,13 +41,9 @@ void PlayerWindow::onActivate()
 void PlayerWindow::becomeActive()
 {
     class frmMedia& console = frmMedia();
-    console.TrackHold = false;
+    takeConsole();
     console.PolledTitle.clear();
-    if (FullScreenOn)
-        console.Timer4.Enabled = true;
-    // The control takes all mouse input for itself, so that a button which is down now is how its right click is known.
-    // With the control key it asks for the sound and the subtitles.
-    const bool right = buttonIsDown(MouseButton::Right) && !services().pointer->controlDown();
+    const bool right = rightButtonFills();
     bool filled = false;
     if (right && !FullScreenOn)
         ignoringErrors([&] { filled = console.fillPlayer({this, &picDVD}); });
@@ -69,10 +56,7 @@ void PlayerWindow::becomeActive()
         PanelUp = false;
         putPanelBelow();
     }
-    FullMenuOpen = false;
-    console.lblSpeed.Caption = "0x";
-    console.lblCurTime.Caption = "0:00:00";
-    console.SeekSlider.Value = 0;
+    showBeginning();
     startPlaying();
 }
 
@@ -98,7 +82,7 @@ void PlayerWindow::onUnload()
     WheelHookRemove(hWnd());
     // Another one may have come already, or come with the focus, which takes what later starts have handed over.
     if (isTheOne()) {
-        resetConsole();
+        showNothing();
         frmMedia().SetFocus();
     }
     if (isTheOne())

@@ -7,9 +7,6 @@
 namespace tandrel
 {
 
-/// What the console shows of a medium goes with it.
-void resetConsole();
-
 class PlayerWindow : public VideoForm
 {
 public:

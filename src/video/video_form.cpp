@@ -4,6 +4,8 @@
 #include "console/holders.h"
 #include "desktop/wheel.h"
 #include "media/mod_media.h"
+#include "media/shared_state.h"
+#include "toolkit/press.h"
 #include "toolkit/trap.h"
 
 #include <cmath>
@@ -41,6 +43,32 @@ void VideoForm::takeHold()
 {
     Style.Client = this;
     WheelHookInstall(hWnd());
+}
+
+void VideoForm::takeConsole()
+{
+    frmMedia().TrackHold = false;
+    if (FullScreenOn)
+        frmMedia().Timer4.Enabled = true;
+}
+
+bool VideoForm::rightButtonFills() { return buttonIsDown(MouseButton::Right) && !services().pointer->controlDown(); }
+
+void VideoForm::showBeginning()
+{
+    FullMenuOpen = false;
+    frmMedia().lblSpeed.Caption = "0x";
+    frmMedia().lblCurTime.Caption = "0:00:00";
+    frmMedia().SeekSlider.Value = 0;
+}
+
+void VideoForm::showNothing()
+{
+    class frmMedia& console = frmMedia();
+    console.lblCurTime.Caption = "0:00:00";
+    console.lblDuration.Caption = "0:00:00";
+    console.lblTitleBar.Caption = "";
+    console.PolledTitle.clear();
 }
 
 void VideoForm::takeCorner()

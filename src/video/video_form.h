@@ -40,8 +40,20 @@ protected:
     void wheelSize(Long rotation);
     /// What every window begins with: the style object has it, the wheel reaches it.
     void takeHold();
-    /// The corner that a window outside the slot table comes up at.
+    // What the windows outside the slot table have in common.
+
+    /// The corner that it comes up at.
     void takeCorner();
+    /// The first thing that an activation tells the console.
+    static void takeConsole();
+    /// The right button is down, and is to fill the screen. The control takes all mouse input for itself, so that a
+    /// button which is down at an activation is how its right click is known; with the control key that asks for the
+    /// sound and the subtitles.
+    static bool rightButtonFills();
+    /// What the console shows of speed and place begins anew.
+    static void showBeginning();
+    /// What the console shows of the medium goes with it.
+    static void showNothing();
 };
 
 } // namespace tandrel

@@ -67,6 +67,17 @@ protected:
         world.pointer.right = false;
     }
 
+    /// The number of the run-time error that a call raises; 0 where it raises none.
+    static int errorOf(const std::function<void()>& call)
+    {
+        try {
+            call();
+        } catch (const RuntimeError& raised) {
+            return raised.number();
+        }
+        return 0;
+    }
+
     std::vector<std::string>& askedOfFilm() { return world.players.film.asked; }
     std::vector<std::string>& askedOfDisc() { return world.players.disc.asked; }
     void forgetAsked()

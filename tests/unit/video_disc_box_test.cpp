@@ -48,15 +48,6 @@ protected:
         box().Run();
         forgetAsked();
     }
-    static int errorOf(const std::function<void()>& call)
-    {
-        try {
-            call();
-        } catch (const RuntimeError& raised) {
-            return raised.number();
-        }
-        return 0;
-    }
 
 private:
     std::shared_ptr<Window> window_;

@@ -42,15 +42,6 @@ protected:
         box().URL = url;
         forgetAsked();
     }
-    static int errorOf(const std::function<void()>& call)
-    {
-        try {
-            call();
-        } catch (const RuntimeError& raised) {
-            return raised.number();
-        }
-        return 0;
-    }
     /// Every member that would act on a medium or tell of one.
     std::vector<std::function<void()>> members()
     {
