@@ -65,7 +65,7 @@ target_link_libraries(steps_kept PRIVATE PkgConfig::codecs)
 tandrel_media_test(steps_screen DISPLAY contract/scrub_screen_test.cpp contract/steps_screen_test.cpp)
 
 # HD films.
-tandrel_media_test(film_player NODISPLAY contract/film_player_test.cpp unit/film_moves_test.cpp
+tandrel_media_test(film_player NODISPLAY contract/film_player_test.cpp contract/stock_rest_test.cpp unit/film_moves_test.cpp
                    unit/film_tracks_test.cpp)
 tandrel_media_test(film_screen DISPLAY contract/film_screen_test.cpp)
 

@@ -55,7 +55,7 @@ void writeTable(MciService& media, long paints, const TickTimes& ticks, const st
     file << "# paints\t" << paints << '\n';
     for (const TickTimes::Row& row : ticks.rows())
         file << "# ticks\t" << row.timer << '\t' << row.count << '\t' << inUs(row.whole) << '\t' << inUs(row.median)
-             << '\t' << inUs(row.percentile99) << '\n';
+             << '\t' << inUs(row.percentile99) << '\t' << inUs(row.longest) << '\n';
     file.close();
     std::rename(beside.c_str(), path.c_str());
 }

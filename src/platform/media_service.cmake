@@ -54,6 +54,7 @@ tandrel_library(platform/mpv USES platform/mci platform/output LINKS PkgConfig::
   step_row.cpp
   step_stills.cpp
   step_workers.cpp
+  stock_rest.cpp
   still_watch.cpp
   still_window.cpp)
 # The headers of this folder name libmpv's and xcb's types.

@@ -103,6 +103,20 @@ def without_ticks(commands, begin=0):
     return kept
 
 
+def frame_number_of(bits):
+    """The number of a picture from its blocks from left to right, or None where their check bits say that it is none."""
+    whole = 0
+    for bit in bits:
+        whole = 2 * whole + bool(bit)
+    number = whole >> 4
+    return number if (number ^ number >> 4 ^ number >> 8 ^ 0xA) & 0xF == whole & 0xF else None
+
+
+def frame_number_spots(left, top, width, height):
+    """The row and the columns of the screen in which a picture in this place has the middles of its blocks."""
+    return top + height // BANDS // 2, [left + (2 * block + 1) * width // (2 * BLOCKS) for block in range(BLOCKS)]
+
+
 class Screen:
     """One picture of the whole screen."""
 
@@ -117,13 +131,8 @@ class Screen:
 
     def frame_number(self, left, top, width, height):
         """The number that a picture in this place carries as sixteen blocks, or None."""
-        bits = 0
-        for block in range(BLOCKS):
-            x, y = left + (2 * block + 1) * width // (2 * BLOCKS), top + height // BANDS // 2
-            bits = 2 * bits + (self.green(x, y) >= 128)
-        number = bits >> 4
-        check = (number ^ number >> 4 ^ number >> 8 ^ 0xA) & 0xF
-        return number if check == bits & 0xF else None
+        row, columns = frame_number_spots(left, top, width, height)
+        return frame_number_of(self.green(x, row) >= 128 for x in columns)
 
 
 class ConsoleTest(PlayerTest):

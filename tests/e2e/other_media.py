@@ -14,6 +14,17 @@ FULL = (0, 0, 1920, 1080)
 SLIDER, THUMB = (24, 160, 852, 20), 8
 
 
+def picture_in(window, size):
+    """Left, top, width and height of a picture of this shape in a window at this place."""
+    x, y, width, height = window
+    if window != FULL:
+        x, y = x + PICTURE_LEFT, y + PICTURE_TOP - 2
+        width, height = width - 2 * PICTURE_LEFT - 1, height - 27
+    shown = min(width, height * size[0] / size[1])
+    tall = shown * size[1] / size[0]
+    return round(x + (width - shown) / 2), round(y + (height - tall) / 2), round(shown), round(tall)
+
+
 class OtherMediaTest(ConsoleTest):
     def up(self, *arguments, **environment):
         self.report = os.path.join(self.folder, "report")
@@ -34,15 +45,8 @@ class OtherMediaTest(ConsoleTest):
 
     def picture(self, player, title, size):
         """Left, top, width and height of a picture of this shape in its window."""
-        x, y, width, height = self.place(player, title)
-        if x is None:
-            return None
-        if (x, y, width, height) != FULL:
-            x, y = x + PICTURE_LEFT, y + PICTURE_TOP - 2
-            width, height = width - 2 * PICTURE_LEFT - 1, height - 27
-        shown = min(width, height * size[0] / size[1])
-        tall = shown * size[1] / size[0]
-        return round(x + (width - shown) / 2), round(y + (height - tall) / 2), round(shown), round(tall)
+        place = self.place(player, title)
+        return None if place[0] is None else picture_in(place, size)
 
     def frame(self, player, title, size):
         place = self.picture(player, title, size)

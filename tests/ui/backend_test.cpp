@@ -224,9 +224,11 @@ TEST(TickTimes, CountsAndAddsUpEachTimerByItself)
     EXPECT_EQ(times.rows()[0].whole, 1ms);
     EXPECT_EQ(times.rows()[0].median, 1ms);
     EXPECT_EQ(times.rows()[0].percentile99, 1ms);
+    EXPECT_EQ(times.rows()[0].longest, 1ms);
     EXPECT_EQ(times.rows()[1].timer, "b");
     EXPECT_EQ(times.rows()[1].count, 2);
     EXPECT_EQ(times.rows()[1].whole, 7ms);
+    EXPECT_EQ(times.rows()[1].longest, 4ms);
 }
 
 TEST(TickTimes, TheMiddleAndTheNearlyLongestWhateverTheirOrder)
@@ -250,6 +252,10 @@ TEST(TickTimes, TheOldestOfTwoThousandIsForgottenAndStillCounted)
     for (int tick = 0; tick < 999; ++tick)
         times.note("timer", 100ms);
     EXPECT_EQ(timesOf(times, "timer").median, 1ms) << "the last of the short ones";
+    times.note("one long tick", 300ms);
+    for (int tick = 0; tick < 2000; ++tick)
+        times.note("one long tick", 1ms);
+    EXPECT_EQ(timesOf(times, "one long tick").longest, 300ms) << "the longest is kept";
     times.note("timer", 100ms);
     const TickTimes::Row row = timesOf(times, "timer");
     EXPECT_EQ(row.median, 100ms) << "one of the short ones has gone";

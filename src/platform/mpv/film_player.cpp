@@ -2,6 +2,7 @@
 
 #include "platform/mpv/film_worker.h"
 #include "platform/mpv/process_state.h"
+#include "platform/mpv/stock_rest.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,6 +15,8 @@ namespace
 using namespace std::chrono_literals;
 
 constexpr auto kCloseLimit = 2s;
+// The first picture of a large film takes a third of a second where a machine has little to spare.
+constexpr auto kFirstPicture = 500ms;
 constexpr int kLoudest = 100;
 
 PixelRect scaled(const PixelRect& place, double ratio)
@@ -132,6 +135,7 @@ private:
 void MpvFilePlayer::open(const std::string& path)
 {
     film_.reset();
+    putOffStocks(kFirstPicture);
     film_ = std::make_unique<FilmWorker>(means_, path);
     film_->showIn(parent_, place_);
     tellVolume();

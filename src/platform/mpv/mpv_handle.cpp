@@ -1,5 +1,7 @@
 #include "platform/mpv/mpv_handle.h"
 
+#include "platform/mpv/stock_rest.h"
+
 #include <memory>
 #include <system_error>
 #include <utility>
@@ -147,6 +149,12 @@ void HandleStock::keep(int count)
     changed_.notify_one();
 }
 
+int HandleStock::ready() const
+{
+    const std::lock_guard lock(mutex_);
+    return static_cast<int>(ready_.size());
+}
+
 void HandleStock::fill()
 {
     std::unique_lock lock(mutex_);
@@ -154,6 +162,10 @@ void HandleStock::fill()
         changed_.wait(lock, [this] { return ending_ || static_cast<int>(ready_.size()) < wanted_; });
         if (ending_)
             return;
+        if (const auto rests = stocksRestUntil(); std::chrono::steady_clock::now() < rests) {
+            changed_.wait_until(lock, rests, [this] { return ending_; });
+            continue;
+        }
         lock.unlock();
         mpv_handle* handle = makeHandle(settings_);
         lock.lock();

@@ -30,7 +30,8 @@ mpv_handle* makeHandle(const HandleSettings& settings);
 /// Terminates a handle on a thread of its own. The future is ready when everything of the handle has gone.
 std::future<void> destroyHandle(mpv_handle* handle);
 
-/// Initialised handles, made ahead in the background because one takes some 10 ms.
+/// Initialised handles, made ahead in the background because one takes some 10 ms; not while stocks rest
+/// (stock_rest.h).
 class HandleStock
 {
 public:
@@ -43,12 +44,14 @@ public:
     mpv_handle* take();
     /// How many handles to keep ready from now on.
     void keep(int count);
+    /// How many are ready now.
+    int ready() const;
 
 private:
     void fill();
 
     const HandleSettings settings_;
-    std::mutex mutex_;
+    mutable std::mutex mutex_;
     std::condition_variable changed_;
     std::vector<mpv_handle*> ready_;
     int wanted_;

@@ -30,6 +30,7 @@ void TickTimes::note(const Text& timer, Duration took)
         times.latest.push_back(took);
     ++times.count;
     times.whole += took;
+    times.longest = std::max(times.longest, took);
 }
 
 std::vector<TickTimes::Row> TickTimes::rows() const
@@ -38,7 +39,8 @@ std::vector<TickTimes::Row> TickTimes::rows() const
     for (const auto& [timer, times] : times_) {
         std::vector<Duration> sorted = times.latest;
         std::sort(sorted.begin(), sorted.end());
-        rows.push_back({timer, times.count, times.whole, percentile(sorted, 0.5), percentile(sorted, 0.99)});
+        rows.push_back(
+            {timer, times.count, times.whole, percentile(sorted, 0.5), percentile(sorted, 0.99), times.longest});
     }
     return rows;
 }
