@@ -14,7 +14,7 @@ import time
 import unittest
 
 from console_driver import FRAMES, RATE, TIP, ConsoleTest, films, grid
-from player import wait_briefly, wait_for
+from player import GaveUp, wait_briefly, wait_for
 
 SECONDS = float(os.environ.get("TANDREL_SOAK_SECONDS", "45"))
 SEED = int(os.environ.get("TANDREL_SOAK_SEED", "1"))
@@ -231,8 +231,9 @@ class Soak(ConsoleTest):
 
         wait_for(closed, 60, "the end of all videos")
 
-    def holds(self):
-        """What the process and the X server keep, once that no longer changes: windows are made ahead meanwhile."""
+    def holds(self, most_threads):
+        """What the process and the X server keep, once that no longer changes: windows are made ahead meanwhile. Threads of
+        what was closed last may take their time to end."""
         seen = []
 
         def steady():
@@ -247,6 +248,10 @@ class Soak(ConsoleTest):
             return len(last) == 4 and len(set(last)) == 1
 
         wait_for(steady, 30, "rest")
+        try:
+            wait_for(lambda: steady() and seen[-1]["threads"] <= most_threads, 30, "the end of threads")
+        except GaveUp:
+            pass  # The comparison says so.
         return seen[-1]
 
     def stretch(self):
@@ -268,7 +273,8 @@ class Soak(ConsoleTest):
         held = []
         while len(held) < 3 or time.monotonic() - begun < SECONDS:
             self.stretch()
-            held.append(self.holds())
+            most = max((one["threads"] for one in held[:2]), default=1000)
+            held.append(self.holds(most + MOST_MORE["threads"]))
         first = {key: max(one[key] for one in held[:2]) for key in held[0]}
         memory = [round(one["memory_mb"]) for one in held[::max(1, len(held) // 12)]]
         print(f"{len(self.done)} deeds in {len(held)} stretches, seed {SEED}; first {first}, last {held[-1]}; MB {memory}")
