@@ -141,14 +141,22 @@ TEST_F(DiscLooks, LooksFromSeveralThreadsAreRight)
 {
     std::vector<std::thread> threads;
     std::atomic<int> right = 0;
+    std::atomic<int> hung = 0;
     for (int thread = 0; thread < 4; ++thread)
         threads.emplace_back([&] {
-            for (int look = 0; look < 10; ++look)
-                right += lookAtDisc(kDisc / "disc.iso").titles == titlesOfTestDisc() ? 1 : 0;
+            for (int count = 0; count < 10; ++count) {
+                const DiscLook look = lookAtDiscFor(kDisc / "disc.iso", std::chrono::seconds(2));
+                right += look.facts.titles == titlesOfTestDisc() ? 1 : 0;
+                hung += look.end == DiscLook::End::TookTooLong ? 1 : 0;
+            }
         });
     for (auto& thread : threads)
         thread.join();
-    EXPECT_EQ(right, 40);
+    EXPECT_EQ(right + hung, 40);
+#ifndef __SANITIZE_ADDRESS__
+    // The allocator of the address sanitizer doesn't free its locks for a child, which may hang on one and is ended.
+    EXPECT_EQ(hung, 0);
+#endif
 }
 
 TEST_F(DiscLooks, NothingIsWrittenToTheStandardOutputs)
