@@ -1,14 +1,8 @@
 # Discs: looking at them, and playing them on a screen.
 
 set(TANDREL_TEST_DISC ${CMAKE_BINARY_DIR}/test_disc)
-add_custom_command(
-  OUTPUT ${TANDREL_TEST_DISC}/made
-  COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_SOURCE_DIR}/support/make_test_disc.py ${TANDREL_TEST_DISC}
-  COMMAND ${CMAKE_COMMAND} -E touch ${TANDREL_TEST_DISC}/made
-  DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/support/make_test_disc.py ${CMAKE_CURRENT_SOURCE_DIR}/support/make_test_media.py
-  COMMENT "Making a test disc"
-  VERBATIM)
-add_custom_target(test_disc DEPENDS ${TANDREL_TEST_DISC}/made)
+tandrel_made_media(test_disc test_disc ${CMAKE_CURRENT_SOURCE_DIR}/support/make_test_disc.py "a test disc"
+                   ${CMAKE_CURRENT_SOURCE_DIR}/support/make_test_media.py)
 
 # tandrel_disc_test(NAME DISPLAY|NODISPLAY source...)
 function(tandrel_disc_test name display)

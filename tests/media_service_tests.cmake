@@ -2,14 +2,9 @@
 
 set(TANDREL_TEST_MEDIA ${CMAKE_BINARY_DIR}/test_media)
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
-add_custom_command(
-  OUTPUT ${TANDREL_TEST_MEDIA}/made
-  COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_SOURCE_DIR}/support/make_test_media.py ${TANDREL_TEST_MEDIA}
-  COMMAND ${CMAKE_COMMAND} -E touch ${TANDREL_TEST_MEDIA}/made
-  DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/support/make_test_media.py ${CMAKE_CURRENT_SOURCE_DIR}/support/film_media.py
-  COMMENT "Making test media"
-  VERBATIM)
-add_custom_target(test_media DEPENDS ${TANDREL_TEST_MEDIA}/made)
+include(${CMAKE_SOURCE_DIR}/cmake/made_media.cmake)
+tandrel_made_media(test_media test_media ${CMAKE_CURRENT_SOURCE_DIR}/support/make_test_media.py "test media"
+                   ${CMAKE_CURRENT_SOURCE_DIR}/support/film_media.py)
 
 add_library(tandrel_media_test_support STATIC support/simulated_engine.cpp support/test_media.cpp)
 target_include_directories(tandrel_media_test_support PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
