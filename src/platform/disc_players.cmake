@@ -12,7 +12,6 @@ tandrel_library(platform/vlc USES platform platform/disc platform/output LINKS P
   disc_moves.cpp
   disc_session.cpp
   disc_worker.cpp
-  languages.cpp
   menu_pointer.cpp
   vlc_disc_player.cpp
   vlc_film.cpp

@@ -20,7 +20,6 @@ tandrel_library(platform/drives USES platform/mci LINKS Threads::Threads SOURCES
 tandrel_library(platform/mpv USES platform/mci platform/output LINKS PkgConfig::mpv PkgConfig::codecs PkgConfig::xcb PkgConfig::x11 Threads::Threads
                              ${CMAKE_DL_LIBS} SOURCES
   early_opens.cpp
-  film_languages.cpp
   film_moves.cpp
   film_means.cpp
   film_player.cpp

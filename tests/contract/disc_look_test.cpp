@@ -2,7 +2,6 @@
 #include "platform/disc/disc_look.h"
 #include "platform/disc/facts_text.h"
 #include "platform/vlc/disc_clock.h"
-#include "platform/vlc/languages.h"
 #include "support/disc_files.h"
 #include "support/temporary_folder.h"
 
@@ -201,28 +200,6 @@ TEST_F(DiscLooks, LabelsAreText)
     EXPECT_EQ(cleanLabel("M\xC3\xA4rchen"), "M\xC3\xA4rchen");
     EXPECT_EQ(cleanLabel("M\xE4rchen"), "M\xC3\xA4rchen");
     EXPECT_EQ(cleanLabel(" \x01 "), "");
-}
-
-TEST(DiscLanguage, IsTheFirstThatIsSet)
-{
-    struct Row {
-        const char* all;
-        const char* messages;
-        const char* lang;
-        const char* language;
-    };
-    constexpr Row kRows[]{{nullptr, nullptr, nullptr, "en"},  {"de_DE.UTF-8", "fr_FR", "it", "de"},
-                          {"", "fr_FR.UTF-8", "it_IT", "fr"}, {nullptr, nullptr, "it", "it"},
-                          {"C", nullptr, "de_DE", "en"},      {"C.UTF-8", nullptr, nullptr, "en"},
-                          {"POSIX", nullptr, nullptr, "en"},  {"ca_ES@valencia", nullptr, nullptr, "ca"},
-                          {"--vout", nullptr, nullptr, "en"}, {"english", nullptr, nullptr, "en"}};
-    for (const Row& row : kRows) {
-        const auto environment = [&](const char* name) {
-            const std::string asked = name;
-            return asked == "LC_ALL" ? row.all : asked == "LC_MESSAGES" ? row.messages : row.lang;
-        };
-        EXPECT_EQ(desktopLanguage(environment), row.language) << (row.all == nullptr ? "" : row.all);
-    }
 }
 
 /// A clock is told what libVLC tells of a film whose pictures are 0.4 s behind, in units of 0.5 s.

@@ -1,5 +1,5 @@
 // Which tracks of a film play, and what they are called.
-#include "platform/mpv/film_languages.h"
+#include "platform/languages.h"
 #include "platform/mpv/film_tracks.h"
 #include "platform/valid_text.h"
 
@@ -39,6 +39,28 @@ struct Row {
     int subtitle;
 };
 } // namespace
+
+TEST(FilmLanguages, TheFirstThatIsSetCounts)
+{
+    struct Row {
+        const char* all;
+        const char* messages;
+        const char* lang;
+        const char* language;
+    };
+    constexpr Row kRows[]{{nullptr, nullptr, nullptr, ""},    {"de_DE.UTF-8", "fr_FR", "it", "de"},
+                          {"", "fr_FR.UTF-8", "it_IT", "fr"}, {nullptr, nullptr, "it", "it"},
+                          {"C", nullptr, "de_DE", ""},        {"C.UTF-8", nullptr, nullptr, ""},
+                          {"POSIX", nullptr, nullptr, ""},    {"ca_ES@valencia", nullptr, nullptr, "ca"},
+                          {"--vout", nullptr, nullptr, ""},   {"english", nullptr, nullptr, ""}};
+    for (const Row& row : kRows) {
+        const auto environment = [&](const char* name) {
+            const std::string asked = name;
+            return asked == "LC_ALL" ? row.all : asked == "LC_MESSAGES" ? row.messages : row.lang;
+        };
+        EXPECT_EQ(desktopLanguage(environment), row.language) << (row.all == nullptr ? "" : row.all);
+    }
+}
 
 TEST(FilmLanguages, TheDesktopNamesOne)
 {

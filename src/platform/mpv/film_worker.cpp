@@ -1,6 +1,6 @@
 #include "platform/mpv/film_worker.h"
 
-#include "platform/mpv/film_languages.h"
+#include "platform/languages.h"
 #include "platform/mpv/media_path.h"
 #include "platform/mpv/media_tracks.h"
 #include "platform/mpv/node_fields.h"

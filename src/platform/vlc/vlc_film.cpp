@@ -1,7 +1,7 @@
 #include "platform/vlc/vlc_film.h"
 
+#include "platform/languages.h"
 #include "platform/output/sound_outputs.h"
-#include "platform/vlc/languages.h"
 
 #include <cstdlib>
 #include <cstring>
@@ -33,7 +33,8 @@ const char* fromEnvironment(const char* name) { return std::getenv(name); }
 std::vector<std::string> arguments(bool outputs)
 {
     std::vector<std::string> result(std::begin(kArguments), std::end(kArguments));
-    const std::string language = desktopLanguage(&fromEnvironment);
+    const std::string named = desktopLanguage(&fromEnvironment);
+    const std::string language = named.empty() ? "en" : named;
     result.push_back("--menu-language=" + language);
     result.push_back("--audio-language=" + language);
     const char* told = fromEnvironment("TANDREL_AO");

@@ -1,4 +1,4 @@
-#include "platform/mpv/film_languages.h"
+#include "platform/languages.h"
 
 #include <cctype>
 
