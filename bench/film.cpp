@@ -81,6 +81,7 @@ public:
             }
             if (done())
                 return milliseconds(Clock::now() - start);
+            // Between two looks at the condition, so that the player has the processor.
             std::this_thread::sleep_for(1ms);
         }
         return -1;
