@@ -98,8 +98,9 @@ Long frmDVD::BuildGraph()
 void frmDVD::onActivate()
 {
     // The activation that the end of the message brings is no reason to ask again; one by the user's click is.
-    const bool byClick = buttonIsDown(MouseButton::Left) || buttonIsDown(MouseButton::Right);
-    if (std::exchange(asked_, false) && !byClick)
+    // The buttons are asked for that alone: a short click is told once.
+    const auto byClick = [] { return buttonIsDown(MouseButton::Left) || buttonIsDown(MouseButton::Right); };
+    if (std::exchange(asked_, false) && !byClick())
         return;
     if (!FullScreenOn)
         ScreenSaverSwitch(true);

@@ -2,6 +2,7 @@
 
 #include "console/frm_media.h"
 #include "console/holders.h"
+#include "toolkit/activation.h"
 #include "toolkit/screen.h"
 #include "video/player_box.h"
 #include "video/video_window.h"
@@ -67,8 +68,7 @@ void PlayerScreen::onLoad()
 {
     movePixels(monitor_);
     setFullScreen(true);
-    pointer_ = services().pointer->position();
-    hideBar();
+    bar->picBar.Visible = false;
 }
 
 void PlayerScreen::onResize()
@@ -110,8 +110,18 @@ void PlayerScreen::hideBar()
     tmrIdle.Enabled = false;
     if (bar)
         bar->picBar.Visible = false;
-    services().pointer->showCursor(false);
+    // Beside the picture it stays: nothing there would bring it back.
+    if (activeForm() == this && monitor_.contains(services().pointer->position()))
+        services().pointer->showCursor(false);
 }
+
+void PlayerScreen::onActivate()
+{
+    pointer_ = services().pointer->position();
+    hideBar();
+}
+
+void PlayerScreen::onDeactivate() { services().pointer->showCursor(true); }
 
 void PlayerScreen::onQueryUnload()
 {

@@ -32,6 +32,8 @@ public:
 
 protected:
     void onLoad() override;
+    void onActivate() override;
+    void onDeactivate() override;
     void onResize() override;
     void onUnload() override;
     void onQueryUnload() override;

@@ -67,7 +67,13 @@ private:
 class FakePointer : public Pointer
 {
 public:
-    bool buttonDown(MouseButton button) override { return button == MouseButton::Left ? left : right; }
+    bool buttonDown(MouseButton button) override
+    {
+        // A click that is over is told once.
+        if (button == MouseButton::Right && std::exchange(rightLatched, false))
+            return true;
+        return button == MouseButton::Left ? left : right;
+    }
     bool controlDown() const override { return control; }
     bool pressOnItsWay() const override { return onItsWay; }
     PixelPoint position() const override { return place; }
@@ -80,6 +86,7 @@ public:
     void showCursor(bool on) override { shown = on; }
     bool left = false;
     bool right = false;
+    bool rightLatched = false;
     bool control = false;
     bool onItsWay = false;
     PixelPoint place;

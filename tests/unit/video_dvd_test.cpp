@@ -284,6 +284,15 @@ TEST_F(VideoDvd, ARightButtonThatIsDownAtTheActivationFillsTheScreen)
     EXPECT_TRUE(isSpent(MouseButton::Right));
 }
 
+TEST_F(VideoDvd, ARightClickThatIsOverAlreadyFillsTheScreenToo)
+{
+    class frmDVD& window = openDisc();
+    console().SetFocus();
+    world.pointer.rightLatched = true;
+    window.SetFocus();
+    EXPECT_TRUE(window.Full);
+}
+
 TEST_F(VideoDvd, WithTheControlKeyOrANoticeItIsNotFilled)
 {
     class frmDVD& window = openDisc();

@@ -424,6 +424,28 @@ TEST_F(VideoPlayerBox, InFullScreenTheBarComesWithThePointerAndGoesWithItsRest)
     EXPECT_TRUE(world.pointer.shown);
 }
 
+TEST_F(VideoPlayerBox, ThePointerIsHiddenOverTheFullPictureAlone)
+{
+    world.monitors.set({{0, 0, 1920, 1080}, {1920, 0, 3200, 1024}});
+    window().Move({0, 0, 6000, 4000});
+    play();
+    world.pointer.place = {2000, 500};
+    box().fullScreen = true;
+    EXPECT_TRUE(world.pointer.shown) << "it is on the other monitor";
+    box().fullScreen = false;
+    world.pointer.place = {500, 500};
+    box().fullScreen = true;
+    EXPECT_FALSE(world.pointer.shown);
+    auto& screen = dynamic_cast<PlayerScreen&>(*activeForm());
+    console().SetFocus();
+    EXPECT_TRUE(world.pointer.shown) << "another window is in front";
+    screen.tmrIdle.Enabled = true;
+    screen.tmrIdle.tick();
+    EXPECT_TRUE(world.pointer.shown);
+    screen.SetFocus();
+    EXPECT_FALSE(world.pointer.shown);
+}
+
 TEST_F(VideoPlayerBox, TheBarShowsThePlaceAndMovesIt)
 {
     play();
