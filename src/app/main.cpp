@@ -1,5 +1,6 @@
 // Makes the services, installs them, and starts the first form.
 
+#include "app/called_for_files.h"
 #include "app/media_players.h"
 #include "app/signals.h"
 #include "app/status_report.h"
@@ -7,6 +8,7 @@
 #include "console/frm_start.h"
 #include "console/holders.h"
 #include "media/shared_state.h"
+#include "platform/codec/codec_file.h"
 #include "platform/dbus/desktop_screen_saver.h"
 #include "platform/dbus/session_idle_bus.h"
 #include "platform/disc/disc_look.h"
@@ -15,12 +17,17 @@
 #include "platform/mci/mci_service.h"
 #include "platform/mci/tracing_mci.h"
 #include "platform/mpv/mpv_engine.h"
+#include "platform/stills/still_source.h"
+#include "platform/stills/threaded_stills.h"
+#include "platform/x11/desktop.h"
 #include "platform/x11/hot_keys.h"
 #include "platform/x11/monitor_source.h"
 #include "platform/x11/pointer.h"
 #include "platform/x11/screen_saver.h"
 #include "platform/xdg/clock.h"
 #include "platform/xdg/data_folder.h"
+#include "platform/xdg/file_class_registry.h"
+#include "platform/xdg/file_finder.h"
 #include "platform/xdg/files.h"
 #include "platform/xdg/instances.h"
 #include "platform/xdg/settings_file.h"
@@ -31,6 +38,7 @@
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
+#include <QFile>
 #include <QTimer>
 #include <QWidget>
 
@@ -76,6 +84,15 @@ void wakeLoop()
         loop->wakeUp();
 }
 
+FileClassPlaces fileClassPlaces()
+{
+    const std::string program = programFolder();
+    const DesktopFolders folders = desktopFolders(program);
+    QFile icon(QStringLiteral(":/skin/app.svg"));
+    const QByteArray drawing = icon.open(QIODevice::ReadOnly) ? icon.readAll() : QByteArray();
+    return {folders.share, folders.config, program, drawing.toStdString()};
+}
+
 /// All services of the program, made in the order in which they need each other.
 struct Platform {
     Platform()
@@ -83,25 +100,34 @@ struct Platform {
     {
         trace = tracingMciIfWanted(media);
         installServices({trace ? trace.get() : &media, &pointer, &monitors, &screenSaver, &hotKeys, &systemFacts,
-                         &settings, &files, &instances, &shell, &clock, &players, drives.get()});
+                         &settings, &files, &instances, &shell, &clock, &players, drives.get(), &desktop, &registry,
+                         &finder, &stills});
     }
 
     std::string data;
     XdgFiles files;
     SettingsFile settings;
     LockInstances instances;
-    XdgShell shell;
     SystemClock clock;
+    ThreadedFinder finder;
+    ThreadedStills stills{{stillsFolder(programFolder()), &markOf, &readStill}};
+    FileClassRegistry registry{fileClassPlaces()};
     XdgSystemFacts systemFacts;
+    X11Desktop desktop;
+    XdgShell shell{[this](long process) { return desktop.hasWindow(process); }};
     X11Pointer pointer;
     X11MonitorSource monitors;
     X11ScreenSaver xScreenSaver;
     DesktopScreenSaver screenSaver{makeSessionIdleBus("Tandrel Player", "A video fills the screen"), xScreenSaver};
     X11HotKeys hotKeys;
     LinuxDriveDoor door;
-    MciService media{
-        makeMpvEngine({.outputs = true, .pixelRatio = &pixelRatioOf, .wake = &wakeLoop, .mostDevices = 12}), &door};
-    MediaPlayers players{&pixelRatioOf};
+    MciService media{makeMpvEngine({.outputs = true,
+                                    .pixelRatio = &pixelRatioOf,
+                                    .wake = &wakeLoop,
+                                    .mostDevices = 12,
+                                    .codecFile = codecFileBeside(settingsFile())}),
+                     &door};
+    MediaPlayers players{&pixelRatioOf, codecFileBeside(settingsFile())};
     std::unique_ptr<DiscDrives> drives = makeDiscDrives(machineDrives(&lookAtDisc));
     std::unique_ptr<Mci> trace;
 };
@@ -121,6 +147,7 @@ int run(QApplication& application)
         else
             endProgram();
     });
+    const CalledForFiles calls;
     // Plays that a handler has asked for start together when it is done.
     QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, &application,
                      [&application] {
@@ -131,6 +158,7 @@ int run(QApplication& application)
     const int result = programEnded() ? 0 : QApplication::exec();
     // The devices end before the windows that show them.
     endPlayers();
+    endCodecForms();
     platform.media.send("close all");
     discardForms();
     VideoWindows.clear();

@@ -15,11 +15,14 @@ namespace
 constexpr std::chrono::milliseconds kFirstPicture{600};
 } // namespace
 
-MediaPlayers::MediaPlayers(std::function<double(WindowHandle)> pixelRatio) : pixelRatio_(std::move(pixelRatio)) {}
+MediaPlayers::MediaPlayers(std::function<double(WindowHandle)> pixelRatio, std::string codecFile)
+    : pixelRatio_(std::move(pixelRatio)), codecFile_(std::move(codecFile))
+{
+}
 
 std::unique_ptr<FilePlayer> MediaPlayers::filePlayer()
 {
-    return makeMpvFilePlayer({.outputs = true, .pixelRatio = pixelRatio_});
+    return makeMpvFilePlayer({.outputs = true, .pixelRatio = pixelRatio_, .codecFile = codecFile_});
 }
 
 std::unique_ptr<DiscPlayer> MediaPlayers::discPlayer()

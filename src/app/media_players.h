@@ -4,6 +4,7 @@
 #include "platform/players.h"
 
 #include <functional>
+#include <string>
 
 namespace tandrel
 {
@@ -11,13 +12,14 @@ namespace tandrel
 class MediaPlayers : public Players
 {
 public:
-    /// `pixelRatio` is device pixels to a logical pixel in a window.
-    explicit MediaPlayers(std::function<double(WindowHandle)> pixelRatio);
+    /// `pixelRatio` is device pixels to a logical pixel in a window. `codecFile` are the settings of films.
+    MediaPlayers(std::function<double(WindowHandle)> pixelRatio, std::string codecFile);
     std::unique_ptr<FilePlayer> filePlayer() override;
     std::unique_ptr<DiscPlayer> discPlayer() override;
 
 private:
     std::function<double(WindowHandle)> pixelRatio_;
+    std::string codecFile_;
 };
 
 } // namespace tandrel

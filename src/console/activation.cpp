@@ -27,7 +27,9 @@ void frmMedia::onActivate()
     bool settled = false;
     while (!settled) {
         if (handoverIsDue()) {
+            takingHandover_ = true;
             const bool taken = trap([this] { takeHandover(); });
+            takingHandover_ = false;
             holdTimers(false);
             Unload<class frmWait>();
             if (!taken) {
@@ -58,7 +60,23 @@ bool frmMedia::markOwner()
 
 bool frmMedia::handoverIsDue() const
 {
-    return opening_ == 0 && handover::exists() && !handoverUnreadable_ && !handoverStuck_;
+    return opening_ == 0 && !takingHandover_ && handover::exists() && !handoverUnreadable_ && !handoverStuck_;
+}
+
+bool frmMedia::takeWhatWasLeft()
+{
+    if (!isLoaded() || isEnding() || ClosingDown)
+        return true;
+    if (opening_ > 0 || takingHandover_ || isBusy())
+        return false;
+    if (windowState() == static_cast<int>(tandrel::WindowState::Minimised))
+        WindowState = 0;
+    ZOrder();
+    SetFocus();
+    // One that was the active form all along has not been activated by that.
+    if (handoverIsDue())
+        run([this] { onActivate(); });
+    return true;
 }
 
 void frmMedia::takeNoHandover(bool on)

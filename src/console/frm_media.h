@@ -69,6 +69,9 @@ public:
 
     /// While this holds, files of other starts wait: they would mix with those that a command is opening.
     void takeNoHandover(bool on);
+    /// Another program has left files for this one, or wants it to be seen: the console comes to the front and takes
+    /// them as with any activation. False, with nothing done, while a command runs.
+    bool takeWhatWasLeft();
 
     /// A message in the program's own form, which waits for the user.
     void tell(const Text& message);
@@ -228,7 +231,6 @@ private:
     void sayNothingPlays();
     void placeReplacing(Long count);
     // What later forms bring.
-    void endRecentDialog();
 
     // layout.cpp
     bool beginArrangement(Long& count, frmChild** current);
@@ -371,10 +373,6 @@ private:
     void savePlace();
     void giveUpPresence();
     void restoreVideos();
-    // What later forms bring, in the order in which the end and the return call it.
-    void unloadOtherMedia();
-    void unloadNotices();
-    void unloadOtherMenus();
     void releaseHooks();
 
     /// Ids of hot keys that wait for the end of a long command.
@@ -387,6 +385,8 @@ private:
     bool handoverStuck_ = false;
     /// Commands under way that open something.
     int opening_ = 0;
+    /// The list of handed over files is being taken.
+    bool takingHandover_ = false;
 };
 
 /// A time of a media player control as the labels show it: one longer than 7 characters loses its first.

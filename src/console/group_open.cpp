@@ -29,7 +29,7 @@ void frmMedia::cmdOpen()
     const OpenAhead ahead(List1.entries());
     Unload<class frmToolTip>();
     if (!chosen.empty() && hasResult(chosen))
-        endRecentDialog();
+        Unload<class frmPrev>();
     if (List1.ListCount() == 0 || tellFirstTip())
         openGroup();
 }

@@ -3,7 +3,11 @@
 #include "console/frm_media.h"
 #include "console/frm_start.h"
 #include "console/slidemenu.h"
+#include "fullscreen/dvdmenu.h"
+#include "fullscreen/frm_ffdshow.h"
 #include "fullscreen/frm_panel.h"
+#include "fullscreen/fullmenu.h"
+#include "persist/frm_prev.h"
 #include "persist/openmenu.h"
 #include "texts/frm_help.h"
 #include "texts/frm_lang.h"
@@ -52,6 +56,11 @@ TANDREL_HOLDER(frmUpdate)
 TANDREL_HOLDER(frmMKV)
 TANDREL_HOLDER(frmDVD)
 TANDREL_HOLDER(frmDVD2)
+TANDREL_HOLDER(fullmenu)
+TANDREL_HOLDER(dvdmenu)
+TANDREL_HOLDER(frmFFDShowAudio)
+TANDREL_HOLDER(frmFFDShowVideo)
+TANDREL_HOLDER(frmPrev)
 TANDREL_HOLDER(slidemenu)
 TANDREL_HOLDER(openmenu)
 TANDREL_HOLDER(menu)
@@ -59,6 +68,12 @@ TANDREL_HOLDER(share)
 #undef TANDREL_HOLDER
 
 void endPlayers() { closeOtherMedia(); }
+
+void endCodecForms()
+{
+    Unload<class frmFFDShowAudio>();
+    Unload<class frmFFDShowVideo>();
+}
 
 void forgetForms()
 {
@@ -76,6 +91,11 @@ void forgetForms()
     Holder<class frmMKV>::forget();
     Holder<class frmDVD>::forget();
     Holder<class frmDVD2>::forget();
+    Holder<class fullmenu>::forget();
+    Holder<class dvdmenu>::forget();
+    Holder<class frmFFDShowAudio>::forget();
+    Holder<class frmFFDShowVideo>::forget();
+    Holder<class frmPrev>::forget();
     Holder<class slidemenu>::forget();
     Holder<class openmenu>::forget();
     Holder<class menu>::forget();

@@ -38,6 +38,11 @@ TANDREL_FORM(frmUpdate)
 TANDREL_FORM(frmMKV)
 TANDREL_FORM(frmDVD)
 TANDREL_FORM(frmDVD2)
+TANDREL_FORM(fullmenu)
+TANDREL_FORM(dvdmenu)
+TANDREL_FORM(frmFFDShowAudio)
+TANDREL_FORM(frmFFDShowVideo)
+TANDREL_FORM(frmPrev)
 TANDREL_FORM(slidemenu)
 TANDREL_FORM(openmenu)
 TANDREL_FORM(menu)
@@ -46,6 +51,9 @@ TANDREL_FORM(share)
 
 /// Lets go of what plays in the windows of HD films and discs, which has to come before the end of those.
 void endPlayers();
+
+/// Gives back the windows of other programs that stand in ours, which would end with those.
+void endCodecForms();
 
 /// Lets go of all instances, so that a test can begin afresh.
 void forgetForms();

@@ -4,7 +4,9 @@
 #include "console/frm_media.h"
 #include "console/holders.h"
 #include "desktop/screen_saver.h"
+#include "fullscreen/dvdmenu.h"
 #include "fullscreen/frm_panel.h"
+#include "fullscreen/fullmenu.h"
 #include "media/mod_media.h"
 #include "media/shared_state.h"
 #include "texts/frm_update.h"
@@ -170,8 +172,16 @@ void frmMedia::popUpFullMenu()
         showParkedCursor();
         Timer4.Enabled = true;
     }
-    // The menus over a full picture come up here, once they exist.
-    FullMenuOpen = false;
+    // A menu that the user leaves without a choice ends here.
+    if (DVDMode) {
+        PopupMenu(dvdmenu().mnupopup);
+        FullMenuOpen = false;
+        Unload<class dvdmenu>();
+    } else {
+        PopupMenu(fullmenu().mnupopup);
+        FullMenuOpen = false;
+        Unload<class fullmenu>();
+    }
 }
 
 Form* frmMedia::windowToDrag() const
@@ -302,8 +312,10 @@ void frmMedia::countPress()
 void frmMedia::tidyFullScreen()
 {
     const bool discByMenu = DVDMode && FullScreenOn && !DvdFullByClick && !PanelUp;
-    if (!discByMenu && !FullMedia.empty() && FullScreenOn && !PanelUp && !FullMenuOpen)
+    if (!discByMenu && !FullMedia.empty() && FullScreenOn && !PanelUp && !FullMenuOpen) {
         Unload<class frmPanel>();
+        Unload<class fullmenu>();
+    }
 }
 
 } // namespace tandrel

@@ -52,14 +52,18 @@ void frmMedia::onQueryUnload()
     ClosingDown = true;
     FastForward = false;
     FastRewind = false;
-    unloadOtherMedia();
+    Unload<class frmPrev>();
+    endOtherMedia();
     Unload<class frmWait>();
     Unload<class frmPanel>();
     Unload<class frmStart>();
     Unload<class frmToolTip>();
-    unloadNotices();
+    Unload<class frmUpdate>();
+    Unload<class fullmenu>();
     Unload<class slidemenu>();
-    unloadOtherMenus();
+    Unload<class openmenu>();
+    Unload<class dvdmenu>();
+    Unload<class menu>();
     const SlotTable slots = VideoWindows;
     for (const auto& slot : slots) {
         if (!slot)
@@ -78,24 +82,6 @@ void frmMedia::onUnload()
 {
     releaseHooks();
     endProgram();
-}
-
-void frmMedia::unloadOtherMedia()
-{
-    // The dialog of recent files ends here, before these.
-    endOtherMedia();
-}
-
-void frmMedia::unloadNotices()
-{
-    Unload<class frmUpdate>();
-    // The menu of full screen ends here.
-}
-
-void frmMedia::unloadOtherMenus()
-{
-    // The menus for opening and of a DVD end here.
-    Unload<class menu>();
 }
 
 void frmMedia::releaseHooks()

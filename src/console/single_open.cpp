@@ -64,7 +64,7 @@ void frmMedia::OpenSingleVideo()
     GetFiles1("Open File Video...", chosen);
     Unload<class frmToolTip>();
     if (hasResult(chosen))
-        endRecentDialog();
+        Unload<class frmPrev>();
     if (!hasNewFile(chosen))
         return;
     const OpenAhead ahead(List1.entries());
@@ -101,7 +101,7 @@ void frmMedia::OpenSingleVideoMKV()
     const OpenAhead ahead(List1.entries());
     Unload<class frmToolTip>();
     if (hasResult(chosen))
-        endRecentDialog();
+        Unload<class frmPrev>();
     stopJump();
     runBatch(List1.ListCount(), [this] {
         closeAllVideos();
@@ -117,7 +117,7 @@ void frmMedia::OpenSingleVideoDVD()
         return;
     const OpenCommand command(*this);
     Unload<class frmToolTip>();
-    endRecentDialog();
+    Unload<class frmPrev>();
     endHd();
     if (!tellFirstTip())
         return;
@@ -131,11 +131,6 @@ void frmMedia::OpenSingleVideoDVD()
 bool frmMedia::isBusy() const
 {
     return screen().MousePointer() == pointer::kHourglass || mousePointer() == pointer::kHourglass;
-}
-
-void frmMedia::endRecentDialog()
-{
-    // The dialog of recent files ends here, once it exists.
 }
 
 void frmMedia::stopJump()

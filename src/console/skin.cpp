@@ -6,6 +6,7 @@
 #include "desktop/layered.h"
 #include "desktop/region.h"
 #include "desktop/slider_background.h"
+#include "fullscreen/codec_settings.h"
 #include "media/mod_media.h"
 #include "media/shared_state.h"
 #include "persist/openmenu.h"
@@ -146,6 +147,8 @@ void frmMedia::wireControls()
     wireSliders();
     wireTools();
     wireWindow();
+    cmdAudio.Click = [] { showCodecSettings(CodecPage::Audio, CodecCaller::Console); };
+    cmdVideo.Click = [] { showCodecSettings(CodecPage::Video, CodecCaller::Console); };
     Timer1.Tick = [this] { Timer1_Timer(); };
     Timer2.Tick = [this] { Timer2_Timer(); };
     Timer3.Tick = [this] { Timer3_Timer(); };

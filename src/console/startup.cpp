@@ -5,6 +5,7 @@
 #include "console/frm_start.h"
 #include "console/holders.h"
 #include "console/version.h"
+#include "desktop/file_classes.h"
 #include "desktop/monitors.h"
 #include "desktop/system_facts.h"
 #include "media/shared_state.h"
@@ -79,11 +80,7 @@ void frmMedia::leaveStartForm()
 
 void frmMedia::showSplash() { frmSplash().Show(ShowMode::Modal); }
 
-void frmMedia::registerFileClasses(bool)
-{
-    // The classes of files and the start from a disc are written here, at a start without a file, and with True the
-    // player becomes the default for them.
-}
+void frmMedia::registerFileClasses(bool asDefault) { writeFileClasses(services().files->dataFolder(), asDefault); }
 
 void frmMedia::clearFields()
 {

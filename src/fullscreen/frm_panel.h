@@ -16,6 +16,10 @@ public:
     bool PanelIdle = false;
     /// A drag on the seek strip is running.
     bool PanelSeeking = false;
+    /// Blocks the auto-hide. Nothing sets it.
+    bool PanelHold = false;
+    /// The place that the auto-hide takes for the pointer, in pixels. Nothing writes it.
+    PixelPoint PanelCursor;
     /// The place of the last seek, in the units of the console's `SeekSlider`.
     Long SeekTarget;
     /// The volume before mute, 1 to `kLoudest`; 0 while it is not muted.
@@ -91,11 +95,6 @@ private:
     void seekToStrip();
     /// The medium goes where the strip is dragged to.
     void followDrag();
-
-    /// Blocks the auto-hide. Nothing sets it.
-    bool PanelHold = false;
-    /// The place that the auto-hide takes for the pointer, in pixels. Nothing writes it.
-    PixelPoint PanelCursor;
 };
 
 /// Brings the panel up over the full-screen picture, with this title: shown, in front, slid in, not armed.

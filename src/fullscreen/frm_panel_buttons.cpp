@@ -7,6 +7,7 @@
 #include "media/shared_state.h"
 #include "toolkit/trap.h"
 #include "video/other_media.h"
+#include "video/selected_video.h"
 #include "video/slots.h"
 #include "video/video_window.h"
 
@@ -39,11 +40,6 @@ constexpr std::array<Look, 7> kLooks{{
 }};
 constexpr const char* kMuted = "panel_muted";
 constexpr const char* kMutedHover = "panel_muted_on";
-
-frmChild* heldSelected()
-{
-    return firstSlot([](const frmChild& slot) { return slot.plays(CurrentAlias) && slot.Paused == 1; });
-}
 
 } // namespace
 
@@ -136,23 +132,13 @@ void frmPanel::imgPlay_Click()
     if (tellOtherMedia(Transport::Play) || CurrentAlias.empty())
         return;
     PanelSeeking = false;
-    if (FastForward || FastRewind) {
-        FastForward = false;
-        FastRewind = false;
-        MediaSetVolume(frmMedia().VolumeSlider.Value);
-    } else if (frmChild* window = heldSelected()) {
-        MediaSeek(frmMedia().SeekSlider.Value, 0);
-        MediaSetVolume(window->Volume);
-        window->Paused = 0;
-    }
+    playSelected();
 }
 
 void frmPanel::imgPause_Click()
 {
     if (!tellOtherMedia(Transport::Pause) && !CurrentAlias.empty()) {
-        MediaPause();
-        if (frmChild* window = slotPlaying(CurrentAlias))
-            window->Paused = 1;
+        pauseSelected();
         SeekTarget = frmMedia().SeekSlider.Value;
     }
     showPlayButton(true);

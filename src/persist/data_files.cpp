@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 
 namespace tandrel
 {
@@ -84,6 +85,14 @@ void write(WindowHandle console)
 {
     // A blank in front and behind: numbers are printed with the place of their sign and a closing blank.
     services().files->writeLines(dataFile(kPresence), {" " + std::to_string(console) + " "});
+}
+
+WindowHandle owner()
+{
+    const std::vector<Text> lines = readLines(kPresence);
+    const double number = lines.empty() ? 0 : numberAtFront(lines.front());
+    const bool isHandle = number >= 1 && number <= std::numeric_limits<WindowHandle>::max();
+    return isHandle ? static_cast<WindowHandle>(number) : 0;
 }
 
 void removeIfOwn(WindowHandle console)

@@ -33,6 +33,8 @@ namespace presence
 {
 bool exists();
 void write(WindowHandle console);
+/// The handle in the mark, of a window that may be long gone; 0 where there is none.
+WindowHandle owner();
 /// Deletes the mark if it holds this handle.
 void removeIfOwn(WindowHandle console);
 } // namespace presence

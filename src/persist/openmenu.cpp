@@ -2,6 +2,7 @@
 
 #include "console/frm_media.h"
 #include "console/holders.h"
+#include "persist/frm_prev.h"
 #include "texts/frm_tool_tip.h"
 #include "texts/localised.h"
 
@@ -20,10 +21,8 @@ openmenu::openmenu() : Form("openmenu", Frame::Bare, {0, 0, 1500, 750})
     onClick(mnuOpenSingle, [] { frmMedia().OpenSingleVideo(); });
     onClick(mnuMKV, [] { frmMedia().OpenSingleVideoMKV(); });
     onClick(mnuDVD, [] { frmMedia().OpenSingleVideoDVD(); });
+    onClick(mnuOpenLast, [] { frmPrev().Show(); });
     mnuMKV.Visible = false;
-    // Until the dialog of recent files and the windows of discs exist there is nothing behind these.
-    mnuOpenLast.Enabled = false;
-    mnuDVD.Enabled = false;
 }
 
 void openmenu::nameInLanguage()

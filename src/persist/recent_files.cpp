@@ -11,7 +11,6 @@ namespace tandrel::recent
 namespace
 {
 
-constexpr std::size_t kMostListed = 12;
 /// Between the old lines while they are one text. No path holds it (platform/path_marks.h).
 constexpr char kJoin = '|';
 
@@ -63,18 +62,15 @@ void update(const std::vector<Text>& newEntries)
     services().files->writeLines(listFile(), lines);
 }
 
-std::vector<Text> files()
+std::vector<Text> lines()
 {
-    std::vector<Text> found;
-    for (const Text& line : oldLines().value_or(std::vector<Text>())) {
-        if (found.size() >= kMostListed)
-            break;
-        if (!trim(line).empty() && !services().files->dir(line).empty())
-            found.push_back(line);
-    }
-    return found;
+    std::vector<Text> filled;
+    for (Text& line : oldLines().value_or(std::vector<Text>()))
+        if (!trim(line).empty())
+            filled.push_back(std::move(line));
+    return filled;
 }
 
-bool remove() { return services().files->remove(listFile()); }
+bool remove() { return !exists() || services().files->remove(listFile()); }
 
 } // namespace tandrel::recent

@@ -8,12 +8,15 @@
 namespace tandrel::recent
 {
 
+/// As many are shown at most.
+inline constexpr std::size_t kMostListed = 12;
+
 /// Puts all of `newEntries` in front; of the old lines those follow that equal none of them, until there are thirteen
 /// lines. Nothing happens without entries, or where the old list is there and can't be read.
 void update(const std::vector<Text>& newEntries);
 
-/// The first twelve of those that are still there, in the order of the file.
-std::vector<Text> files();
+/// The lines that are not blank, in the order of the file.
+std::vector<Text> lines();
 
 /// True if the list is gone afterwards.
 bool remove();

@@ -17,8 +17,12 @@ tandrel_library(platform/drives USES platform/mci LINKS Threads::Threads SOURCES
   drive_search.cpp
   volume_name.cpp)
 
-tandrel_library(platform/mpv USES platform/mci platform/output LINKS PkgConfig::mpv PkgConfig::codecs PkgConfig::xcb PkgConfig::x11 Threads::Threads
+# One file as the demuxer's library reads it.
+tandrel_library(platform/input LINKS PkgConfig::codecs SOURCES media_input.cpp)
+
+tandrel_library(platform/mpv USES platform/input platform/mci platform/output platform/codec LINKS PkgConfig::mpv PkgConfig::codecs PkgConfig::xcb PkgConfig::x11 Threads::Threads
                              ${CMAKE_DL_LIBS} SOURCES
+  codec_tuning.cpp
   early_opens.cpp
   film_moves.cpp
   film_means.cpp
@@ -30,7 +34,6 @@ tandrel_library(platform/mpv USES platform/mci platform/output LINKS PkgConfig::
   gop_reader.cpp
   graphics_probe.cpp
   input_methods.cpp
-  media_input.cpp
   media_path.cpp
   media_tracks.cpp
   mpv_channel.cpp

@@ -148,8 +148,10 @@ public:
     virtual ~SystemFacts() = default;
     /// "platform.major.minor", or a text that no table knows.
     virtual std::string version() const = 0;
-    /// The folder of the system's own programs, without a closing separator.
+    /// The folder of the programs that come with the system and start others, without a closing separator.
     virtual std::string systemFolder() const = 0;
+    /// A variable of the environment; empty where it isn't set.
+    virtual std::string environment(const std::string& name) const = 0;
 };
 
 /// Settings of the user: texts by section and key. A value that was never saved is empty.
@@ -200,6 +202,67 @@ public:
     virtual ~Shell() = default;
     /// Hands a file or an address to the desktop's opener; the outcome is not known.
     virtual void open(const std::string& target) = 0;
+    /// Starts the program at the front of a command line, whose words are separated by blanks; double quotes hold words
+    /// together. A path at the front may have blanks without quotes: the shortest that names a program counts. Waits
+    /// for its first window, but no longer than a second. Returns its process id, 0 where it can't be started.
+    virtual long run(const std::string& commandLine) = 0;
+};
+
+/// The windows of all programs of the desktop. Rectangles are pixels of the desktop.
+class Desktop
+{
+public:
+    virtual ~Desktop() = default;
+    /// The windows that programs have put up, in the window manager's order; where none runs, in that of the screen.
+    virtual std::vector<WindowHandle> topWindows() const = 0;
+    /// The process that owns the window, 0 where it can't be told.
+    virtual long processOf(WindowHandle window) const = 0;
+    /// The window that it stands in or belongs to, 0 for none.
+    virtual WindowHandle parentOf(WindowHandle window) const = 0;
+    /// Puts a window of another program into one of ours, as far from its corner as it was from the desktop's, or with
+    /// parent 0 back onto the desktop where it is. False where there is no such window.
+    virtual bool setParent(WindowHandle window, WindowHandle parent) = 0;
+    /// The window with its frame. One that was put into another has left its frame behind and counts as having
+    /// `kLostFrame` instead.
+    virtual std::optional<PixelRect> windowRect(WindowHandle window) const = 0;
+    /// The frame of a window that was put into another: how far its picture is from its upper left corner.
+    static constexpr PixelPoint kLostFrame{4, 30};
+};
+
+/// Looks for files that may lie where nobody answers, such as a mount whose server is gone.
+class FileFinder
+{
+public:
+    virtual ~FileFinder() = default;
+    /// Begins to look for these files by their marked paths, all at once, on threads that nobody waits for. A path that
+    /// is being looked for already is not asked again.
+    virtual void look(const std::vector<std::string>& paths) = 0;
+    /// Waits until all have answered, so many ms at most.
+    virtual void wait(int ms) = 0;
+    /// Whether a file of data is there (no directory, pipe or device), by the newest answer; nothing before the first.
+    /// While a path is being looked for there is no answer either.
+    virtual std::optional<bool> found(const std::string& path) const = 0;
+};
+
+/// A small picture out of a video.
+struct Still {
+    int width = 0;
+    int height = 0;
+    /// 0xRRGGBB, row by row from the top; empty where the file has no picture that can be shown.
+    std::vector<std::uint32_t> pixels;
+    std::optional<std::int64_t> lengthMs;
+};
+
+/// Makes such pictures in the background, and keeps them for the next time.
+class Stills
+{
+public:
+    virtual ~Stills() = default;
+    /// The pictures of these files, by their marked paths, are wanted, in this order; what was wanted before and isn't
+    /// begun is not wanted any more.
+    virtual void want(const std::vector<std::string>& paths) = 0;
+    /// Nothing as long as it isn't made, or where the file can't be read.
+    virtual std::optional<Still> have(const std::string& path) const = 0;
 };
 
 class Clock
@@ -215,8 +278,14 @@ class Registry
 {
 public:
     virtual ~Registry() = default;
-    /// Writes one text value; whether that worked is not known.
-    virtual void set(std::string_view key, std::string_view name, std::string_view value) = 0;
+    /// The predefined keys that others stand under.
+    static constexpr std::int32_t kClasses = -2147483647 - 1;
+    static constexpr std::int32_t kMachine = -2147483646;
+    /// Writes one text value of a key, whose parts are separated by backslashes; an empty name is the key's own value.
+    /// Whether that worked is not known.
+    virtual void set(std::int32_t root, std::string_view key, std::string_view name, std::string_view value) = 0;
+    /// These were all values of this start: whoever collects them can make something of them now. Waits for nobody.
+    virtual void settle() {}
 };
 
 class Players;
@@ -237,6 +306,10 @@ struct Services {
     Clock* clock = nullptr;
     Players* players = nullptr;
     DiscDrives* drives = nullptr;
+    Desktop* desktop = nullptr;
+    Registry* registry = nullptr;
+    FileFinder* finder = nullptr;
+    Stills* stills = nullptr;
 };
 
 /// The services that `installServices` has set.

@@ -16,7 +16,8 @@ namespace
 std::vector<TextRow> joinedTables()
 {
     std::vector<TextRow> all;
-    for (const auto rows : {consoleTexts(), dialogTexts(), helpTexts(), messageTexts(), windowTexts()})
+    for (const auto rows :
+         {consoleTexts(), dialogTexts(), fullScreenTexts(), helpTexts(), messageTexts(), recentTexts(), windowTexts()})
         all.insert(all.end(), rows.begin(), rows.end());
     return all;
 }

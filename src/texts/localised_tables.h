@@ -8,8 +8,10 @@ namespace tandrel
 
 std::span<const TextRow> consoleTexts();
 std::span<const TextRow> dialogTexts();
+std::span<const TextRow> fullScreenTexts();
 std::span<const TextRow> helpTexts();
 std::span<const TextRow> messageTexts();
+std::span<const TextRow> recentTexts();
 std::span<const TextRow> windowTexts();
 
 } // namespace tandrel

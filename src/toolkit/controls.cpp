@@ -18,6 +18,14 @@ void Label::setCaption(Text caption)
     notify(Aspect::Caption);
 }
 
+void Label::setForeColour(Long colour)
+{
+    if (colour == foreColour_)
+        return;
+    foreColour_ = colour;
+    notify(Aspect::Colour);
+}
+
 Image::Image(Form& form, Text name, TwipsRect place, Text picture, Control* container)
     : Control(form, std::move(name), place, container), picture_(std::move(picture))
 {
@@ -41,8 +49,8 @@ void Image::setPicture(Text name)
     notify(Aspect::Picture);
 }
 
-CommandButton::CommandButton(Form& form, Text name, TwipsRect place, Text caption)
-    : Control(form, std::move(name), place), caption_(std::move(caption))
+CommandButton::CommandButton(Form& form, Text name, TwipsRect place, Text caption, Control* container)
+    : Control(form, std::move(name), place, container), caption_(std::move(caption))
 {
 }
 

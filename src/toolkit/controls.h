@@ -20,6 +20,10 @@ public:
     Text caption() const { return caption_; }
     void setCaption(Text caption);
     Property<Label, Text, &Label::caption, &Label::setCaption> Caption{*this};
+    /// 0xRRGGBB; -1 is the colour of its role.
+    Long foreColour() const { return foreColour_; }
+    void setForeColour(Long colour);
+    Property<Label, Long, &Label::foreColour, &Label::setForeColour> ForeColor{*this};
 
     TextRole role = TextRole::Plain;
     Alignment alignment = Alignment::Left;
@@ -32,6 +36,7 @@ public:
 
 private:
     Text caption_;
+    Long foreColour_ = -1;
 };
 
 /// What an image that is a button lies on.
@@ -80,7 +85,7 @@ void showsPress(Image& image);
 class CommandButton : public Control
 {
 public:
-    CommandButton(Form& form, Text name, TwipsRect place, Text caption = {});
+    CommandButton(Form& form, Text name, TwipsRect place, Text caption = {}, Control* container = nullptr);
 
     Text caption() const { return caption_; }
     void setCaption(Text caption);

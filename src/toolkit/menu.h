@@ -48,6 +48,9 @@ public:
 
     std::function<void()> Click;
 
+    /// What the user sees instead of the caption, where that is not for reading; with "&" as in captions.
+    Text shown;
+
 private:
     Form& form_;
     Text name_;

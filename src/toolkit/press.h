@@ -15,6 +15,9 @@ bool isSpent(MouseButton button);
 /// A handler has acted on the press: it counts for nothing more until its release has been seen.
 void spendPress(MouseButton button);
 
+/// Who has asked for the button has no use for its press: the next one who asks is told of it too, should it be over.
+void passPress(MouseButton button);
+
 /// The button has come up, or goes down anew: what was spent is over.
 void pressIsOver(MouseButton button);
 

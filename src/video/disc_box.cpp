@@ -172,6 +172,7 @@ void DiscBox::close()
     tmrFollow.Enabled = false;
     player_.reset();
     open_.clear();
+    preferred_.clear();
     lblTrouble.forget();
 }
 
@@ -220,6 +221,22 @@ Text DiscBox::TotalTitleTime() const { return timeText(player().duration()); }
 
 void DiscBox::PlayAtTime(const Text& time) { player().seek(secondsOf(time)); }
 
+void DiscBox::RestorePreferredSettings()
+{
+    DiscPlayer& disc = player();
+    for (const MediaTrack& track : preferred_)
+        disc.chooseTrack(track.kind, track.id);
+}
+
+void DiscBox::notePreferred()
+{
+    if (!preferred_.empty())
+        return;
+    for (const MediaTrack& track : player_->tracks())
+        if (track.chosen)
+            preferred_.push_back(track);
+}
+
 void DiscBox::setColorKey(Long colour)
 {
     backColour = colour;
@@ -256,6 +273,8 @@ void DiscBox::chooseTracks()
 {
     if (!isOpen())
         return;
+    // What plays before the user's first choice is what the disc began with.
+    notePreferred();
     popUpTracks(form(), player_->tracks(), [this](MediaTrack::Kind kind, int id) {
         if (player_)
             player_->chooseTrack(kind, id);

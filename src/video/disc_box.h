@@ -51,8 +51,10 @@ private:
     Text CurrentTime() const override;
     Text TotalTitleTime() const override;
     void PlayAtTime(const Text& time) override;
+    void RestorePreferredSettings() override;
 
     void follow();
+    void notePreferred();
     /// Lets go of what plays.
     void close();
     /// What plays is what is viewed, and its drive holds it still.
@@ -75,6 +77,8 @@ private:
     /// The encrypted disc that was told of.
     Text encrypted_;
     bool captions_ = false;
+    /// Those that the disc began with, from the user's first choice on.
+    std::vector<MediaTrack> preferred_;
 };
 
 } // namespace tandrel

@@ -19,7 +19,10 @@ void frmChild::onActivate()
     showStrips(!Full);
     selectThis();
     if (buttonIsDown(MouseButton::Right)) {
-        if (isLive() && !trim(CurrentAlias).empty() && !FullScreenOn)
+        if (FullScreenOn)
+            // The click is for the menu.
+            passPress(MouseButton::Right);
+        else if (isLive() && !trim(CurrentAlias).empty())
             goFullScreen();
     } else if (FullScreenOn) {
         PanelUp = false;

@@ -121,6 +121,9 @@ void frmDVD::becomeActive()
     const bool noticeIsUp = Loaded<class frmUpdate>() && frmUpdate().Visible();
     if (right && !FullScreenOn && !noticeIsUp) {
         goFullScreen();
+    } else if (right && FullScreenOn) {
+        // The click is for the menu.
+        passPress(MouseButton::Right);
     } else if (!right && FullScreenOn) {
         PanelUp = false;
         putPanelBelow();

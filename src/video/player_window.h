@@ -1,13 +1,14 @@
 /// Windows on the media player control: that of HD films, and that of discs on newer systems.
 #pragma once
 
+#include "desktop/foreign_windows.h"
 #include "video/player_box.h"
 #include "video/video_form.h"
 
 namespace tandrel
 {
 
-class PlayerWindow : public VideoForm
+class PlayerWindow : public VideoForm, public ForeignWindows
 {
 public:
     PlayerBox picDVD{*this, "picDVD", {0, 0, 11820, 6375}};

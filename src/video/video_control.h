@@ -47,6 +47,8 @@ public:
     virtual Text TotalTitleTime() const = 0;
     /// "HH:MM:SS".
     virtual void PlayAtTime(const Text& time) = 0;
+    /// The sound and the subtitles that the disc began with.
+    virtual void RestorePreferredSettings() = 0;
 };
 
 class VideoControl

@@ -22,6 +22,8 @@ public:
         OpenFailure failure = OpenFailure::None;
         std::unique_ptr<MpvDevice> device = nullptr;
         MediaSource source = {};
+        /// What it was opened with.
+        CodecTuning tuning = {};
     };
     /// Opens a file; runs on another thread, and takes 5 s at most.
     using Open = std::function<Result()>;

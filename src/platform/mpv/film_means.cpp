@@ -3,6 +3,8 @@
 #include "platform/mpv/output_choice.h"
 #include "platform/output/x_errors.h"
 
+#include <utility>
+
 namespace tandrel
 {
 
@@ -27,13 +29,15 @@ HandleSettings filmSettings(bool outputs)
 }
 } // namespace
 
-FilmMeans::FilmMeans(bool outputs) : settings_(filmSettings(outputs))
+FilmMeans::FilmMeans(bool outputs, Tune tune) : settings_(filmSettings(outputs)), tune_(std::move(tune))
 {
     if (!outputs)
         return;
     keepXErrorsHarmless();
     windows_ = std::make_unique<WindowSystem>();
 }
+
+CodecTuning FilmMeans::tuning() const { return tune_({settings_.videoOutput == "gpu", settings_.hardwareDecoding}); }
 
 void FilmMeans::enter()
 {

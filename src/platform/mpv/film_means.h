@@ -1,11 +1,13 @@
 /// What the films of a player share.
 #pragma once
 
+#include "platform/mpv/codec_tuning.h"
 #include "platform/mpv/mpv_handle.h"
 #include "platform/output/picture_window.h"
 
 #include <chrono>
 #include <condition_variable>
+#include <functional>
 #include <memory>
 #include <mutex>
 
@@ -16,10 +18,15 @@ namespace tandrel
 class FilmMeans
 {
 public:
+    /// How pictures and sounds are set by now; called on the threads of films.
+    using Tune = std::function<CodecTuning(const TuningMeans&)>;
+
     /// Without `outputs` there are no windows.
-    explicit FilmMeans(bool outputs);
+    FilmMeans(bool outputs, Tune tune);
 
     const HandleSettings& settings() const { return settings_; }
+    /// As the user has set pictures and sounds by now.
+    CodecTuning tuning() const;
     /// Null where there are no outputs.
     WindowSystem* windows() const { return windows_.get(); }
 
@@ -31,6 +38,7 @@ public:
 
 private:
     HandleSettings settings_;
+    const Tune tune_;
     std::unique_ptr<WindowSystem> windows_;
     std::mutex mutex_;
     std::condition_variable changed_;

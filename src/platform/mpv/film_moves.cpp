@@ -44,7 +44,7 @@ void FilmMoves::tell()
 {
     const bool onTheWay = move_ && !move_->exact;
     const bool pause = held_ || rate_ < 0 || onTheWay;
-    const double speed = std::max(1.0, rate_);
+    const double speed = rate_ > 1 ? rate_ : commonSpeed_;
     const bool mute = rate_ != 1;
     if (mute != toldMute_)
         requests_.set("mute", toldMute_ = mute);
@@ -52,6 +52,12 @@ void FilmMoves::tell()
         requests_.set("speed", toldSpeed_ = speed);
     if (pause != toldPause_)
         requests_.set("pause", toldPause_ = pause);
+}
+
+void FilmMoves::setCommonSpeed(double speed)
+{
+    commonSpeed_ = speed;
+    tell();
 }
 
 void FilmMoves::play()

@@ -28,6 +28,9 @@ public:
     /// Carries on what takes time by itself; several times a second.
     void tick();
 
+    /// Seconds of the film in one second at the common rate; before the first request is taken.
+    void setCommonSpeed(double speed);
+
     void play();
     void pause();
     void setRate(double rate);
@@ -76,6 +79,7 @@ private:
     bool started_ = false;
     bool held_ = false;
     double rate_ = 1;
+    double commonSpeed_ = 1;
 
     std::optional<Move> move_;
     /// The newest place that has been asked for, while nothing has been done about it.

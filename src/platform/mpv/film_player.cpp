@@ -1,5 +1,6 @@
 #include "platform/mpv/film_player.h"
 
+#include "platform/codec/codec_file.h"
 #include "platform/mpv/film_worker.h"
 #include "platform/mpv/process_state.h"
 #include "platform/mpv/stock_rest.h"
@@ -29,7 +30,11 @@ class MpvFilePlayer final : public FilePlayer
 {
 public:
     explicit MpvFilePlayer(const FilmOptions& options)
-        : pixelRatio_(options.pixelRatio), means_(std::make_shared<FilmMeans>(options.outputs))
+        : pixelRatio_(options.pixelRatio),
+          means_(std::make_shared<FilmMeans>(
+              options.outputs, [file = std::make_shared<CodecFile>(options.codecFile)](const TuningMeans& means) {
+                  return tuningOf(file->read(), means);
+              }))
     {
     }
     ~MpvFilePlayer() override

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 
 namespace tandrel
 {
@@ -14,6 +15,8 @@ struct FilmOptions {
     bool outputs = true;
     /// Device pixels to a logical pixel in this window; 1 where not set.
     std::function<double(WindowHandle)> pixelRatio;
+    /// The file of the settings for pictures and sounds, which each open looks at; empty: there is none.
+    std::string codecFile = {};
 };
 
 /// One film at a time. To be called after the toolkit has set its own number format, as it sets that of the process to

@@ -45,8 +45,22 @@ void choose(mpv_handle* handle, const char* property, int id)
     mpv_set_property_string(handle, property, id < 0 ? "no" : std::to_string(id).c_str());
 }
 
+/// A property of a track that isn't played has no value.
+bool lacks(mpv_handle* handle, const char* property)
+{
+    char* value = mpv_get_property_string(handle, property);
+    mpv_free(value);
+    return value == nullptr;
+}
+
+void load(mpv_handle* handle, const std::string& file)
+{
+    const char* words[]{"loadfile", file.c_str(), nullptr};
+    mpv_command_async(handle, 0, words);
+}
+
 /// The tracks of a file that waits for its choice. Nobody waits for these answers but this thread.
-std::vector<FilmTrack> readHead(mpv_handle* handle)
+std::vector<FilmTrack> readHead(mpv_handle* handle, TrackChoice& choice)
 {
     std::vector<FilmTrack> tracks;
     mpv_node list{};
@@ -55,7 +69,7 @@ std::vector<FilmTrack> readHead(mpv_handle* handle)
         mpv_free_node_contents(&list);
     }
     const std::string language = desktopLanguage([](const char* name) { return std::getenv(name); });
-    const TrackChoice choice = chooseTracks(tracks, language);
+    choice = chooseTracks(tracks, language);
     choose(handle, "vid", choice.picture);
     choose(handle, "aid", choice.audio);
     choose(handle, "sid", choice.subtitle);
@@ -154,10 +168,21 @@ mpv_handle* FilmWorker::open(Shared& shared)
         mpv_observe_property(handle, one.number, one.property, one.format);
     mpv_hook_add(handle, 0, kHeadRead, 0);
     mpv_set_wakeup_callback(handle, &FilmWorker::ring, &shared);
+    shared.file = media.absolute;
+    tune(shared, handle);
     sendRequests(shared, handle);
-    const char* load[]{"loadfile", media.absolute.c_str(), nullptr};
-    mpv_command_async(handle, 0, load);
+    load(handle, shared.file);
     return handle;
+}
+
+void FilmWorker::tune(Shared& shared, mpv_handle* handle)
+{
+    shared.tuning = shared.means->tuning();
+    applyTuning(handle, shared.tuning);
+    if (shared.tuning.speed == 1)
+        return;
+    const std::lock_guard lock(shared.mutex);
+    shared.state.moves.setCommonSpeed(shared.tuning.speed);
 }
 
 void FilmWorker::makeScreen(Shared& shared, mpv_handle* handle)
@@ -216,9 +241,15 @@ void FilmWorker::follow(Shared& shared, mpv_handle* handle)
 
 void FilmWorker::hear(Shared& shared, mpv_handle* handle, const mpv_event& event)
 {
+    if (shared.loadsAgain) {
+        shared.loadsAgain = event.event_id != MPV_EVENT_END_FILE;
+        return;
+    }
+    if (event.event_id == MPV_EVENT_FILE_LOADED && loadWithoutFilters(shared, handle, true))
+        return;
     if (event.event_id == MPV_EVENT_HOOK) {
         const std::uint64_t hook = static_cast<const mpv_event_hook*>(event.data)->id;
-        std::vector<FilmTrack> tracks = readHead(handle);
+        std::vector<FilmTrack> tracks = readHead(handle, shared.choice);
         {
             const std::lock_guard lock(shared.mutex);
             shared.state.trouble = troubleOf(tracks);
@@ -227,7 +258,10 @@ void FilmWorker::hear(Shared& shared, mpv_handle* handle, const mpv_event& event
         mpv_hook_continue(handle, hook);
     } else if (event.event_id == MPV_EVENT_PROPERTY_CHANGE && event.reply_userdata >= kTracks) {
         hearProperty(shared, event);
-    } else if (event.event_id == MPV_EVENT_END_FILE || event.event_id == MPV_EVENT_SHUTDOWN) {
+    } else if (event.event_id == MPV_EVENT_END_FILE) {
+        if (!loadWithoutFilters(shared, handle, false))
+            fail(shared);
+    } else if (event.event_id == MPV_EVENT_SHUTDOWN) {
         fail(shared);
     } else {
         const std::lock_guard lock(shared.mutex);
@@ -256,6 +290,24 @@ void FilmWorker::hearProperty(Shared& shared, const mpv_event& event)
         shared.state.tracks = std::move(tracks);
     else
         shared.state.title = std::move(title);
+}
+
+bool FilmWorker::loadWithoutFilters(Shared& shared, mpv_handle* handle, bool isLoaded)
+{
+    const bool lost = (shared.choice.picture >= 0 && lacks(handle, "current-tracks/video/id")) ||
+                      (shared.choice.audio >= 0 && lacks(handle, "current-tracks/audio/id"));
+    bool plays = false;
+    {
+        const std::lock_guard lock(shared.mutex);
+        plays = shared.state.loaded;
+    }
+    if (!shared.tuning.hasFilters || plays || (isLoaded && !lost))
+        return false;
+    shared.tuning.hasFilters = false;
+    dropFilters(handle);
+    load(handle, shared.file);
+    shared.loadsAgain = isLoaded;
+    return true;
 }
 
 void FilmWorker::fail(Shared& shared)

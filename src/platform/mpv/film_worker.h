@@ -70,15 +70,25 @@ private:
         std::shared_ptr<FilmScreen> screen;
         bool news = false;
         bool over = false;
+
+        /// What follows is the thread's own.
+        std::string file;
+        CodecTuning tuning;
+        TrackChoice choice;
+        /// Filters were in the way, and the file is loaded over itself without them: its first load has yet to end.
+        bool loadsAgain = false;
     };
 
     static void run(Shared& shared);
     static mpv_handle* open(Shared& shared);
+    static void tune(Shared& shared, mpv_handle* handle);
     static void makeScreen(Shared& shared, mpv_handle* handle);
     static void follow(Shared& shared, mpv_handle* handle);
     static void sendRequests(Shared& shared, mpv_handle* handle);
     static void hear(Shared& shared, mpv_handle* handle, const mpv_event& event);
     static void hearProperty(Shared& shared, const mpv_event& event);
+    /// True if a filter has taken the picture or the sound away, and the film is on its way without filters.
+    static bool loadWithoutFilters(Shared& shared, mpv_handle* handle, bool isLoaded);
     static void fail(Shared& shared);
     static void end(Shared& shared, mpv_handle* handle);
     static void ring(void* shared);

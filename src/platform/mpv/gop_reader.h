@@ -1,7 +1,7 @@
 /// Reads the pictures of a medium one after the other, from a key frame on, with their exact times.
 #pragma once
 
-#include "platform/mpv/media_input.h"
+#include "platform/input/media_input.h"
 #include "platform/mpv/step_picture.h"
 
 #include <atomic>

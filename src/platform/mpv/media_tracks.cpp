@@ -40,6 +40,8 @@ MediaTracks readTracks(const mpv_node& list)
         return tracks;
     for (int index = 0; index < list.u.list->num; ++index) {
         const mpv_node& track = list.u.list->values[index];
+        tracks.hasSound = tracks.hasSound || textField(track, "type") == "audio";
+        tracks.hasPicture = tracks.hasPicture || (textField(track, "type") == "video" && !flagField(track, "albumart"));
         if (!flagField(track, "selected"))
             continue;
         if (textField(track, "type") == "video")

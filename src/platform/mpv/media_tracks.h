@@ -11,6 +11,9 @@ namespace tandrel
 struct MediaTracks {
     bool picture = false;
     bool sound = false;
+    /// The file has something of the kind, played or not. A cover is no picture.
+    bool hasPicture = false;
+    bool hasSound = false;
     /// Display size, the aspect ratio and the rotation of the file applied.
     int width = 0;
     int height = 0;
@@ -19,7 +22,7 @@ struct MediaTracks {
     double frameRate = 0;
 };
 
-/// Reads the property "track-list": the tracks that are being played.
+/// Reads the property "track-list": the tracks that are being played, and what there is.
 MediaTracks readTracks(const mpv_node& list);
 
 /// Reads the display size of a decoded picture from the property "video-params".

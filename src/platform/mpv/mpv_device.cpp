@@ -273,7 +273,7 @@ void MpvDevice::prepareRead()
 double MpvDevice::reckonedSince(Moment moment) const
 {
     const double seconds =
-        std::chrono::duration<double>(std::min<Moment::duration>(now() - moment, kFreshPlace)).count();
+        speed_ * std::chrono::duration<double>(std::min<Moment::duration>(now() - moment, kFreshPlace)).count();
     // Whole frames only: what is reported is the time of a frame.
     return facts_.frameRate > 0 ? std::floor(seconds * facts_.frameRate) / facts_.frameRate : seconds;
 }

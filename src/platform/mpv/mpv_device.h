@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/mci/engine.h"
+#include "platform/mpv/codec_tuning.h"
 #include "platform/mpv/media_tracks.h"
 #include "platform/mpv/mpv_channel.h"
 #include "platform/mpv/scrub.h"
@@ -32,9 +33,10 @@ public:
         bool withoutSound = false;
         /// How many threads share its pictures.
         int threads = 1;
+        CodecTuning tuning = {};
     };
     /// Loads the file, once.
-    OpenFailure load(const std::string& file, Decoding decoding);
+    OpenFailure load(const std::string& file, const Decoding& decoding);
     /// The picture moves into this window. Nothing happens to a device without a picture's window.
     void moveInto(WindowHandle parent, double pixelRatio);
     /// Runs about every 50 ms while a call blocks. Not to be set before the load is done.
@@ -89,6 +91,8 @@ private:
         bool loaded = false;
         bool failed = false;
         bool shown = false;
+        /// Another load has to end before this one begins.
+        bool waitsForOther = false;
         int answersMissing = 0;
         /// The number of the first question about the loaded file; 0 before.
         std::uint64_t firstQuestion = 0;
@@ -116,6 +120,8 @@ private:
     enum class Correction { None, LookedBehind, SteppedBack };
 
     OpenFailure tryLoad(const std::string& file, Moment deadline, Loading& loading);
+    /// The same, without filters where they are in the way of the picture or the sound.
+    OpenFailure tryLoadTuned(const std::string& file, Moment deadline, const Decoding& decoding, Loading& loading);
     void hearLoading(const mpv_event& event, Loading& loading);
     void takeLength(const mpv_event& answer);
     void takeFact(const mpv_event_property& fact, Loading& loading);
@@ -225,6 +231,8 @@ private:
     /// Where the player rests while a picture is shown without it; less than 0 while it is being brought along.
     std::optional<double> behind_;
     double pixelRatio_;
+    /// Seconds of the medium in one second.
+    double speed_ = 1;
     std::future<void> closed_;
     Moment closeDeadline_;
     /// The open has taken all the time there is: nobody waits for the close too.

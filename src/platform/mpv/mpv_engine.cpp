@@ -1,5 +1,6 @@
 #include "platform/mpv/mpv_engine.h"
 
+#include "platform/codec/codec_file.h"
 #include "platform/mpv/early_opens.h"
 #include "platform/mpv/media_path.h"
 #include "platform/mpv/mpv_device.h"
@@ -51,6 +52,12 @@ private:
     /// Begins to open a file whose picture, if it is to be `shown`, gets its parent later. There will be so many
     /// `devices` then.
     void begin(const std::string& path, bool shown, int devices);
+    /// Opens a file by the settings of now, whatever was announced before they changed.
+    EarlyOpens::Result take(const std::string& path, bool shown);
+    CodecTuning tuning()
+    {
+        return tuningOf(codec_.read(), {settings_.videoOutput == "gpu", settings_.hardwareDecoding});
+    }
 
     MpvOptions options_;
     HandleSettings settings_;
@@ -58,6 +65,7 @@ private:
     std::shared_ptr<Means> means_;
     StepTools stepTools_{std::make_shared<StepWorkers>(kStepWorkers), std::make_shared<StepBudget>(kStepBytes),
                          options_.wake};
+    CodecFile codec_{options_.codecFile};
     EarlyOpens early_;
 };
 
@@ -90,7 +98,8 @@ void MpvEngine::begin(const std::string& path, bool shown, int devices)
     auto window = shown ? std::make_shared<std::unique_ptr<PictureWindow>>(
                               std::make_unique<PictureWindow>(windowSystem(), std::nullopt))
                         : std::make_shared<std::unique_ptr<PictureWindow>>();
-    const MpvDevice::Decoding decoding{options_.outputs && settings_.audioOutput.empty(), decodingThreads(devices)};
+    const MpvDevice::Decoding decoding{options_.outputs && settings_.audioOutput.empty(), decodingThreads(devices),
+                                       tuning()};
     early_.begin(path, [path, share = std::move(share), window, decoding]() mutable -> EarlyOpens::Result {
         const MediaPath media = findMedia(path);
         if (media.failure != OpenFailure::None)
@@ -104,8 +113,20 @@ void MpvEngine::begin(const std::string& path, bool shown, int devices)
         const OpenFailure failure = device->load(media.absolute, decoding);
         if (failure != OpenFailure::None)
             return {failure};
-        return {OpenFailure::None, std::move(device), source};
+        return {OpenFailure::None, std::move(device), source, decoding.tuning};
     });
+}
+
+EarlyOpens::Result MpvEngine::take(const std::string& path, bool shown)
+{
+    if (!shown || !early_.isBegun(path))
+        begin(path, shown, openDevices() + 1);
+    EarlyOpens::Result result = early_.take(path, whileWaiting);
+    if (result.failure != OpenFailure::None || result.tuning == tuning())
+        return result;
+    result.device.reset();
+    begin(path, shown, openDevices() + 1);
+    return early_.take(path, whileWaiting);
 }
 
 void MpvEngine::prepare(const std::vector<std::string>& paths)
@@ -121,9 +142,7 @@ OpenResult MpvEngine::open(const std::string& path, std::optional<WindowHandle> 
     const bool shown = options_.outputs && parent.has_value();
     if (shown && !windowSystem().isWindow(*parent))
         return {OpenFailure::NoWindow, nullptr};
-    if (!shown || !early_.isBegun(path))
-        begin(path, shown, openDevices() + 1);
-    EarlyOpens::Result result = early_.take(path, whileWaiting);
+    EarlyOpens::Result result = take(path, shown);
     means_->stock.keep(std::max(0, options_.mostDevices - openDevices()));
     if (result.failure != OpenFailure::None)
         return {result.failure, nullptr};
@@ -133,7 +152,8 @@ OpenResult MpvEngine::open(const std::string& path, std::optional<WindowHandle> 
     });
     if (shown)
         result.device->moveInto(*parent, pixelRatio(parent));
-    if (keepsPictures())
+    // Pictures that are decoded beside the player are as the file has them.
+    if (keepsPictures() && !result.tuning.changesPicture)
         result.device->keepPictures(stepTools_, result.source);
     return {OpenFailure::None, std::move(result.device)};
 }

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 
 namespace tandrel
 {
@@ -18,6 +19,8 @@ struct MpvOptions {
     std::function<void()> wake = {};
     /// How many devices the program opens at most: so many players are kept ready.
     int mostDevices = 12;
+    /// The file of the settings for pictures and sounds, which each open looks at; empty: there is none.
+    std::string codecFile = {};
 };
 
 /// Sets the number format of the process to that of the C locale, which libmpv insists on: to be called after the

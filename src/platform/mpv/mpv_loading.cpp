@@ -33,7 +33,7 @@ constexpr FactQuestion kFacts[]{
 };
 } // namespace
 
-OpenFailure MpvDevice::load(const std::string& file, Decoding decoding)
+OpenFailure MpvDevice::load(const std::string& file, const Decoding& decoding)
 {
     const auto deadline = std::chrono::steady_clock::now() + kOpenLimit;
     channel_.command({"set", "vd-lavc-threads", std::to_string(decoding.threads).c_str()});
@@ -44,8 +44,10 @@ OpenFailure MpvDevice::load(const std::string& file, Decoding decoding)
     else
         channel_.command({"set", "vo", "null"});
     mpv_hook_add(channel_.handle(), 0, kBeforeReading, 0);
+    applyTuning(channel_.handle(), decoding.tuning);
+    speed_ = decoding.tuning.speed;
     Loading loading;
-    auto failure = tryLoad(file, deadline, loading);
+    auto failure = tryLoadTuned(file, deadline, decoding, loading);
     if (failure == OpenFailure::NotPlayable && decoding.withoutSound) {
         channel_.command({"set", "aid", "auto"});
         loading = {};
@@ -93,6 +95,22 @@ bool MpvDevice::learnFromPicture(Moment deadline, MediaTracks& tracks)
     return channel_.wait(listener, deadline, [&] { return answered; });
 }
 
+OpenFailure MpvDevice::tryLoadTuned(const std::string& file, Moment deadline, const Decoding& decoding,
+                                    Loading& loading)
+{
+    const OpenFailure failure = tryLoad(file, deadline, loading);
+    const MediaTracks& tracks = loading.tracks;
+    const bool lost = failure == OpenFailure::NotPlayable || (tracks.hasPicture && !tracks.picture) ||
+                      (tracks.hasSound && !tracks.sound && !decoding.withoutSound);
+    if (!decoding.tuning.hasFilters || !lost || failure == OpenFailure::TimedOut)
+        return failure;
+    dropFilters(channel_.handle());
+    const bool playsOn = !loading.failed;
+    loading = {};
+    loading.waitsForOther = playsOn;
+    return tryLoad(file, deadline, loading);
+}
+
 OpenFailure MpvDevice::tryLoad(const std::string& file, Moment deadline, Loading& loading)
 {
     channel_.command({"loadfile", file.c_str()});
@@ -107,6 +125,10 @@ OpenFailure MpvDevice::tryLoad(const std::string& file, Moment deadline, Loading
 
 void MpvDevice::hearLoading(const mpv_event& event, Loading& loading)
 {
+    if (loading.waitsForOther) {
+        loading.waitsForOther = event.event_id != MPV_EVENT_END_FILE;
+        return;
+    }
     switch (event.event_id) {
     case MPV_EVENT_HOOK:
         // Of a file that does not tell its length, libmpv takes what it has read so far for the length.

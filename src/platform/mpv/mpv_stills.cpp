@@ -16,7 +16,7 @@ constexpr auto kGrace = 200ms;
 // Somebody who steps on and on is not to be disturbed by a player that decodes.
 constexpr auto kBeforeFollowing = 700ms;
 constexpr double kOnItsWay = -1e9;
-// A running device is further on than it said, by less than this. Seconds.
+// A running device is further on than it said, by less than this. Seconds of the clock.
 constexpr double kUnheardOf = 0.2;
 constexpr double kStampTolerance = 0.001;
 } // namespace
@@ -44,7 +44,7 @@ void MpvDevice::expectSteps(double place)
         stills_->cache().aim(playerTime(place), std::chrono::steady_clock::now() + kGrace);
 }
 
-void MpvDevice::expectStepsWhilePausing() { expectSteps(place_ + reckonedSince(placeAt_) + kUnheardOf); }
+void MpvDevice::expectStepsWhilePausing() { expectSteps(place_ + reckonedSince(placeAt_) + kUnheardOf * speed_); }
 
 void MpvDevice::stepBack()
 {

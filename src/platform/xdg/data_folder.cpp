@@ -48,6 +48,20 @@ bool isOwnFolder(const std::string& folder)
     return ::lstat(folder.c_str(), &facts) == 0 && S_ISDIR(facts.st_mode) && facts.st_uid == getuid();
 }
 
+bool isPortable(const std::string& programFolder)
+{
+    std::error_code ignored;
+    return fs::exists(programFolder + "/portable", ignored);
+}
+
+/// The folder that holds everything, or empty where the user's folders do.
+std::string ownFolder(const std::string& programFolder)
+{
+    if (const std::string home = environment("TANDREL_HOME"); !home.empty())
+        return withoutClosingSeparator(home);
+    return isPortable(programFolder) ? programFolder : "";
+}
+
 /// A short name for a long path (FNV-1a, 64 bits).
 std::string shortName(const std::string& path)
 {
@@ -65,8 +79,7 @@ std::string dataFolder(const std::string& programFolder)
 {
     if (const std::string home = environment("TANDREL_HOME"); !home.empty())
         return made(withoutClosingSeparator(home));
-    std::error_code ignored;
-    if (fs::exists(programFolder + "/portable", ignored))
+    if (isPortable(programFolder))
         return programFolder;
     return made(baseFolder("XDG_DATA_HOME", "/.local/share") + "/tandrel-player");
 }
@@ -76,6 +89,21 @@ std::string settingsFile()
     if (const std::string home = environment("TANDREL_HOME"); !home.empty())
         return withoutClosingSeparator(home) + "/MsShareStuff.ini";
     return made(baseFolder("XDG_CONFIG_HOME", "/.config")) + "/MsShareStuff.ini";
+}
+
+DesktopFolders desktopFolders(const std::string& programFolder)
+{
+    const std::string own = ownFolder(programFolder);
+    if (!own.empty())
+        return {own + "/share", own + "/config"};
+    return {baseFolder("XDG_DATA_HOME", "/.local/share"), baseFolder("XDG_CONFIG_HOME", "/.config")};
+}
+
+std::string stillsFolder(const std::string& programFolder)
+{
+    if (const std::string own = ownFolder(programFolder); !own.empty())
+        return own + "/cache/stills";
+    return baseFolder("XDG_CACHE_HOME", "/.cache") + "/tandrel-player/stills";
 }
 
 std::string runtimeFolder(const std::string& dataFolder)

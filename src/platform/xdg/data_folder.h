@@ -13,6 +13,20 @@ std::string dataFolder(const std::string& programFolder);
 /// The file of the settings: in $TANDREL_HOME, else in $XDG_CONFIG_HOME (~/.config).
 std::string settingsFile();
 
+/// The user's folders for what programs share with the desktop, and for its settings.
+struct DesktopFolders {
+    std::string share;
+    std::string config;
+};
+
+/// $XDG_DATA_HOME and $XDG_CONFIG_HOME; with $TANDREL_HOME, or for a program that keeps its data beside it, the folders
+/// `share` and `config` of the data folder, where no desktop looks. None of them is made here.
+DesktopFolders desktopFolders(const std::string& programFolder);
+
+/// Where small pictures of videos are kept: cache/stills in $TANDREL_HOME, or in the data folder of a program that
+/// keeps its data beside it; else in $XDG_CACHE_HOME/tandrel-player. Not made here.
+std::string stillsFolder(const std::string& programFolder);
+
 /// A path for the files that tell live processes of one data folder from each other.
 std::string runtimeFolder(const std::string& dataFolder);
 

@@ -33,15 +33,37 @@ bool isStill(int file, const std::string& path)
            open.st_ino == named.st_ino;
 }
 
+/// The lock is held by the process that took it.
+bool isLive(const std::string& path)
+{
+    const int other = ::open(path.c_str(), O_RDWR | O_CLOEXEC);
+    if (other < 0)
+        return false;
+    // Shared, so that processes that look at the same time don't take each other for the one looked for.
+    const bool live = ::flock(other, LOCK_SH | LOCK_NB) != 0;
+    // What a crash left behind is cleared away.
+    if (!live)
+        ::unlink(path.c_str());
+    ::close(other);
+    return live;
+}
+
+std::vector<std::string> lockNames(const std::string& folder)
+{
+    std::vector<std::string> names;
+    std::error_code problem;
+    for (const auto& entry : fs::directory_iterator(folder, problem))
+        if (entry.path().extension() == ".lock")
+            names.push_back(entry.path().filename());
+    return names;
+}
+
 } // namespace
 
 LockInstances::LockInstances(std::string folder) : folder_(std::move(folder))
 {
     exclusively([this] {
-        std::error_code problem;
-        for (const auto& entry : fs::directory_iterator(folder_, problem))
-            if (entry.path().extension() == ".lock")
-                earlier_.push_back(entry.path().filename());
+        earlier_ = lockNames(folder_);
         takeOwn();
     });
 }
@@ -73,31 +95,29 @@ void LockInstances::leave()
     own_ = -1;
 }
 
-void LockInstances::exclusively(const std::function<void()>& task)
-{
-    // Without the file the task runs all the same: then no process can take a lock here.
-    const Turn turn(::open((folder_ + "/turn").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
-    task();
-}
-
-bool LockInstances::isLive(const std::string& name) const
-{
-    const std::string path = folder_ + "/" + name;
-    const int other = ::open(path.c_str(), O_RDWR | O_CLOEXEC);
-    if (other < 0)
-        return false;
-    // Shared, so that processes that look at the same time don't take each other for the one looked for.
-    const bool live = ::flock(other, LOCK_SH | LOCK_NB) != 0;
-    // What a crash left behind is cleared away.
-    if (!live)
-        ::unlink(path.c_str());
-    ::close(other);
-    return live;
-}
+void LockInstances::exclusively(const std::function<void()>& task) { amongInstances(folder_, task); }
 
 bool LockInstances::anotherIsRunning() const
 {
-    return std::any_of(earlier_.begin(), earlier_.end(), [this](const std::string& name) { return isLive(name); });
+    return std::any_of(earlier_.begin(), earlier_.end(),
+                       [this](const std::string& name) { return isLive(folder_ + "/" + name); });
+}
+
+std::vector<long> liveInstances(const std::string& folder)
+{
+    std::vector<long> processes;
+    for (const std::string& name : lockNames(folder))
+        if (isLive(folder + "/" + name))
+            // The name begins with the number of its process.
+            processes.push_back(std::strtol(name.c_str(), nullptr, 10));
+    return processes;
+}
+
+void amongInstances(const std::string& folder, const std::function<void()>& task)
+{
+    // Without the file the task runs all the same: then no process can take a lock here.
+    const Turn turn(::open((folder + "/turn").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
+    task();
 }
 
 } // namespace tandrel

@@ -21,7 +21,6 @@ public:
 
 private:
     void takeOwn();
-    bool isLive(const std::string& name) const;
 
     std::string folder_;
     std::string ownName_;
@@ -29,5 +28,10 @@ private:
     std::vector<std::string> earlier_;
     int own_ = -1;
 };
+
+/// The processes whose locks are in `folder`, for somebody who is none of them.
+std::vector<long> liveInstances(const std::string& folder);
+/// Runs `task` while none of these processes runs one `exclusively`.
+void amongInstances(const std::string& folder, const std::function<void()>& task);
 
 } // namespace tandrel

@@ -11,7 +11,9 @@ class XdgSystemFacts : public SystemFacts
 {
 public:
     std::string version() const override;
-    std::string systemFolder() const override { return "/usr/bin"; }
+    /// "../lib/tandrel-player" beside the folder of this program.
+    std::string systemFolder() const override;
+    std::string environment(const std::string& name) const override;
 };
 
 } // namespace tandrel

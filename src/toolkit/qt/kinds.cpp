@@ -90,6 +90,7 @@ public:
         : WidgetView(label, window, widget), label_(label), text_(widget)
     {
         text_->setTextFormat(Qt::PlainText);
+        LabelView::show(Aspect::Colour);
         text_->setWordWrap(label.wordWrap);
         text_->setAlignment((label.wordWrap ? Qt::AlignTop : Qt::AlignVCenter) | horizontal());
         if (roleOf(label).capitals) {
@@ -105,6 +106,8 @@ public:
 protected:
     void show(Aspect aspect) override
     {
+        if (aspect == Aspect::Colour)
+            return showColour();
         if (aspect != Aspect::Caption)
             return WidgetView::show(aspect);
         const QString shown = label_.usesMnemonic ? withoutMnemonic(label_.caption()) : rendered(label_.caption());
@@ -114,6 +117,12 @@ protected:
     }
 
 private:
+    void showColour()
+    {
+        const std::int32_t colour = label_.foreColour();
+        // The style sheet gives the colour of the role, and would win over a palette.
+        text_->setStyleSheet(colour < 0 ? QString() : QStringLiteral("color: ") + QColor(QRgb(colour)).name());
+    }
     Qt::Alignment horizontal() const
     {
         if (label_.alignment == Alignment::Centre)
@@ -376,6 +385,10 @@ std::unique_ptr<ControlView> makeControlView(Control& control, FormWidget& windo
         return std::make_unique<ComboView>(*box, window, new ComboWidget(*box, parent));
     if (auto* bar = dynamic_cast<ProgressBar*>(&control))
         return std::make_unique<ProgressView>(*bar, window, new GlintBar(parent));
+    if (auto* list = dynamic_cast<FileListBox*>(&control))
+        return makeFileListBoxView(*list, window, parent);
+    if (auto* box = dynamic_cast<GroupBox*>(&control))
+        return makeGroupBoxView(*box, window, parent);
     return makeSliderView(dynamic_cast<Slider&>(control), window, parent);
 }
 

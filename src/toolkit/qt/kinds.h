@@ -2,6 +2,7 @@
 #pragma once
 
 #include "toolkit/controls.h"
+#include "toolkit/file_list_box.h"
 #include "toolkit/qt/control_views.h"
 
 namespace tandrel
@@ -11,6 +12,8 @@ namespace tandrel
 bool clickFollowsRelease(const Control& control);
 
 std::unique_ptr<ControlView> makeImageView(Image& image, FormWidget& window, QWidget* parent);
+std::unique_ptr<ControlView> makeFileListBoxView(FileListBox& list, FormWidget& window, QWidget* parent);
+std::unique_ptr<ControlView> makeGroupBoxView(GroupBox& box, FormWidget& window, QWidget* parent);
 std::unique_ptr<ControlView> makeSliderView(Slider& slider, FormWidget& window, QWidget* parent);
 
 } // namespace tandrel

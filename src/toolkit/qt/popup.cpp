@@ -70,6 +70,8 @@ protected:
     }
 };
 
+QString textOf(const Menu& entry) { return rendered(entry.shown.empty() ? entry.caption() : entry.shown); }
+
 void fill(QMenu& menu, const Menu& head, std::map<QAction*, Menu*>& meaning)
 {
     for (Menu* entry : head.entries()) {
@@ -81,13 +83,13 @@ void fill(QMenu& menu, const Menu& head, std::map<QAction*, Menu*>& meaning)
         }
         QAction* action = nullptr;
         if (entry->entries().empty()) {
-            action = menu.addAction(rendered(entry->caption()));
+            action = menu.addAction(textOf(*entry));
             action->setCheckable(entry->checked());
             action->setChecked(entry->checked());
             meaning[action] = entry;
         } else {
             auto* below = new RoundedMenu(QString::fromStdString(entry->name()), &menu);
-            below->setTitle(rendered(entry->caption()));
+            below->setTitle(textOf(*entry));
             action = menu.addMenu(below);
             fill(*below, *entry, meaning);
         }

@@ -188,8 +188,10 @@ void QtBackend::quit() { QCoreApplication::exit(0); }
 void QtBackend::endBoxes()
 {
     boxesEnded_ = true;
-    if (QWidget* menu = QApplication::activePopupWidget())
-        menu->close();
+    // The one in front is that of a submenu, where one is open.
+    while (QWidget* menu = QApplication::activePopupWidget())
+        if (!menu->close())
+            break;
     // A box may be up above a dialog for files.
     for (QWidget* window : QApplication::topLevelWidgets())
         if (auto* box = qobject_cast<QDialog*>(window); box && box->isModal() && box->isVisible())
