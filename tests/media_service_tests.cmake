@@ -59,10 +59,21 @@ target_link_libraries(steps_kept PRIVATE PkgConfig::codecs)
 
 tandrel_media_test(steps_screen DISPLAY contract/scrub_screen_test.cpp contract/steps_screen_test.cpp)
 
+# Small pictures of files.
+tandrel_media_test(stills NODISPLAY contract/stills_test.cpp unit/still_cache_test.cpp unit/threaded_stills_test.cpp)
+target_link_libraries(stills PRIVATE tandrel_platform_stills PkgConfig::codecs)
+
 # HD films.
 tandrel_media_test(film_player NODISPLAY contract/film_player_test.cpp contract/stock_rest_test.cpp unit/film_moves_test.cpp
                    unit/film_tracks_test.cpp)
 tandrel_media_test(film_screen DISPLAY contract/film_screen_test.cpp)
+
+# Settings for pictures and sounds: what libmpv is told of them, what comes out, and what the screen shows.
+tandrel_media_test(codec_tuning NODISPLAY contract/codec_sound_test.cpp unit/codec_tuning_test.cpp)
+target_link_libraries(codec_tuning PRIVATE GTest::gmock)
+set_tests_properties(codec_tuning PROPERTIES ENVIRONMENT
+  "LSAN_OPTIONS=suppressions=${CMAKE_CURRENT_SOURCE_DIR}/support/leaks_of_filters.supp")
+tandrel_media_test(codec_screen DISPLAY contract/codec_screen_test.cpp)
 
 # The drives for discs.
 add_executable(disc_drives unit/disc_drives_test.cpp)

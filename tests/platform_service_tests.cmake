@@ -24,3 +24,19 @@ add_test(NAME portal_dialog COMMAND portal_dialog)
 add_test(NAME portal_dialog_display COMMAND xvfb-run -a -s "-screen 0 800x600x24 -noreset" $<TARGET_FILE:portal_dialog>)
 set_tests_properties(portal_dialog_display PROPERTIES LABELS display TIMEOUT 120 ENVIRONMENT "${ON_THE_DISPLAY}")
 set_tests_properties(portal_dialog PROPERTIES LABELS ui TIMEOUT 120 ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_NO_GLIB=1;${KEPT_BY_LIBRARIES}")
+
+# The dialog for pictures and sounds: its controls, its window as others use it, and what starts it.
+add_executable(codec_settings_ui ui/main.cpp ui/codec/settings_window_test.cpp)
+target_include_directories(codec_settings_ui PRIVATE support)
+target_link_libraries(codec_settings_ui PRIVATE tandrel_codec_settings tandrel_flags Qt6::Test Qt6::Widgets GTest::gmock)
+add_test(NAME codec_settings_ui COMMAND codec_settings_ui)
+set_tests_properties(codec_settings_ui PROPERTIES LABELS ui TIMEOUT 120 ENVIRONMENT "QT_QPA_PLATFORM=offscreen;${KEPT_BY_LIBRARIES}")
+
+tandrel_media_test(codec_window DISPLAY contract/codec_window_test.cpp)
+target_compile_definitions(codec_window PRIVATE TANDREL_SYSTEM_FOLDER="${CMAKE_BINARY_DIR}/lib/tandrel-player")
+add_dependencies(codec_window tandrel-codec-settings codec-launcher)
+
+add_library(codec_module MODULE support/codec_module.cpp)
+add_test(NAME codec_launcher COMMAND ${Python3_EXECUTABLE} ${CMAKE_CURRENT_SOURCE_DIR}/contract/codec_launcher_test.py
+         $<TARGET_FILE:codec-launcher> $<TARGET_FILE:codec_module>)
+set_tests_properties(codec_launcher PROPERTIES TIMEOUT 60)

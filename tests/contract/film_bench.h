@@ -19,7 +19,10 @@ class FilmBench : public testing::Test
 protected:
     using Clock = std::chrono::steady_clock;
 
-    explicit FilmBench(bool outputs) : player(makeMpvFilePlayer({.outputs = outputs, .pixelRatio = nullptr})) {}
+    explicit FilmBench(bool outputs, const std::string& codecFile = {})
+        : player(makeMpvFilePlayer({.outputs = outputs, .pixelRatio = nullptr, .codecFile = codecFile}))
+    {
+    }
 
     /// Follows the player meanwhile, as the program does.
     bool waitUntil(const std::function<bool()>& condition, Clock::duration limit = std::chrono::seconds(15))

@@ -19,6 +19,12 @@ inline constexpr PixelRect kPicture{0, 0, 320, 240};
 class ScreenBench : public testing::Test
 {
 protected:
+    /// The file of the settings for pictures and sounds, if there is to be one.
+    explicit ScreenBench(const std::string& codecFile = {})
+        : mci(makeMpvEngine({.outputs = true, .pixelRatio = nullptr, .mostDevices = 2, .codecFile = codecFile}))
+    {
+    }
+
     int send(const std::string& command)
     {
         std::array<char, 128> buffer{};
@@ -58,7 +64,7 @@ protected:
 
     std::size_t windowsOfPlayer = 0;
     TestWindow window{640, 480};
-    MciService mci{makeMpvEngine({.outputs = true, .pixelRatio = nullptr, .mostDevices = 2})};
+    MciService mci;
     std::string answer;
 };
 

@@ -6,8 +6,9 @@ import os
 import shutil
 import unittest
 
+from console_driver import Screen
 from other_media import DISC, OtherMediaTest, seconds_of
-from player import wait_for
+from player import GaveUp, wait_for
 
 IMAGE = os.path.join(DISC, "disc.iso")
 FOLDER = os.path.join(DISC, "disc")
@@ -198,6 +199,35 @@ class DiscsOnOlderSystems(Discs):
         self.see(player, lambda number: 750 <= number < 900, "chapter 3")
         self.click_button(player, "imgRwd")
         self.see(player, lambda number: 375 <= number < 500, "chapter 2 again")
+
+    def choose_over_picture(self, steps):
+        """So many steps down in the menu that a right click brings up over the full picture."""
+        def opened():
+            self.click(960, 500, button=3)
+            try:
+                return wait_for(self.popup, 3, "the menu")
+            except GaveUp:
+                return False
+
+        wait_for(opened, 20, "the menu over the picture")
+        self.key(*["Down"] * steps, "Return")
+        wait_for(lambda: not self.popup(), 20, "the end of the menu")
+
+    def test_the_menu_over_the_full_picture(self):
+        player = self.open()
+        self.play_title(player, 1)
+        self.fill(player, self.title)
+        wait_for(lambda: "Panel" not in player.windows(), 20, "the end of the panel")
+        self.choose_over_picture(5)
+        width = round(960 * SIZE[0] / SIZE[1])
+        flat = ((1920 - width) // 2, 60, width, 960)
+        wait_for(lambda: (Screen(self).frame_number(*flat) or 0) > 0, 20, "the picture in the ultra flat format")
+        self.choose_over_picture(2)
+        self.wait_for_movement(player, self.title, SIZE)
+        self.choose_over_picture(6)
+        self.see(player, in_menu, "the menu of the disc")
+        self.choose_over_picture(1)
+        wait_for(lambda: not self.is_full(player, self.title), 20, "the way out of full screen")
 
 
 class DiscsOnNewerSystems(DiscsTest):

@@ -2,6 +2,7 @@
 
 import os
 import re
+import shutil
 import signal
 import subprocess
 import sys
@@ -50,12 +51,12 @@ def wait_briefly(condition):
 class Player:
     """One running player. Times out rather than hangs."""
 
-    def __init__(self, display, home, *arguments, **environment):
+    def __init__(self, display, home, *arguments, program=os.path.join(BIN, "tandrel-player"), **environment):
         self.display = display
         self.home = home
         self.trace_file = tempfile.mktemp(prefix="trace-", dir=os.path.dirname(home))
         everything = dict(display.environment, TANDREL_HOME=home, TANDREL_MCI_TRACE=self.trace_file, **environment)
-        self.process = subprocess.Popen([os.path.join(BIN, "tandrel-player"), *arguments], env=everything,
+        self.process = subprocess.Popen([program, *arguments], env=everything,
                                         stderr=subprocess.DEVNULL)
 
     def trace(self):
@@ -171,7 +172,17 @@ class PlayerTest(unittest.TestCase):
                 player.end()
         finally:
             self.display.__exit__()
-            self.folder_holder.cleanup()
+            self.remove_folder()
+
+    def remove_folder(self):
+        """Programs of the desktop that a start has called may still be at work in it."""
+
+        def gone():
+            shutil.rmtree(self.folder, ignore_errors=True)
+            return not os.path.exists(self.folder)
+
+        wait_for(gone, 10, "the end of the test's folder")
+        self.folder_holder.cleanup()
 
     def home(self, name="home", **settings):
         home = os.path.join(self.folder, name)

@@ -269,8 +269,6 @@ class Transport(ConsoleTest):
         for button in ("imgOpen", "imgResize", "imgShare"):
             self.open_menu(player, button)
             self.answer("Escape", lambda: not self.popup(), f"the end of the menu of {button}")
-        for button in ("imgVideo", "imgAudio"):
-            self.click_button(player, button)
         self.click_button(player, "imgMax")
         self.assert_commands(player, begin, [f'setaudio "{self.selected}" Volume to 600'])
         self.wait_for_movement(player, self.names)

@@ -8,7 +8,12 @@
 #include "console/holders.h"
 #include "console/slidemenu.h"
 #include "console/version.h"
+#include "fullscreen/dvdmenu.h"
+#include "fullscreen/fullmenu.h"
+#include "media/mod_media.h"
 #include "media/shared_state.h"
+#include "persist/frm_prev.h"
+#include "persist/openmenu.h"
 #include "texts/frm_help.h"
 #include "texts/frm_lang.h"
 #include "texts/frm_splash.h"
@@ -20,6 +25,7 @@
 #include "toolkit/program.h"
 #include "toolkit/qt/qt_backend.h"
 #include "toolkit/screen.h"
+#include "video/slots.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -37,6 +43,9 @@ namespace
 {
 
 using namespace tandrel;
+
+/// The made-up system.
+test::World* theWorld = nullptr;
 
 void showConsole()
 {
@@ -74,6 +83,48 @@ void popUp(Menu& head)
 {
     QCursor::setPos(400, 300);
     PopupMenu(head);
+}
+
+/// Three films in their slots, the second of them over the whole screen.
+void showFullMenu()
+{
+    frmMedia();
+    for (const char* name : {"Crossing the strait.mp4", "Harbour at dawn.avi", "Night race.mkv"}) {
+        frmChild& window = newSlot(Text("/home/you/Videos/") + name);
+        NextSlot += 1;
+        window.MediaFile = tandrel::quoted(window.path());
+        CurrentAlias = window.MediaFile;
+        window.Full = NextSlot == 2;
+    }
+    popUp(fullmenu().mnupopup);
+}
+
+/// A still as it might be: dusk over water, by a shade that differs from film to film.
+Still madeUpStill(std::uint32_t shade)
+{
+    Still still{120, 68, {}, std::int64_t{1000} * (700 + 977 * shade)};
+    for (std::uint32_t y = 0; y < 68; ++y)
+        for (std::uint32_t x = 0; x < 120; ++x) {
+            const std::uint32_t sky = y < 40 ? 40 + 3 * y : 150 - y;
+            const bool sun = (x - 30 * shade) * (x - 30 * shade) + (y - 30) * (y - 30) < 90;
+            still.pixels.push_back(sun ? 0xFFC070 : sky / (shade + 1) << 16 | sky / 2 << 8 | (110 + y / 2));
+        }
+    return still;
+}
+
+void showRecent(test::World& world)
+{
+    std::uint32_t shade = 0;
+    for (const char* name : {"Crossing the strait.mp4", "Harbour at dawn.avi", "Night race.mkv", "Lighthouse.webm"}) {
+        const Text path = Text("/home/you/Videos/") + name;
+        world.files.content["/data/last.dat"].push_back(path);
+        world.files.content[path] = {};
+        world.stills.made[path] = madeUpStill(shade++);
+    }
+    frmMedia();
+    frmPrev().Show();
+    frmPrev().lstFiles.setSelected(0, true);
+    frmPrev().lstFiles.setSelected(2, true);
 }
 
 void makeFile(const QString& path, qint64 size)
@@ -176,6 +227,18 @@ const std::map<std::string, std::function<void()>>& windows()
              popUp(menu().mnupopup);
          }},
         {"share", [] { popUp(share().popup); }},
+        {"fullmenu", showFullMenu},
+        {"dvdmenu",
+         [] {
+             frmMedia();
+             popUp(dvdmenu().mnupopup);
+         }},
+        {"openmenu",
+         [] {
+             frmMedia();
+             popUp(openmenu().popup);
+         }},
+        {"frmPrev", [] { showRecent(*theWorld); }},
         {"slidemenu",
          [] {
              frmMedia();
@@ -198,6 +261,7 @@ int main(int argc, char** argv)
         return 2;
     }
     test::World world;
+    theWorld = &world;
     QtBackend qt;
     installBackend(&qt);
     world.settled();

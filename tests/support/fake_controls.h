@@ -107,6 +107,7 @@ private:
     void PlayPrevChapter() override { note("PlayPrevChapter"); }
     void ShowMenu(int menu) override { note("ShowMenu " + std::to_string(menu)); }
     void PlayAtTime(const Text& time) override { note("PlayAtTime " + time); }
+    void RestorePreferredSettings() override { note("RestorePreferredSettings"); }
     Text CurrentTime() const override { return read(time); }
     Text TotalTitleTime() const override { return read(total); }
 

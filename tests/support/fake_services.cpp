@@ -313,13 +313,56 @@ Bitmap FakeBackend::picture(const Text& name, int width, int height)
     return {width, height, std::vector<std::int32_t>(static_cast<std::size_t>(width * height), 0)};
 }
 
+std::vector<WindowHandle> FakeDesktop::topWindows() const
+{
+    std::vector<WindowHandle> all;
+    for (const auto& [handle, window] : windows)
+        all.push_back(handle);
+    return all;
+}
+
+long FakeDesktop::processOf(WindowHandle window) const
+{
+    const auto found = windows.find(window);
+    return found == windows.end() ? 0 : found->second.process;
+}
+
+WindowHandle FakeDesktop::parentOf(WindowHandle window) const
+{
+    const auto found = windows.find(window);
+    return found == windows.end() ? 0 : found->second.parent;
+}
+
+bool FakeDesktop::setParent(WindowHandle window, WindowHandle parent)
+{
+    moved.emplace_back(window, parent);
+    if (windows.count(window) == 0)
+        return false;
+    windows[window].parent = parent;
+    return true;
+}
+
+std::optional<PixelRect> FakeDesktop::windowRect(WindowHandle window) const
+{
+    const auto found = windows.find(window);
+    if (found == windows.end())
+        return window == 0 ? std::nullopt : ownRect;
+    return found->second.rect;
+}
+
+void FakeRegistry::set(std::int32_t root, std::string_view key, std::string_view name, std::string_view value)
+{
+    const char* under = root == kClasses ? "CLASSES " : root == kMachine ? "MACHINE " : "? ";
+    written.push_back(under + std::string(key) + "|" + std::string(name) + "|" + std::string(value));
+}
+
 World::World()
 {
     beginProgram();
     mci.journal = backend.journal = &journal;
     installBackend(&backend);
     installServices({&mci, &pointer, &monitors, &screenSaver, &hotKeys, &systemFacts, &settings, &files, &instances,
-                     &shell, &clock, &players, &drives});
+                     &shell, &clock, &players, &drives, &desktop, &registry, &finder, &stills});
     resetSharedState();
     setCommandLine({});
     forgetSpentPresses();

@@ -146,6 +146,12 @@ class FakeSystemFacts : public SystemFacts
 public:
     std::string version() const override { return numbers; }
     std::string systemFolder() const override { return folder; }
+    std::string environment(const std::string& name) const override
+    {
+        const auto found = variables.find(name);
+        return found == variables.end() ? "" : found->second;
+    }
+    std::map<std::string, std::string> variables;
     std::string folder = "/system";
     std::string numbers = "linux";
 };
@@ -202,7 +208,84 @@ class FakeShell : public Shell
 {
 public:
     void open(const std::string& target) override { opened.push_back(target); }
+    long run(const std::string& commandLine) override
+    {
+        started.push_back(commandLine);
+        if (whenStarted)
+            whenStarted();
+        return process;
+    }
     std::vector<std::string> opened;
+    std::vector<std::string> started;
+    /// The process id of what is started; 0: nothing can be.
+    long process = 4711;
+    std::function<void()> whenStarted;
+};
+
+/// Windows of other programs, in the order of their handles.
+class FakeDesktop : public Desktop
+{
+public:
+    struct Window {
+        long process = 0;
+        WindowHandle parent = 0;
+        std::optional<PixelRect> rect;
+    };
+    std::vector<WindowHandle> topWindows() const override;
+    long processOf(WindowHandle window) const override;
+    WindowHandle parentOf(WindowHandle window) const override;
+    bool setParent(WindowHandle window, WindowHandle parent) override;
+    std::optional<PixelRect> windowRect(WindowHandle window) const override;
+    std::map<WindowHandle, Window> windows;
+    /// Where our own windows stand.
+    std::optional<PixelRect> ownRect;
+    /// Each `setParent`: window and parent.
+    std::vector<std::pair<WindowHandle, WindowHandle>> moved;
+};
+
+/// Notes what is written: "CLASSES key|name|value".
+class FakeRegistry : public Registry
+{
+public:
+    void set(std::int32_t root, std::string_view key, std::string_view name, std::string_view value) override;
+    void settle() override { settledAt.push_back(written.size()); }
+    std::vector<std::string> written;
+    /// How much had been written each time that it was all.
+    std::vector<std::size_t> settledAt;
+};
+
+/// Finds the files of a fake at once, but for those in `silent`.
+class FakeFinder : public FileFinder
+{
+public:
+    explicit FakeFinder(Files& files) : files_(files) {}
+    void look(const std::vector<std::string>& paths) override { looked.push_back(paths); }
+    void wait(int ms) override { waits.push_back(ms); }
+    std::optional<bool> found(const std::string& path) const override
+    {
+        if (silent.count(path) > 0)
+            return std::nullopt;
+        return !files_.dir(path).empty();
+    }
+    std::set<std::string> silent;
+    std::vector<std::vector<std::string>> looked;
+    std::vector<int> waits;
+
+private:
+    Files& files_;
+};
+
+class FakeStills : public Stills
+{
+public:
+    void want(const std::vector<std::string>& paths) override { wanted.push_back(paths); }
+    std::optional<Still> have(const std::string& path) const override
+    {
+        const auto found = made.find(path);
+        return found == made.end() ? std::nullopt : std::optional(found->second);
+    }
+    std::vector<std::vector<std::string>> wanted;
+    std::map<std::string, Still> made;
 };
 
 class FakeClock : public Clock
@@ -316,6 +399,10 @@ public:
     FakeClock clock;
     FakePlayers players;
     FakeDrives drives;
+    FakeDesktop desktop;
+    FakeRegistry registry;
+    FakeFinder finder{files};
+    FakeStills stills;
     FakeBackend backend;
     /// Command strings, and with `backend.windows` what happens to windows, in one order.
     std::vector<std::string> journal;

@@ -17,9 +17,6 @@ using ::testing::Not;
 namespace
 {
 
-/// Buttons that wait for their command.
-constexpr std::array<Image frmMedia::*, 2> kToCome{&frmMedia::imgVideo, &frmMedia::imgAudio};
-
 class ConsoleButtons : public Player
 {
 protected:
@@ -79,26 +76,6 @@ TEST_F(ConsoleButtons, OnceTheEndHasBegunNoImageDoesAnything)
             ++images;
         }
     EXPECT_EQ(images, 25) << "with the body and its outline";
-}
-
-TEST_F(ConsoleButtons, ThoseWhoseCommandIsToComeDoNothing)
-{
-    startWithWindows();
-    listenToRow();
-    open(0);
-    world.backend.pointerShapes.clear();
-    world.screenSaver.switched.clear();
-    console().VolumeSlider.Value = 40;
-    const auto forms = openForms().size();
-    for (const auto button : kToCome) {
-        press(console().*button, mouse::kLeft);
-        expectNothing((console().*button).name());
-    }
-    EXPECT_EQ(openForms().size(), forms);
-    EXPECT_EQ(console().VolumeSlider.value(), 40);
-    EXPECT_EQ(console().lblSpeed.caption(), "0x");
-    EXPECT_EQ(VideoWindows[0]->Paused, 0);
-    EXPECT_FALSE(Playing || FastForward || FastRewind);
 }
 
 TEST_F(ConsoleButtons, OtherMouseButtonsPressNone)

@@ -410,4 +410,81 @@ TEST_F(ConsoleHandover, AListThatCantBeDeletedOpensItsFilesOnce)
     EXPECT_TRUE(timersRun());
 }
 
+// Another program has left files and asks for them to be taken.
+
+TEST_F(ConsoleHandover, TheActiveConsoleTakesWhatWasLeft)
+{
+    start("0");
+    ASSERT_EQ(activeForm(), &console());
+    handOver({alias(0), alias(1)});
+    EXPECT_TRUE(console().takeWhatWasLeft());
+    EXPECT_EQ(liveCount(), 2);
+    EXPECT_FALSE(listIsThere());
+}
+
+TEST_F(ConsoleHandover, AConsoleThatIsNotActiveIsActivatedAndTakesThemOnce)
+{
+    start("0");
+    open(0);
+    ASSERT_NE(activeForm(), &console());
+    handOver({alias(1)});
+    EXPECT_TRUE(console().takeWhatWasLeft());
+    EXPECT_EQ(liveCount(), 2);
+    EXPECT_EQ(startingWith(commands(), "Open B").size(), 1U);
+}
+
+TEST_F(ConsoleHandover, AMinimisedConsoleComesBackWithItsVideos)
+{
+    start("0");
+    open(0);
+    console().WindowState = 1;
+    ResizePending = true;
+    video(0).Hide();
+    EXPECT_TRUE(console().takeWhatWasLeft());
+    EXPECT_EQ(console().windowState(), 0);
+    EXPECT_TRUE(video(0).visible());
+    EXPECT_EQ(activeForm(), &console()) << "no file was left: it is the console that is to be seen";
+}
+
+TEST_F(ConsoleHandover, ACommandUnderWayIsLeftAlone)
+{
+    start("0");
+    handOver({alias(0)});
+    console().takeNoHandover(true);
+    EXPECT_FALSE(console().takeWhatWasLeft());
+    screen().MousePointer = pointer::kHourglass;
+    console().takeNoHandover(false);
+    world.files.content["/data/list.dat"] = {alias(1)};
+    EXPECT_FALSE(console().takeWhatWasLeft());
+    EXPECT_TRUE(listIsThere());
+    screen().MousePointer = pointer::kDefault;
+    EXPECT_TRUE(console().takeWhatWasLeft());
+    EXPECT_FALSE(listIsThere());
+}
+
+TEST_F(ConsoleHandover, AListThatIsBeingTakenIsNotTakenAgainMeanwhile)
+{
+    start("0");
+    handOver({alias(0), alias(1)});
+    int asked = 0;
+    world.mci.otherwise = [this, &asked, inner = world.mci.otherwise](const std::string& command, std::string& text) {
+        if (command.starts_with("Open ") && ++asked == 1) {
+            EXPECT_FALSE(console().takeWhatWasLeft());
+        }
+        return inner(command, text);
+    };
+    activateConsole();
+    EXPECT_EQ(asked, 2);
+    EXPECT_EQ(liveCount(), 2);
+}
+
+TEST_F(ConsoleHandover, AListThatCantBeReadIsAskedForOnce)
+{
+    start("0");
+    handOver({alias(0)});
+    world.files.readable = false;
+    EXPECT_TRUE(console().takeWhatWasLeft());
+    EXPECT_EQ(liveCount(), 0);
+}
+
 } // namespace tandrel::test

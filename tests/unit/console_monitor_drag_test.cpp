@@ -278,4 +278,11 @@ TEST_F(ConsoleMonitorDrag, AWindowOnAMonitorToTheLeftAndAboveIsDraggedInItsPlace
     EXPECT_EQ(rectOf(selected), (Rect{-8700, -6300, 4500, 3000}));
 }
 
+TEST_F(ConsoleMonitorDrag, TheLastReadingOfThePointerIsKeptInPixels)
+{
+    window();
+    dragTo(3000, 3150);
+    EXPECT_EQ(console().CursorPos, (PixelPoint{200, 210}));
+}
+
 } // namespace tandrel::test

@@ -181,8 +181,8 @@ TEST_F(ConsoleShutdown, ACloseFromOutsideEndsTheOtherFormsFirstInTheirOrder)
     console().userClose();
     EXPECT_FALSE(Loaded<class slidemenu>());
     const auto hidden = chosen(world.journal, [](const std::string& line) { return line.ends_with(" hide"); });
-    EXPECT_THAT(hidden, ElementsAre("frmWait hide", "frmPanel hide", "frmToolTip hide", "slidemenu hide", "menu hide",
-                                    "frmChild hide", "frmChild hide", "frmMedia hide"));
+    EXPECT_THAT(hidden, ElementsAre("frmWait hide", "frmPanel hide", "frmToolTip hide", "slidemenu hide",
+                                    "openmenu hide", "menu hide", "frmChild hide", "frmChild hide", "frmMedia hide"));
 }
 
 TEST_F(ConsoleShutdown, NothingComesBackBehindTheEnd)

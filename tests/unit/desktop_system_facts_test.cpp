@@ -32,7 +32,7 @@ TEST(SystemFacts, EachRowOfTheTable)
 
 TEST(SystemFacts, ASystemThatCannotTellLeavesWhatThereIs)
 {
-    class Mute : public SystemFacts
+    class Mute : public FakeSystemFacts
     {
     public:
         std::string version() const override { throw std::runtime_error("no answer"); }

@@ -125,4 +125,14 @@ TEST_F(Wheel, TheHookCanBeTakenBack)
     EXPECT_FALSE(hasWheelHook(form->hWnd()));
 }
 
+TEST_F(Wheel, AFormIsFoundByItsWindowWhileItIsLoaded)
+{
+    const WindowHandle window = form->hWnd();
+    ASSERT_NE(window, 0U);
+    EXPECT_EQ(FormOfHandle(window), form.get());
+    EXPECT_EQ(FormOfHandle(window + 1000), nullptr);
+    unload(*form);
+    EXPECT_EQ(FormOfHandle(window), nullptr);
+}
+
 } // namespace tandrel::test

@@ -291,4 +291,27 @@ TEST_F(PanelHide, ADiscWithoutAWindowIsNoError)
     EXPECT_FALSE(PanelUp);
 }
 
+TEST_F(PanelHide, WhileItIsHeldItStaysWhateverTheTicksSay)
+{
+    armed();
+    panel().PanelHold = true;
+    tick();
+    tick();
+    EXPECT_TRUE(isUp());
+    panel().PanelHold = false;
+    tick();
+    EXPECT_TRUE(isDown());
+}
+
+TEST_F(PanelHide, TheKeptPlaceOfThePointerOverItHoldsItUp)
+{
+    armed();
+    panel().PanelCursor = {400, 1079};
+    tick();
+    EXPECT_TRUE(isUp());
+    panel().PanelCursor = {400, 100};
+    tick();
+    EXPECT_TRUE(isDown());
+}
+
 } // namespace tandrel::test

@@ -4,12 +4,17 @@
 #include "temporary_folder.h"
 
 #include "persist/recent_files.h"
+#include "persist/recent_listing.h"
 #include "platform/path_marks.h"
+#include "platform/xdg/file_finder.h"
 #include "platform/xdg/files.h"
 
 #include <gmock/gmock.h>
 
+#include <chrono>
+#include <condition_variable>
 #include <cstdint>
+#include <mutex>
 
 namespace tandrel::test
 {
@@ -38,6 +43,14 @@ Lines joined(Lines front, const Lines& back)
     return front;
 }
 
+/// What the dialog of recent files shows.
+Lines listed()
+{
+    recent::Listing listing;
+    listing.read();
+    return listing.files();
+}
+
 class PersistRecentFiles : public ::testing::Test
 {
 protected:
@@ -59,11 +72,13 @@ protected:
     {
         Services all = services();
         all.files = &files;
+        all.finder = &finder;
         installServices(all);
     }
     World world;
     TemporaryFolder folder;
     XdgFiles files{folder.path()};
+    FakeFinder finder{files};
 };
 
 } // namespace
@@ -205,7 +220,7 @@ TEST_F(PersistRecentFiles, APathWithMarksInItsNameStaysOneLine)
     recent::update({"/new"});
     makeFilms({path});
     EXPECT_THAT(list(), ElementsAre("/new", path, ""));
-    EXPECT_THAT(recent::files(), ElementsAre(path));
+    EXPECT_THAT(listed(), ElementsAre(path));
 }
 
 TEST_F(PersistRecentFiles, AListThatCantBeReadIsLeftAlone)
@@ -215,7 +230,7 @@ TEST_F(PersistRecentFiles, AListThatCantBeReadIsLeftAlone)
     recent::update({"/new"});
     EXPECT_EQ(list(), films(3));
     EXPECT_THAT(world.files.written, IsEmpty());
-    EXPECT_THAT(recent::files(), IsEmpty());
+    EXPECT_THAT(listed(), IsEmpty());
 }
 
 TEST_F(PersistRecentFiles, AFolderThatCantBeWrittenChangesNothing)
@@ -230,27 +245,27 @@ TEST_F(PersistRecentFiles, AFolderThatCantBeWrittenChangesNothing)
 
 // Reading.
 
-TEST_F(PersistRecentFiles, WithoutAListThereAreNoFiles) { EXPECT_THAT(recent::files(), IsEmpty()); }
+TEST_F(PersistRecentFiles, WithoutAListThereAreNoFiles) { EXPECT_THAT(listed(), IsEmpty()); }
 
 TEST_F(PersistRecentFiles, FilesComeInTheOrderOfTheList)
 {
     makeFilms({"/b", "/a"});
     list() = {"/b", "/a"};
-    EXPECT_THAT(recent::files(), ElementsAre("/b", "/a"));
+    EXPECT_THAT(listed(), ElementsAre("/b", "/a"));
 }
 
 TEST_F(PersistRecentFiles, BlankLinesAreSkipped)
 {
     makeFilms({"/a", "/b", "  ", ""});
     list() = {"", "/a", "  ", "/b", "", ""};
-    EXPECT_THAT(recent::files(), ElementsAre("/a", "/b"));
+    EXPECT_THAT(listed(), ElementsAre("/a", "/b"));
 }
 
 TEST_F(PersistRecentFiles, TheThirteenthLineIsNotShown)
 {
     makeFilms(films(13));
     list() = films(13);
-    EXPECT_EQ(recent::files(), films(12));
+    EXPECT_EQ(listed(), films(12));
 }
 
 TEST_F(PersistRecentFiles, TheThirteenthTakesThePlaceOfOneThatIsNotShown)
@@ -258,7 +273,7 @@ TEST_F(PersistRecentFiles, TheThirteenthTakesThePlaceOfOneThatIsNotShown)
     makeFilms(films(13));
     list() = films(13);
     world.files.content.erase("/films/5.avi");
-    EXPECT_EQ(recent::files(), joined(films(4), films(8, 5)));
+    EXPECT_EQ(listed(), joined(films(4), films(8, 5)));
 }
 
 TEST_F(PersistRecentFiles, AMovedFileLeavesTheListButNotItsLine)
@@ -266,18 +281,18 @@ TEST_F(PersistRecentFiles, AMovedFileLeavesTheListButNotItsLine)
     makeFilms({"/a", "/b"});
     list() = {"/a", "/b"};
     world.files.content.erase("/a");
-    EXPECT_THAT(recent::files(), ElementsAre("/b"));
+    EXPECT_THAT(listed(), ElementsAre("/b"));
     recent::update({"/c"});
     EXPECT_THAT(list(), ElementsAre("/c", "/a", "/b", ""));
     makeFilms({"/a"});
-    EXPECT_THAT(recent::files(), ElementsAre("/a", "/b")) << "it came back";
+    EXPECT_THAT(listed(), ElementsAre("/a", "/b")) << "it came back";
 }
 
 TEST_F(PersistRecentFiles, ReadingChangesNothing)
 {
     makeFilms({"/a"});
     list() = {"/a", "/gone", ""};
-    recent::files();
+    listed();
     EXPECT_THAT(list(), ElementsAre("/a", "/gone", ""));
     EXPECT_THAT(world.files.written, IsEmpty());
 }
@@ -290,7 +305,7 @@ TEST_F(PersistRecentFiles, ARemovedListIsGoneAndTheNextOneBeginsAfresh)
     recent::update({"/a"});
     EXPECT_TRUE(recent::remove());
     EXPECT_FALSE(listIsThere());
-    EXPECT_THAT(recent::files(), IsEmpty());
+    EXPECT_THAT(listed(), IsEmpty());
     EXPECT_TRUE(recent::remove()) << "it is gone";
     recent::update({"/b"});
     EXPECT_THAT(list(), ElementsAre("/b"));
@@ -318,12 +333,12 @@ TEST_F(PersistRealRecentFiles, AMegabyteOfGarbageHoldsNoFilesAndDropsOff)
         garbage += static_cast<char>(state);
     }
     folder.write("last.dat", garbage);
-    EXPECT_THAT(recent::files(), IsEmpty());
+    EXPECT_THAT(listed(), IsEmpty());
     folder.write("new.avi", "");
     for (int times = 0; times < 13; ++times) {
         recent::update({folder.path("new.avi")});
         EXPECT_THAT(*files.readLines(folder.path("last.dat")), SizeIs(13));
-        EXPECT_THAT(recent::files(), ElementsAre(folder.path("new.avi")));
+        EXPECT_THAT(listed(), ElementsAre(folder.path("new.avi")));
     }
     for (int number = 0; number < 12; ++number)
         recent::update({folder.path(std::to_string(number))});
@@ -335,7 +350,7 @@ TEST_F(PersistRealRecentFiles, ALineOfAMegabyteIsNoFile)
 {
     const std::string line(1U << 20, 'x');
     folder.write("last.dat", line);
-    EXPECT_THAT(recent::files(), IsEmpty());
+    EXPECT_THAT(listed(), IsEmpty());
     recent::update({folder.path("a")});
     EXPECT_EQ(folder.content("last.dat"), folder.path("a") + "\r\n" + line + "\r\n\r\n");
 }
@@ -345,9 +360,9 @@ TEST_F(PersistRealRecentFiles, ANameThatANulCutsShortIsNotFound)
     folder.write("a.avi", "");
     const std::string cut = folder.path("a.avi") + std::string("\0garbage", 8);
     folder.write("last.dat", cut + "\r\n" + std::string(4096, '\0'));
-    EXPECT_THAT(recent::files(), IsEmpty());
+    EXPECT_THAT(listed(), IsEmpty());
     folder.write("last.dat", folder.path("a.avi") + "\r\n" + cut);
-    EXPECT_THAT(recent::files(), ElementsAre(folder.path("a.avi"))) << "the name alone is";
+    EXPECT_THAT(listed(), ElementsAre(folder.path("a.avi"))) << "the name alone is";
 }
 
 TEST_F(PersistRealRecentFiles, AListThatIsNoneOfOursIsLeftAlone)
@@ -356,7 +371,52 @@ TEST_F(PersistRealRecentFiles, AListThatIsNoneOfOursIsLeftAlone)
     folder.write("last.dat", tooLong);
     recent::update({"/a"});
     EXPECT_EQ(folder.content("last.dat"), tooLong);
-    EXPECT_THAT(recent::files(), IsEmpty());
+    EXPECT_THAT(listed(), IsEmpty());
+}
+
+// Files that answer late.
+
+TEST_F(PersistRealRecentFiles, AFileThatAnswersLateTurnsUpAsSoonAsItDoes)
+{
+    std::mutex guard;
+    std::condition_variable change;
+    bool answers = false;
+    int asked = 0;
+    ThreadedFinder threads([&](const std::string& path) {
+        std::unique_lock lock(guard);
+        asked += path == "/late" ? 1 : 0;
+        change.wait(lock, [&] { return path != "/late" || answers; });
+        return path != "/gone";
+    });
+    Services all = services();
+    all.finder = &threads;
+    installServices(all);
+    folder.write("last.dat", "/a\r\n/late\r\n/gone\r\n/b\r\n");
+    recent::Listing listing;
+    listing.read();
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+    // On a machine that is busy elsewhere these two may be late as well.
+    while (listing.files().size() < 2 && std::chrono::steady_clock::now() < end) {
+        threads.wait(10);
+        listing.lookAgain();
+    }
+    ASSERT_THAT(listing.files(), ElementsAre("/a", "/b"));
+    for (int tick = 0; tick < 5; ++tick)
+        EXPECT_THAT(listing.lookAgain(), IsEmpty());
+    {
+        const std::scoped_lock lock(guard);
+        answers = true;
+        change.notify_all();
+    }
+    threads.wait(5000);
+    const auto newcomers = listing.lookAgain();
+    ASSERT_THAT(newcomers, SizeIs(1));
+    EXPECT_EQ(newcomers[0].index, 1U);
+    EXPECT_EQ(newcomers[0].path, "/late");
+    EXPECT_THAT(listing.files(), ElementsAre("/a", "/late", "/b"));
+    EXPECT_THAT(listing.lookAgain(), IsEmpty());
+    const std::scoped_lock lock(guard);
+    EXPECT_EQ(asked, 1);
 }
 
 } // namespace tandrel::test

@@ -264,4 +264,11 @@ TEST_F(TextsDialogs, TheNoticeStandsInTheMiddleOfTheMonitorThatHoldsIt)
     EXPECT_EQ(loadedAt<class frmWait>(300, -300), (Rect{300, -300, 4500, 960})) << "no monitor holds it";
 }
 
+TEST(TextsNotice, ItsPictureSaysThatItInforms)
+{
+    World world;
+    EXPECT_EQ(frmUpdate().imgInfo.picture(), "box_information");
+    EXPECT_TRUE(frmUpdate().imgInfo.visible());
+}
+
 } // namespace tandrel::test

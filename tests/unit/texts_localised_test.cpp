@@ -80,9 +80,10 @@ TEST_F(TextsLocalised, EveryFormHasItsRows)
     for (const TextRow& one : textTable())
         ++rows[groupOf(one.key)];
     EXPECT_THAT(rows, UnorderedElementsAre(Pair("frmMedia", 24), Pair("menu", 2), Pair("openmenu", 5),
-                                           Pair("slidemenu", 2), Pair("frmHelp", 27), Pair("message", 9),
-                                           Pair("frmToolTip", 2), Pair("title", 3), Pair("frmPrev", 2),
-                                           Pair("track", 3), Pair("box", 3), Pair("system", 2), Pair("dialog", 24)));
+                                           Pair("slidemenu", 2), Pair("frmHelp", 27), Pair("message", 16),
+                                           Pair("frmToolTip", 2), Pair("title", 3), Pair("frmPrev", 12),
+                                           Pair("track", 3), Pair("box", 3), Pair("system", 2), Pair("dialog", 24),
+                                           Pair("fullmenu", 14), Pair("dvdmenu", 1), Pair("frmFFDShow", 2)));
 }
 
 TEST_F(TextsLocalised, KeysAreUniqueAndNameAGroup)
@@ -147,7 +148,9 @@ TEST_F(TextsLocalised, OnlyTheseTextsAreThoseOfEnglish)
                           "frmMedia.Label4 PT", "frmMedia.InvertSlider FR", "frmMedia.InvertSlider IT",
                           "frmMedia.InvertSlider PT", "box.no ES", "box.no IT", "box.ok FR", "box.ok IT", "box.ok DE",
                           "box.ok PT", "dialog.computer IT", "dialog.computer DE", "dialog.home IT", "dialog.kind FR",
-                          "dialog.name DE", "dialog.videos DE"));
+                          "dialog.name DE", "dialog.videos DE", "fullmenu.mnuVideo DE", "fullmenu.mnuPause FR",
+                          "fullmenu.mnuPause DE", "frmPrev.lblFiles DE", "frmPrev.lblMKV ES", "frmPrev.lblMKV FR",
+                          "frmPrev.lblMKV IT", "frmPrev.lblMKV DE", "frmPrev.lblMKV PT"));
 }
 
 TEST_F(TextsLocalised, TheDialogNamesWhatItSpeaksOf)

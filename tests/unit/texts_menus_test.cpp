@@ -23,7 +23,7 @@ namespace
 {
 
 /// Notes which pointer is seen while it opens something.
-class WatchedShell : public Shell
+class WatchedShell : public FakeShell
 {
 public:
     void open(const std::string& target) override { opened.emplace_back(target, screen().MousePointer()); }
@@ -156,8 +156,8 @@ TEST_F(TextsMenus, ACloseOfTheConsoleEndsTheSmallFormsInTheirOrder)
     world.journal.clear();
     console().userClose();
     const auto hidden = chosen(world.journal, [](const std::string& line) { return line.ends_with(" hide"); });
-    EXPECT_THAT(hidden, ElementsAre("frmWait hide", "frmToolTip hide", "frmUpdate hide", "slidemenu hide", "menu hide",
-                                    "frmMedia hide"));
+    EXPECT_THAT(hidden, ElementsAre("frmWait hide", "frmToolTip hide", "frmUpdate hide", "slidemenu hide",
+                                    "openmenu hide", "menu hide", "frmMedia hide"));
     EXPECT_FALSE(Loaded<class frmWait>() || Loaded<class frmToolTip>() || Loaded<class frmUpdate>() ||
                  Loaded<class menu>());
 }

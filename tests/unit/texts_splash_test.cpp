@@ -161,4 +161,10 @@ TEST_F(TextsSplash, TheFirstStartHasNone)
     EXPECT_FALSE(Loaded<class frmSplash>());
 }
 
+TEST_F(TextsSplash, TheProductIsNamedOnTheStartFormToo)
+{
+    EXPECT_EQ(frmSplash().lblPRO.caption(), "PRO");
+    EXPECT_EQ(frmStart().lblPRO.caption(), frmSplash().lblPRO.caption());
+}
+
 } // namespace tandrel::test

@@ -519,4 +519,14 @@ TEST_F(UserChanges, TheWaitOfAnEarlierReportDoesNotCutALaterOneShort)
     EXPECT_THAT(happened, ElementsAre("a activate"));
 }
 
+TEST(ToolkitScreen, PixelsAreTwipsOfTheirOwnAxis)
+{
+    World world;
+    screen().setMetrics(15, 12, {0, 0, 1920, 1080});
+    EXPECT_EQ(screen().TwipsPerPixelX(), 15);
+    EXPECT_EQ(screen().TwipsPerPixelY(), 12);
+    EXPECT_EQ(pixelsX(1500), 100);
+    EXPECT_EQ(pixelsY(1500), 125);
+}
+
 } // namespace tandrel::test

@@ -13,10 +13,10 @@ using ::testing::SizeIs;
 namespace
 {
 
-class Window : public VideoForm
+class DiscWindow : public VideoForm
 {
 public:
-    Window() : VideoForm("window", Frame::Video, {0, 0, 6100, 4400}) {}
+    DiscWindow() : VideoForm("window", Frame::Video, {0, 0, 6100, 4400}) {}
     PictureBox picDVD{*this, "picDVD", {0, 0, 6000, 4000}};
     DiscBox dvdPicture{*this, "dvdPicture", {0, 0, 6000, 4000}, picDVD};
 };
@@ -27,7 +27,7 @@ protected:
     VideoDiscBox()
     {
         begin(true);
-        window_ = newForm<Window>();
+        window_ = newForm<DiscWindow>();
         window_->Show();
     }
     ~VideoDiscBox() override { unload(*window_); }
@@ -50,7 +50,7 @@ protected:
     }
 
 private:
-    std::shared_ptr<Window> window_;
+    std::shared_ptr<DiscWindow> window_;
 };
 
 } // namespace
@@ -272,6 +272,27 @@ TEST_F(VideoDiscBox, SoundAndSubtitlesAreChosenByControlAndTheRightButton)
     EXPECT_THAT(world.backend.menus, IsEmpty());
     box().press({mouse::kRight, shift::kControl, 10, 10});
     EXPECT_THAT(askedOfDisc(), ElementsAre("sound 2"));
+}
+
+TEST_F(VideoDiscBox, ThePreferredSettingsAreTheSoundAndTheSubtitlesThatItBeganWith)
+{
+    play();
+    medium().tracks = {{MediaTrack::Kind::Audio, 1, "English", true},
+                       {MediaTrack::Kind::Audio, 2, "Deutsch", false},
+                       {MediaTrack::Kind::Subtitle, -1, "None", true},
+                       {MediaTrack::Kind::Subtitle, 5, "English", false}};
+    box().InputActive().RestorePreferredSettings();
+    EXPECT_THAT(askedOfDisc(), IsEmpty()) << "nothing else was ever chosen";
+    for (const char* entry : {"mnuSound1", "mnuSubtitle1"}) {
+        world.backend.menuChoice = entry;
+        box().chooseTracks();
+        medium().tracks[0].chosen = false;
+    }
+    forgetAsked();
+    box().InputActive().RestorePreferredSettings();
+    EXPECT_THAT(askedOfDisc(), ElementsAre("sound 1", "subtitle -1"));
+    box().Stop();
+    EXPECT_THROW(box().InputActive().RestorePreferredSettings(), RuntimeError);
 }
 
 } // namespace tandrel::test

@@ -81,7 +81,7 @@ TEST_F(VideoDvd, BuildGraphGivesTheTitlesOfTheDisc)
     EXPECT_EQ(window.BuildGraph(), 7);
     EXPECT_EQ(window.Titles, 7);
     ASSERT_NE(window.oVidWebDVD, nullptr);
-    EXPECT_NE(window.DVDAdmin, nullptr);
+    EXPECT_EQ(window.DVDAdmin, &window.oVidWebDVD->DVDAdm());
     EXPECT_EQ(window.oVidWebDVD, &window.dvdPicture.InputActive());
 }
 
@@ -100,6 +100,9 @@ TEST_F(VideoDvd, TheCaptionsAreMadeTheActiveFeature)
 {
     openDisc();
     EXPECT_THAT(askedOfDisc(), Contains("captions"));
+    forgetAsked();
+    frmDVD().AddCC();
+    EXPECT_THAT(askedOfDisc(), ElementsAre("captions"));
 }
 
 TEST_F(VideoDvd, ItsActivationPlaysTheDisc)

@@ -15,10 +15,10 @@ using ::testing::Not;
 namespace
 {
 
-class Window : public VideoForm
+class BoxWindow : public VideoForm
 {
 public:
-    Window() : VideoForm("window", Frame::Video, {0, 0, 6000, 4000}) {}
+    BoxWindow() : VideoForm("window", Frame::Video, {0, 0, 6000, 4000}) {}
     PlayerBox picDVD{*this, "picDVD", {0, 0, 6000, 4900}};
 };
 
@@ -28,14 +28,14 @@ protected:
     VideoPlayerBox()
     {
         begin();
-        window_ = newForm<Window>();
+        window_ = newForm<BoxWindow>();
         window_->Caption = "A window";
         window_->Show();
     }
     ~VideoPlayerBox() override { unload(*window_); }
 
     PlayerBox& box() { return window_->picDVD; }
-    Window& window() { return *window_; }
+    BoxWindow& window() { return *window_; }
     PlayedMedium& medium() { return world.players.film; }
     void play(const Text& url = kHdFilm)
     {
@@ -64,7 +64,7 @@ protected:
     void tick() { box().tmrFollow.tick(); }
 
 private:
-    std::shared_ptr<Window> window_;
+    std::shared_ptr<BoxWindow> window_;
 };
 
 } // namespace
