@@ -12,6 +12,8 @@ namespace
 {
 // libVLC goes to the first unit of the disc that begins behind a place; they are half a second long or so.
 constexpr double kUnit = 0.3;
+// A drive may have to get going first.
+constexpr std::chrono::seconds kLongestLook{6};
 // From so much before a chapter libVLC goes astray.
 constexpr double kBeforeMark = 0.7;
 
@@ -33,7 +35,7 @@ void DiscWorker::open(const std::string& path)
     }
     std::error_code problem;
     path_ = std::filesystem::absolute(findDisc(path), problem).string();
-    disc_ = lookAtDiscFor(path_, std::chrono::seconds(2));
+    disc_ = lookAtDiscFor(path_, kLongestLook);
     const bool plays = !path.empty() && !problem && !disc_.facts.titles.empty();
     if (!plays || disc_.facts.encrypted) {
         fail(plays ? MediaTrouble::Encrypted : MediaTrouble::NotPlayable);

@@ -37,9 +37,14 @@ public:
     /// False if the thread is still there after that time.
     bool waitForEnd(std::chrono::milliseconds longest);
 
+    /// True once the thread takes commands: libVLC is up then.
+    bool hasBegun() const { return begun_; }
+
     /// For libVLC's threads.
     void tell(const VlcNews& news);
 
+    /// For the worker's thread.
+    void markBegin() { begun_ = true; }
     /// For the worker's thread: the next command, or none when there is news, or when the time is over.
     Command next(SteadyTime until);
     std::vector<VlcNews> takeNews();
@@ -70,6 +75,8 @@ private:
     std::uint64_t heard_ = 0;
     bool ending_ = false;
     bool ended_ = false;
+
+    std::atomic<bool> begun_ = false;
 
     std::mutex newsMutex_;
     std::vector<VlcNews> news_;

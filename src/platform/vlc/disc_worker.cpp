@@ -11,7 +11,6 @@ namespace
 constexpr std::chrono::milliseconds kBetweenLooks{25};
 constexpr std::chrono::milliseconds kBetweenStepsBack{450};
 constexpr std::chrono::hours kAtRest{1};
-constexpr double kLongestOpening = 10;
 // A change of the place that is no correction.
 constexpr double kJump = 0.7;
 
@@ -21,15 +20,18 @@ std::optional<WindowHandle> canvasOf(const std::shared_ptr<DiscScreen>& screen)
 }
 } // namespace
 
-DiscWorker::DiscWorker(std::shared_ptr<DiscSession> session, std::shared_ptr<DiscScreen> screen)
+DiscWorker::DiscWorker(std::shared_ptr<DiscSession> session, std::shared_ptr<DiscScreen> screen,
+                       std::chrono::seconds longestOpening)
     : session_(std::move(session)),
       screen_(std::move(screen)),
+      longestOpening_(longestOpening),
       film_(canvasOf(screen_), [shared = session_.get()](const VlcNews& news) { shared->tell(news); })
 {
 }
 
 void DiscWorker::run()
 {
+    session_->markBegin();
     while (!session_->isEnding()) {
         if (const auto command = session_->next(nextLook()))
             command(*this);
@@ -98,7 +100,7 @@ void DiscWorker::lookAtOpening(libvlc_state_t state)
         // What was asked for while it opened.
         if (state_.paused)
             hold();
-    } else if (state == libvlc_Ended || state == libvlc_Error || secondsBetween(openedAt_, now()) > kLongestOpening) {
+    } else if (state == libvlc_Ended || state == libvlc_Error || now() - openedAt_ > longestOpening_) {
         fail(MediaTrouble::NotPlayable);
     }
 }

@@ -22,8 +22,9 @@ struct DiscScreen {
 class DiscWorker
 {
 public:
-    /// Without a screen there are no outputs.
-    DiscWorker(std::shared_ptr<DiscSession> session, std::shared_ptr<DiscScreen> screen);
+    /// Without a screen there are no outputs. What hasn't begun to play after that time never will.
+    DiscWorker(std::shared_ptr<DiscSession> session, std::shared_ptr<DiscScreen> screen,
+               std::chrono::seconds longestOpening);
 
     /// Until the end of the session.
     void run();
@@ -87,6 +88,7 @@ private:
 
     std::shared_ptr<DiscSession> session_;
     std::shared_ptr<DiscScreen> screen_;
+    std::chrono::seconds longestOpening_;
     VlcFilm film_;
     std::string path_;
     DiscLook disc_;

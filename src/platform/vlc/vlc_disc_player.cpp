@@ -18,8 +18,8 @@ using Kind = DiscSession::Kind;
 using Phase = DiscState::Phase;
 
 constexpr std::chrono::milliseconds kLongestEnd{2000};
-// No command takes as long, unless libVLC hangs.
-constexpr std::chrono::seconds kHangs{8};
+// Bringing libVLC up reads hundreds of files, for which a slow disk needs its time when the machine has just started.
+constexpr std::chrono::minutes kSlowestBegin{1};
 constexpr int kPictureWidth = 720;
 
 SteadyTime now() { return std::chrono::steady_clock::now(); }
@@ -74,7 +74,10 @@ private:
     /// Leaves a thread behind that hangs, with all that it holds, and begins anew.
     void startAnew();
     void leaveBehind();
-    bool hangs() const { return heard_ < lastPosted_ && now() - heardAt_ > kHangs; }
+    bool hangs() const
+    {
+        return heard_ < lastPosted_ && now() - heardAt_ > (begun_ ? options_.longestCommand : kSlowestBegin);
+    }
     void post(Kind kind, DiscSession::Command command);
     void stepChapter(int step);
     /// The place as it is now goes on at this speed.
@@ -90,8 +93,9 @@ private:
     PixelRect place_;
     double ratio_ = 1;
     DiscState state_;
+    bool begun_ = false;
     std::uint64_t lastPosted_ = 0;
-    /// The last command that the worker has heard of, and when that was noticed.
+    /// The last command that the worker has heard of, and when that, or its begin, was noticed.
     std::uint64_t heard_ = 0;
     SteadyTime heardAt_ = now();
     int volume_ = 100;
@@ -111,8 +115,10 @@ void VlcDiscPlayer::start()
         screen_ = std::make_shared<DiscScreen>();
     }
     try {
-        std::thread([session = session_, screen = screen_]() mutable {
-            DiscWorker(session, screen).run();
+        std::thread([session = session_, screen = screen_, options = options_]() mutable {
+            if (options.beforeBegin)
+                options.beforeBegin();
+            DiscWorker(session, screen, options.longestOpening).run();
             screen.reset();
             session->markEnd();
         }).detach();
@@ -143,6 +149,7 @@ void VlcDiscPlayer::startAnew()
     session_->end();
     leaveBehind();
     start();
+    begun_ = false;
     heard_ = 0;
     lastPosted_ = 0;
     setVolume(volume_);
@@ -179,7 +186,9 @@ void VlcDiscPlayer::follow()
     const auto state = session_->state(heard);
     if (state == nullptr)
         return;
-    if (heard != std::exchange(heard_, heard))
+    const bool begins = !begun_ && session_->hasBegun();
+    begun_ = begun_ || begins;
+    if (heard != std::exchange(heard_, heard) || begins)
         heardAt_ = now();
     if (heard >= lastPosted_) {
         state_ = *state;
