@@ -25,7 +25,7 @@ function(tandrel_media_test name display)
   set_tests_properties(${name} PROPERTIES TIMEOUT 300 ENVIRONMENT
     "LSAN_OPTIONS=suppressions=${CMAKE_CURRENT_SOURCE_DIR}/support/leaks.supp")
   if(display STREQUAL DISPLAY)
-    set_tests_properties(${name} PROPERTIES LABELS display)
+    set_tests_properties(${name} PROPERTIES LABELS "display;timed")
   endif()
 endfunction()
 
@@ -84,7 +84,7 @@ set_tests_properties(disc_drives PROPERTIES LABELS unit TIMEOUT 60)
 
 add_test(NAME mci_tool COMMAND xvfb-run -a -s "-screen 0 1920x1080x24 -s 0 -noreset" ${Python3_EXECUTABLE}
          ${CMAKE_CURRENT_SOURCE_DIR}/contract/mci_tool_test.py $<TARGET_FILE:tandrel-mci> ${TANDREL_TEST_MEDIA})
-set_tests_properties(mci_tool PROPERTIES TIMEOUT 120 LABELS display)
+set_tests_properties(mci_tool PROPERTIES TIMEOUT 120 LABELS "display;timed")
 
 # With clang the parser is also fed with random texts, for a short while here and as long as one likes by hand.
 if(CMAKE_CXX_COMPILER_ID STREQUAL Clang)

@@ -14,7 +14,7 @@ add_executable(platform_display platform/desktop_screen_saver_test.cpp platform/
 target_link_libraries(platform_display PRIVATE tandrel_platform_dbus tandrel_platform_x11 tandrel_flags Qt6::DBus
                                                Qt6::Gui PkgConfig::xcb GTest::gmock)
 add_test(NAME platform_display COMMAND xvfb-run -a -s "-screen 0 640x480x24 -noreset" $<TARGET_FILE:platform_display>)
-set_tests_properties(platform_display PROPERTIES LABELS display TIMEOUT 300 ENVIRONMENT "${ON_THE_DISPLAY}")
+set_tests_properties(platform_display PROPERTIES LABELS "display;timed" TIMEOUT 300 ENVIRONMENT "${ON_THE_DISPLAY}")
 
 # The desktop's dialog for files, which the test itself plays on a bus of its own.
 add_executable(portal_dialog platform/portal_file_dialog_test.cpp)
@@ -22,7 +22,7 @@ target_link_libraries(portal_dialog PRIVATE tandrel_toolkit_qt tandrel_flags Qt6
 target_include_directories(portal_dialog PRIVATE support)
 add_test(NAME portal_dialog COMMAND portal_dialog)
 add_test(NAME portal_dialog_display COMMAND xvfb-run -a -s "-screen 0 800x600x24 -noreset" $<TARGET_FILE:portal_dialog>)
-set_tests_properties(portal_dialog_display PROPERTIES LABELS display TIMEOUT 120 ENVIRONMENT "${ON_THE_DISPLAY}")
+set_tests_properties(portal_dialog_display PROPERTIES LABELS "display;timed" TIMEOUT 120 ENVIRONMENT "${ON_THE_DISPLAY}")
 set_tests_properties(portal_dialog PROPERTIES LABELS ui TIMEOUT 120 ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_NO_GLIB=1;${KEPT_BY_LIBRARIES}")
 
 # The dialog for pictures and sounds: its controls, its window as others use it, and what starts it.

@@ -30,13 +30,18 @@ class Playing(ConsoleTest):
     def frame(self, player, name):
         return self.numbers(player, [name])[0]
 
-    def drag(self, start, *places):
+    def drag(self, start, *places, until=None):
+        """Lets go once the condition holds, where there is one."""
         self.press(*start)
         time.sleep(0.3)
         for place in places:
             self.display.run("xdotool", "mousemove", str(place[0]), str(place[1]))
             time.sleep(0.1)
-        self.release()
+        try:
+            if until:
+                wait_for(until, 20, "what a drag leads to")
+        finally:
+            self.release()
 
     def test_a_click_selects_a_video_whose_volume_is_kept_from_then_on(self):
         names = films(3, self.folder)
@@ -52,8 +57,10 @@ class Playing(ConsoleTest):
         player = self.up(names)
         x, y, width, height = player.place(names[1])
         grip = (x + 300, y + 200)
-        self.drag(grip, (grip[0] - 50, grip[1] + 10), (grip[0] - 120, grip[1] + 40))
-        self.assert_place(player, names[1], (x - 120, y + 40, width, height))
+        wanted = (x - 120, y + 40, width, height)
+        self.drag(grip, (grip[0] - 50, grip[1] + 10), (grip[0] - 120, grip[1] + 40),
+                  until=lambda: player.place(names[1]) == wanted)
+        self.assert_place(player, names[1], wanted)
         # What is let go stays where it is.
         self.display.run("xdotool", "mousemove", "200", "900")
         self.assert_place(player, names[1], (x - 120, y + 40, width, height))
@@ -68,9 +75,9 @@ class Playing(ConsoleTest):
         for dx, dy, grip in ((90, 60, (width - 3, height - 3)), (0, 40, (200, height + 54)), (30, 0, (width + 84, 200))):
             start = (x + grip[0], y + grip[1])
             before = player.size(names[0])
-            self.drag(start, (start[0] + dx // 2, start[1] + dy // 2), (start[0] + dx, start[1] + dy))
             wanted = (grip[0] + dx if dx else before[0], grip[1] + dy if dy else before[1])
-            wait_for(lambda: player.size(names[0]) == wanted, 20, f"a window of {wanted}, it is {player.size(names[0])}")
+            self.drag(start, (start[0] + dx // 2, start[1] + dy // 2), (start[0] + dx, start[1] + dy),
+                      until=lambda: player.size(names[0]) == wanted)
         self.assertEqual(player.place(names[0])[:2], (x, y))
 
     def test_in_playall_mode_each_video_begins_again_at_its_own_end(self):
@@ -102,7 +109,7 @@ class Playing(ConsoleTest):
         names = self.copies("short.mp4", "one.mp4", "two.mp4")
         player = self.up(names, slide="1")
         self.assert_place(player, names[1], LEAD)
-        self.drag((700, 300), (720, 310), (760, 330))
+        self.drag((700, 300), (720, 310), (760, 330), until=lambda: player.place(names[1]) == (60, 30, 1600, 900))
         self.assert_place(player, names[1], (60, 30, 1600, 900))
         wait_for(lambda: player.commands().count(f'status "{names[1]}" position') > 60, 20, "ticks beyond its end")
         self.assert_place(player, names[1], (60, 30, 1600, 900))
@@ -195,8 +202,9 @@ class Playing(ConsoleTest):
         other = self.start(names[1], home=self.home("two", tips="0", left=str(700 * 15), top=str(600 * 15)))
         other.wait_ready(1)
         x, y, width, height = other.place(names[1])
-        self.drag((x + 300, y + 200), (x + 500, y + 260), (x + 900, y + 300))
-        self.assert_place(other, names[1], (x + 600, y + 100, width, height))
+        wanted = (x + 600, y + 100, width, height)
+        self.drag((x + 300, y + 200), (x + 500, y + 260), (x + 900, y + 300), until=lambda: other.place(names[1]) == wanted)
+        self.assert_place(other, names[1], wanted)
         self.click(x + 900, y + 300, button=3)
         wait_for(lambda: other.size(names[1]) == (1920, 1080), 20, "full screen of the one")
         self.assertEqual(player.size(names[0]), (width, height))
