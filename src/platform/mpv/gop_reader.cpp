@@ -59,10 +59,6 @@ std::optional<int> matrixOf(const AVFrame& frame)
 }
 } // namespace
 
-void GopReader::closeInput(AVFormatContext** format) { avformat_close_input(format); }
-void GopReader::freeDecoder(AVCodecContext** decoder) { avcodec_free_context(decoder); }
-void GopReader::freeFrame(AVFrame** frame) { av_frame_free(frame); }
-void GopReader::freePacket(AVPacket** packet) { av_packet_free(packet); }
 int GopReader::refuses(void* self) { return static_cast<const GopReader*>(self)->mustEnd() ? 1 : 0; }
 
 void GopReader::beginLimit() { limit_ = std::chrono::steady_clock::now() + kLongestPicture; }

@@ -1,6 +1,7 @@
 /// Reads the pictures of a medium one after the other, from a key frame on, with their exact times.
 #pragma once
 
+#include "platform/input/av_handles.h"
 #include "platform/input/media_input.h"
 #include "platform/mpv/step_picture.h"
 
@@ -10,11 +11,7 @@
 #include <optional>
 #include <string>
 
-struct AVCodecContext;
 struct AVCodecParameters;
-struct AVFormatContext;
-struct AVFrame;
-struct AVPacket;
 struct AVStream;
 
 namespace tandrel
@@ -58,14 +55,6 @@ public:
     const PictureColours& colours() const { return *colours_; }
 
 private:
-    template <typename T, void (*free)(T**)>
-    struct Freed {
-        void operator()(T* object) const { free(&object); }
-    };
-    static void closeInput(AVFormatContext** format);
-    static void freeDecoder(AVCodecContext** decoder);
-    static void freeFrame(AVFrame** frame);
-    static void freePacket(AVPacket** packet);
     static int refuses(void* self);
 
     /// True when it has been cancelled, or what is being done takes too long.
@@ -87,10 +76,10 @@ private:
     const int threads_;
     std::chrono::steady_clock::time_point limit_;
     std::unique_ptr<MediaInput> input_;
-    std::unique_ptr<AVFormatContext, Freed<AVFormatContext, &closeInput>> format_;
-    std::unique_ptr<AVCodecContext, Freed<AVCodecContext, &freeDecoder>> decoder_;
-    std::unique_ptr<AVFrame, Freed<AVFrame, &freeFrame>> frame_;
-    std::unique_ptr<AVPacket, Freed<AVPacket, &freePacket>> packet_;
+    AvFormat format_;
+    AvDecoder decoder_;
+    AvFrame frame_;
+    AvPacket packet_;
     AVStream* stream_ = nullptr;
     /// What the player takes off all times.
     double start_ = 0;

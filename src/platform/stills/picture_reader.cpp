@@ -29,10 +29,6 @@ constexpr double kNearEnough = 0.5;
 constexpr int kNoVideo = AV_DISPOSITION_ATTACHED_PIC | AV_DISPOSITION_TIMED_THUMBNAILS;
 } // namespace
 
-void PictureReader::closeInput(AVFormatContext** format) { avformat_close_input(format); }
-void PictureReader::freeDecoder(AVCodecContext** decoder) { avcodec_free_context(decoder); }
-void PictureReader::freeFrame(AVFrame** frame) { av_frame_free(frame); }
-void PictureReader::freePacket(AVPacket** packet) { av_packet_free(packet); }
 int PictureReader::interrupts(void* self) { return static_cast<const PictureReader*>(self)->mustEnd() ? 1 : 0; }
 
 PictureReader::PictureReader(const std::string& path, const FileMark& mark, std::function<bool()> refuses)

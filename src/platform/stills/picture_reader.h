@@ -2,6 +2,7 @@
 /// more memory than this.
 #pragma once
 
+#include "platform/input/av_handles.h"
 #include "platform/input/media_input.h"
 
 #include <cstdint>
@@ -10,10 +11,6 @@
 #include <optional>
 #include <string>
 
-struct AVCodecContext;
-struct AVFormatContext;
-struct AVFrame;
-struct AVPacket;
 struct AVStream;
 
 namespace tandrel
@@ -44,14 +41,6 @@ public:
     int quarterTurns() const;
 
 private:
-    template <typename T, void (*free)(T**)>
-    struct Freed {
-        void operator()(T* object) const { free(&object); }
-    };
-    static void closeInput(AVFormatContext** format);
-    static void freeDecoder(AVCodecContext** decoder);
-    static void freeFrame(AVFrame** frame);
-    static void freePacket(AVPacket** packet);
     static int interrupts(void* self);
 
     bool mustEnd() const;
@@ -68,11 +57,11 @@ private:
     const FileMark mark_;
     const std::function<bool()> refuses_;
     std::unique_ptr<MediaInput> input_;
-    std::unique_ptr<AVFormatContext, Freed<AVFormatContext, &closeInput>> format_;
-    std::unique_ptr<AVCodecContext, Freed<AVCodecContext, &freeDecoder>> decoder_;
-    std::unique_ptr<AVFrame, Freed<AVFrame, &freeFrame>> frame_;
-    std::unique_ptr<AVFrame, Freed<AVFrame, &freeFrame>> shown_;
-    std::unique_ptr<AVPacket, Freed<AVPacket, &freePacket>> packet_;
+    AvFormat format_;
+    AvDecoder decoder_;
+    AvFrame frame_;
+    AvFrame shown_;
+    AvPacket packet_;
     AVStream* stream_ = nullptr;
     int packetsLeft_ = 0;
     bool draining_ = false;
