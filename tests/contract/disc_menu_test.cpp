@@ -34,6 +34,19 @@ TEST_F(DiscMenus, BeginsWithTheMenu)
     EXPECT_TRUE(waitUntil([&] { return chosenButton() == 1; }));
 }
 
+TEST_F(DiscMenus, ATitleIsThereSoonAfterTheMenu)
+{
+    ASSERT_TRUE(open());
+    for (const int title : {1, 2}) {
+        const double begin = now();
+        player->playTitle(title);
+        ASSERT_TRUE(playsTitle(title));
+        EXPECT_LT(now() - begin, 3) << title;
+        player->showRootMenu();
+        ASSERT_TRUE(waitUntil([&] { return player->isInMenu() && showsMenu(); })) << describe();
+    }
+}
+
 TEST_F(DiscMenus, AFolderPlaysAsWell)
 {
     ASSERT_TRUE(open(testDisc("disc")));

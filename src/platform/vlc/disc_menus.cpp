@@ -26,6 +26,7 @@ void DiscWorker::showRootMenu()
     const auto title = static_cast<std::size_t>(std::max(kept_.title, 1)) - 1;
     if (state_.inMenu || (title < disc_.hasRootMenu.size() && disc_.hasRootMenu[title])) {
         goOn();
+        leaveMenu();
         libvlc_media_player_set_title(film_.player(), 0);
     } else if (disc_.hasTitleMenu) {
         // That one libVLC finds only as it begins.
@@ -43,8 +44,15 @@ bool DiscWorker::waitForTitle(int title, std::chrono::milliseconds longest)
     return film_.title() == title;
 }
 
+void DiscWorker::leaveMenu()
+{
+    if (state_.inMenu)
+        libvlc_video_set_spu(film_.player(), -1);
+}
+
 void DiscWorker::goToTitle(int title)
 {
+    leaveMenu();
     libvlc_media_player_set_title(film_.player(), title);
     waitForTitle(title, kWayToTitle);
     lookAtTitle();
@@ -64,6 +72,7 @@ void DiscWorker::resume()
         goToTitle(mainTitle());
         return;
     }
+    leaveMenu();
     libvlc_media_player_set_chapter(film_.player(), kWayOut);
     if (!waitForTitle(place.title, kWayBack))
         goToTitle(place.title);

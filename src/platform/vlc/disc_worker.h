@@ -74,6 +74,9 @@ private:
     void moveTo(double seconds);
     void moveToChapter(int index);
     void stepBack();
+    /// Takes the picture of the buttons away first, for which libVLC would wait up to 6 s otherwise: it ends the output
+    /// of pictures before the decoder of the buttons, and that waits for an output.
+    void leaveMenu();
     void goToTitle(int title);
     bool waitForTitle(int title, std::chrono::milliseconds longest);
     const DiscFacts::Title* facts(int title) const;
