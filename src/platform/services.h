@@ -79,6 +79,9 @@ public:
     virtual ~Pointer() = default;
     /// True while the button is down, or was pressed since the last question: a click between two polls is not lost.
     virtual bool buttonDown(MouseButton button) = 0;
+    /// The press that was told of last has been acted on: should the windows be told of it later, that is no new one.
+    /// True if they have yet to be.
+    virtual bool spend(MouseButton button) = 0;
     /// The control key is held.
     virtual bool controlDown() const = 0;
     /// A button went down a moment ago, and no window of ours has been told yet: one may be about to be.

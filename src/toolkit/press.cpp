@@ -7,32 +7,46 @@ namespace tandrel
 
 namespace
 {
-bool spentLeft = false;
-bool spentRight = false;
-bool passedLeft = false;
-bool passedRight = false;
+struct Press {
+    bool spent = false;
+    bool passed = false;
+    /// The windows have yet to be told of the spent one.
+    bool awaited = false;
+};
+Press left;
+Press right;
 
-bool& spent(MouseButton button) { return button == MouseButton::Left ? spentLeft : spentRight; }
-bool& passed(MouseButton button) { return button == MouseButton::Left ? passedLeft : passedRight; }
+Press& of(MouseButton button) { return button == MouseButton::Left ? left : right; }
 } // namespace
 
 bool buttonIsDown(MouseButton button)
 {
-    const bool wasPassed = std::exchange(passed(button), false);
+    Press& press = of(button);
+    const bool wasPassed = std::exchange(press.passed, false);
     const bool down = services().pointer->buttonDown(button) || wasPassed;
     if (!down)
-        spent(button) = false;
-    return down && !spent(button);
+        press.spent = false;
+    return down && !press.spent;
 }
 
-bool isSpent(MouseButton button) { return spent(button); }
+bool isSpent(MouseButton button) { return of(button).spent; }
 
-void spendPress(MouseButton button) { spent(button) = true; }
+void spendPress(MouseButton button)
+{
+    of(button).spent = true;
+    of(button).awaited = services().pointer->spend(button);
+}
 
-void passPress(MouseButton button) { passed(button) = true; }
+void passPress(MouseButton button) { of(button).passed = true; }
 
-void pressIsOver(MouseButton button) { spent(button) = false; }
+void pressArrives(MouseButton button)
+{
+    if (!std::exchange(of(button).awaited, false))
+        of(button).spent = false;
+}
 
-void forgetSpentPresses() { spentLeft = spentRight = passedLeft = passedRight = false; }
+void pressIsOver(MouseButton button) { of(button).spent = false; }
+
+void forgetSpentPresses() { left = right = {}; }
 
 } // namespace tandrel

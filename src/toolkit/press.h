@@ -18,7 +18,11 @@ void spendPress(MouseButton button);
 /// Who has asked for the button has no use for its press: the next one who asks is told of it too, should it be over.
 void passPress(MouseButton button);
 
-/// The button has come up, or goes down anew: what was spent is over.
+/// The windows are told of a press. It is a new one, and what was spent is over, unless it is the spent one itself, of
+/// which the pointer had told before.
+void pressArrives(MouseButton button);
+
+/// The button has come up: what was spent is over.
 void pressIsOver(MouseButton button);
 
 /// For tests.

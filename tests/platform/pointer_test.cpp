@@ -161,6 +161,31 @@ TEST_F(PointerTest, TheSecondPressIsSeenEvenIfItIsOverToo)
     EXPECT_FALSE(pointer->buttonDown(MouseButton::Left));
 }
 
+TEST_F(PointerTest, APressThatWasActedOnBeforeTheWindowsHearOfItIsNoSecondOne)
+{
+    xdotool({QStringLiteral("mousedown"), QStringLiteral("3")});
+    EXPECT_TRUE(pointer->buttonDown(MouseButton::Right)) << "by the server's mask";
+    EXPECT_TRUE(pointer->spend(MouseButton::Right));
+    xdotool({QStringLiteral("mouseup"), QStringLiteral("3")});
+    EXPECT_FALSE(pointer->buttonDown(MouseButton::Right));
+    ASSERT_TRUE(comesTrue([this] { return window.releases == 1; }));
+    EXPECT_EQ(window.presses, 1);
+    EXPECT_FALSE(pointer->buttonDown(MouseButton::Right));
+    click(3);
+    EXPECT_TRUE(pointer->buttonDown(MouseButton::Right)) << "the next one counts";
+    EXPECT_FALSE(pointer->spend(MouseButton::Right)) << "the windows have been told";
+}
+
+TEST_F(PointerTest, APressThatNobodyActedOnCountsWhenTheWindowsHearOfIt)
+{
+    xdotool({QStringLiteral("mousedown"), QStringLiteral("3")});
+    EXPECT_TRUE(pointer->buttonDown(MouseButton::Right));
+    xdotool({QStringLiteral("mouseup"), QStringLiteral("3")});
+    EXPECT_FALSE(pointer->buttonDown(MouseButton::Right));
+    ASSERT_TRUE(comesTrue([this] { return window.releases == 1; }));
+    EXPECT_TRUE(pointer->buttonDown(MouseButton::Right)) << "a window that it activates asks for it";
+}
+
 TEST_F(PointerTest, APressThatNobodyAskedForIsForgotten)
 {
     click(1);

@@ -74,6 +74,7 @@ public:
             return true;
         return button == MouseButton::Left ? left : right;
     }
+    bool spend(MouseButton) override { return aheadOfWindows; }
     bool controlDown() const override { return control; }
     bool pressOnItsWay() const override { return onItsWay; }
     PixelPoint position() const override { return place; }
@@ -87,6 +88,7 @@ public:
     bool left = false;
     bool right = false;
     bool rightLatched = false;
+    bool aheadOfWindows = false;
     bool control = false;
     bool onItsWay = false;
     PixelPoint place;

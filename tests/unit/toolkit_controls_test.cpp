@@ -146,6 +146,28 @@ TEST_F(Controls, ASpentPressCountsForNothingUntilItsReleaseWasSeen)
     EXPECT_TRUE(buttonIsDown(MouseButton::Right));
 }
 
+TEST_F(Controls, ASpentPressThatArrivesLateIsNoNewOne)
+{
+    world.pointer.right = true;
+    world.pointer.aheadOfWindows = true;
+    EXPECT_TRUE(buttonIsDown(MouseButton::Right));
+    spendPress(MouseButton::Right);
+    pressArrives(MouseButton::Right);
+    EXPECT_FALSE(buttonIsDown(MouseButton::Right));
+    pressArrives(MouseButton::Right);
+    EXPECT_TRUE(buttonIsDown(MouseButton::Right)) << "the next one";
+}
+
+TEST_F(Controls, APressThatArrivesBeforeItIsSpentIsOverWithTheNext)
+{
+    world.pointer.right = true;
+    EXPECT_TRUE(buttonIsDown(MouseButton::Right));
+    spendPress(MouseButton::Right);
+    EXPECT_FALSE(buttonIsDown(MouseButton::Right));
+    pressArrives(MouseButton::Right);
+    EXPECT_TRUE(buttonIsDown(MouseButton::Right));
+}
+
 TEST_F(Controls, AControlsHandlerMayEndItsForm)
 {
     board->button.Click = [this] { unload(*board); };

@@ -6,6 +6,7 @@
 #include <QCursor>
 #include <QMouseEvent>
 
+#include <utility>
 #include <xcb/xfixes.h>
 
 namespace tandrel
@@ -16,6 +17,8 @@ namespace
 
 // A press that nobody asked for in this time is old: it must not be taken for the cause of something later.
 constexpr qint64 kLatchMs = 400;
+// So long the windows may be told of a press after the mask has shown it: the program may be busy meanwhile.
+constexpr qint64 kForeseenMs = 1000;
 
 unsigned buttonMask()
 {
@@ -56,9 +59,22 @@ bool X11Pointer::buttonDown(MouseButton button)
         return false;
     }
     const unsigned bit = button == MouseButton::Left ? XCB_BUTTON_MASK_1 : XCB_BUTTON_MASK_3;
-    state.toldDown = latched(state) || (buttonMask() & bit) != 0;
+    const bool wasDown = state.toldDown;
+    const bool isLatched = latched(state);
+    state.toldDown = isLatched || (buttonMask() & bit) != 0;
+    if (state.toldDown && !isLatched && !wasDown && !state.held) {
+        state.foreseen.start();
+        state.spentForeseen = false;
+    }
     state.letGo = false;
     return state.toldDown;
+}
+
+bool X11Pointer::spend(MouseButton button)
+{
+    Button& state = buttons_[button];
+    state.spentForeseen = state.foreseen.isValid() && state.foreseen.elapsed() < kForeseenMs;
+    return state.spentForeseen;
 }
 
 bool X11Pointer::controlDown() const { return (buttonMask() & XCB_KEY_BUT_MASK_CONTROL) != 0; }
@@ -101,7 +117,18 @@ void X11Pointer::notePress(MouseButton pressed)
             state.pressed.invalidate();
     Button& state = buttons_[pressed];
     state.upIsDue = state.toldDown && state.letGo;
-    state.pressed.start();
+    state.held = true;
+    const bool isKnown = state.foreseen.isValid() && state.foreseen.elapsed() < kForeseenMs;
+    state.foreseen.invalidate();
+    if (!std::exchange(state.spentForeseen, false) || !isKnown)
+        state.pressed.start();
+}
+
+void X11Pointer::noteRelease(MouseButton released)
+{
+    Button& state = buttons_[released];
+    state.letGo = true;
+    state.held = false;
 }
 
 bool X11Pointer::eventFilter(QObject* watched, QEvent* event)
@@ -119,7 +146,7 @@ bool X11Pointer::eventFilter(QObject* watched, QEvent* event)
     if (press)
         notePress(which);
     else
-        buttons_[which].letGo = true;
+        noteRelease(which);
     return false;
 }
 

@@ -22,6 +22,7 @@ public:
     X11Pointer();
     ~X11Pointer() override;
     bool buttonDown(MouseButton button) override;
+    bool spend(MouseButton button) override;
     bool controlDown() const override;
     bool pressOnItsWay() const override;
     PixelPoint position() const override;
@@ -36,6 +37,12 @@ private:
     struct Button {
         /// Since the last press that nobody has asked for yet.
         QElapsedTimer pressed;
+        /// Since the mask has shown a press that none of the windows had been told of.
+        QElapsedTimer foreseen;
+        /// Somebody has acted on that one.
+        bool spentForeseen = false;
+        /// Between a press and its release, as the windows are told.
+        bool held = false;
         /// The last answer was that it is down.
         bool toldDown = false;
         /// It has been let go since.
@@ -44,6 +51,7 @@ private:
         bool upIsDue = false;
     };
     void notePress(MouseButton pressed);
+    void noteRelease(MouseButton released);
     bool latched(Button& state) const;
 
     std::map<MouseButton, Button> buttons_;

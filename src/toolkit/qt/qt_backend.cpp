@@ -67,10 +67,13 @@ bool QtBackend::eventFilter(QObject*, QEvent* event)
     if (event->type() != QEvent::MouseButtonPress && event->type() != QEvent::MouseButtonRelease)
         return false;
     const auto button = static_cast<QMouseEvent*>(event)->button();
-    if (button == Qt::LeftButton)
-        pressIsOver(MouseButton::Left);
-    else if (button == Qt::RightButton)
-        pressIsOver(MouseButton::Right);
+    if (button != Qt::LeftButton && button != Qt::RightButton)
+        return false;
+    const auto which = button == Qt::LeftButton ? MouseButton::Left : MouseButton::Right;
+    if (event->type() == QEvent::MouseButtonPress)
+        pressArrives(which);
+    else
+        pressIsOver(which);
     return false;
 }
 
