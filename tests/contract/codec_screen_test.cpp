@@ -6,6 +6,7 @@
 
 #include <cmath>
 #include <cstdlib>
+#include <utility>
 
 namespace tandrel
 {
@@ -277,8 +278,14 @@ protected:
         EXPECT_TRUE(waitUntil([this] { return player->isLoaded(); }));
         player->pause();
         player->seek(frame / 25.0);
-        EXPECT_TRUE(waitUntil([&] { return window.frameIn(kFilm) == frame; }));
-        return mean(window.lookInColour({0, 120, 640, 360}));
+        // The number may be drawn a moment before the rest.
+        double body = -1;
+        EXPECT_TRUE(waitUntil([&] {
+            const double last = std::exchange(body, mean(window.lookInColour({0, 120, 640, 360})));
+            waitUntil([] { return false; }, std::chrono::milliseconds(50));
+            return body == last && window.frameIn(kFilm) == frame;
+        }));
+        return body;
     }
     TestWindow window{640, 360};
 };
