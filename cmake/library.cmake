@@ -10,9 +10,13 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
   # This compiler sees overlaps in the standard library's own string sums where there are none.
   target_compile_options(tandrel_flags INTERFACE -Wno-restrict)
 endif()
+# Of the tests themselves. What is looked for there is what the program does, and undefined behaviour of the matchers'
+# templates would cost as much time to compile as all the rest.
+define_property(TARGET PROPERTY TANDREL_IS_TEST INITIALIZE_FROM_VARIABLE TANDREL_IS_TEST)
 if(TANDREL_SANITIZE)
   target_compile_options(tandrel_flags INTERFACE -fsanitize=${TANDREL_SANITIZE} -fno-sanitize-recover=all
-                                                 -fno-omit-frame-pointer)
+                                                 -fno-omit-frame-pointer
+                                                 $<$<BOOL:$<TARGET_PROPERTY:TANDREL_IS_TEST>>:-fno-sanitize=undefined>)
   target_link_options(tandrel_flags INTERFACE -fsanitize=${TANDREL_SANITIZE})
 endif()
 
