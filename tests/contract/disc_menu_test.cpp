@@ -47,6 +47,19 @@ TEST_F(DiscMenus, ATitleIsThereSoonAfterTheMenu)
     }
 }
 
+TEST_F(DiscMenus, TheRootMenuOutOfAMenuShowsItsButtons)
+{
+    ASSERT_TRUE(open());
+    ASSERT_TRUE(waitUntil([&] { return chosenButton() == 1; }));
+    for (int call = 0; call < 3; ++call) {
+        player->showRootMenu();
+        holdsFor(0.5, [] { return true; });
+        EXPECT_TRUE(waitUntil([&] { return chosenButton() == 1; })) << call;
+    }
+    player->menuKey(MenuKey::Right);
+    EXPECT_TRUE(waitUntil([&] { return chosenButton() == 2; }));
+}
+
 TEST_F(DiscMenus, AFolderPlaysAsWell)
 {
     ASSERT_TRUE(open(testDisc("disc")));

@@ -59,8 +59,9 @@ class FullScreenTest(ConsoleTest):
         wait_for(lambda: self.has_focus(player.video(name)), 20, "the focus")
         time.sleep(0.3)
         self.click(x + width // 2, y + height // 3, button=3)
-        wait_for(lambda: player.place(name) == self.full, 20, "full screen")
+        # The panel is up for a moment only, so it is looked for first.
         self.wait_for_panel(player)
+        wait_for(lambda: player.place(name) == self.full, 20, "full screen")
 
     def double_click(self, x, y, gone):
         """Two presses count as one double click unless a tick of 750 ms ends between them: then they are made again."""
