@@ -304,6 +304,20 @@ TEST_F(Widgets, APressThatTheActivationActedOnDoesNothingElse)
     EXPECT_THAT(taker->events, ElementsAre("up 2", "down 2", "up 2"));
 }
 
+TEST_F(Widgets, APressThatWasActedOnBeforeItArrivesBringsNothingToTheFront)
+{
+    const auto other = std::make_shared<Board>();
+    other->Show();
+    board->SetFocus();
+    ASSERT_EQ(activeForm(), board.get());
+    world.pointer.aheadOfWindows = true;
+    spendPress(MouseButton::Right);
+    press(named(*other, "image"), Qt::RightButton);
+    EXPECT_EQ(activeForm(), board.get());
+    press(named(*other, "image"), Qt::RightButton);
+    EXPECT_EQ(activeForm(), other.get()) << "the next one";
+}
+
 TEST_F(Widgets, NoTimerTicksWhileANoticeComesUp)
 {
     int ticks = 0;

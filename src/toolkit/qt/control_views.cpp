@@ -124,7 +124,7 @@ void WidgetView::reportMouse(QEvent* event)
     const auto form = control_.form().shared_from_this();
     Control& control = control_;
     if (mouse->type() == QEvent::MouseButtonPress || mouse->type() == QEvent::MouseButtonDblClick) {
-        userPressed(*form);
+        activateByPress(*form, mouse->button());
         // The activation may have acted on the press.
         if (form->isLoaded() && !pressIsSpent(mouse->button()))
             control.userMouseDown(what);

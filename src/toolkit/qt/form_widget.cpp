@@ -76,6 +76,12 @@ bool pressIsSpent(Qt::MouseButton button)
            (button == Qt::RightButton && isSpent(MouseButton::Right));
 }
 
+void activateByPress(Form& form, Qt::MouseButton button)
+{
+    if (!pressIsSpent(button))
+        userPressed(form);
+}
+
 QPoint FormWidget::origin() const
 {
     const QMargins margins = form_ ? frameMargins(*form_) : QMargins();
@@ -145,7 +151,7 @@ void FormWidget::mousePressEvent(QMouseEvent* event)
 {
     if (!form_)
         return;
-    userPressed(*form_);
+    activateByPress(*form_, event->button());
     // The activation may have acted on the press, or ended the form.
     if (!form_ || pressIsSpent(event->button()))
         return;

@@ -16,6 +16,9 @@ namespace tandrel
 /// True if a handler has acted on the press of this button, so that it counts for nothing else.
 bool pressIsSpent(Qt::MouseButton button);
 
+/// A press brings its form to the front, unless it had been acted on before it arrived: what came up by it stays there.
+void activateByPress(Form& form, Qt::MouseButton button);
+
 /// A frameless window that paints its own frame and tells its form what the user does.
 class FormWidget : public QWidget
 {
