@@ -27,7 +27,7 @@ class Launcher(unittest.TestCase):
 
     def start(self, *arguments, **options):
         process = subprocess.Popen([PROGRAM, *arguments], stdout=subprocess.PIPE, stderr=subprocess.PIPE, **options)
-        out, err = process.communicate(timeout=20)
+        out, err = process.communicate(timeout=90)
         return process.pid, process.returncode, out, err
 
     def assert_script_runs(self, *arguments, entry=b"configure", **options):

@@ -253,7 +253,7 @@ TEST_F(CodecScreen, SpeedIsOfTheClockAndPlacesAreOfTheMedium)
     // Three seconds of it.
     const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
     EXPECT_GT(seconds, 1.2);
-    EXPECT_LT(seconds, 2.2);
+    EXPECT_LT(seconds, 2.7);
     EXPECT_EQ(send("pause A"), 0);
     const long rest = number("status A position");
     EXPECT_NEAR(static_cast<double>(rest), static_cast<double>(last), 12);

@@ -4,6 +4,7 @@
 #include "platform/mpv/mpv_device.h"
 #include "platform/mpv/mpv_handle.h"
 #include "platform/mpv/process_state.h"
+#include "support/let_others_run.h"
 #include "support/temporary_folder.h"
 #include "support/test_media.h"
 
@@ -131,7 +132,7 @@ protected:
         const std::string file = folder.path("tones.wav");
         const char* load[]{"loadfile", file.c_str(), nullptr};
         mpv_command_async(handle, 1, load);
-        const auto end = std::chrono::steady_clock::now() + 10s;
+        const auto end = std::chrono::steady_clock::now() + 60s;
         bool ended = false;
         while (!ended && std::chrono::steady_clock::now() < end)
             ended = mpv_wait_event(handle, 0.1)->event_id == MPV_EVENT_END_FILE;
@@ -245,9 +246,9 @@ TEST(CodecFilters, ThatAreUnfitAreLeftOut)
             const bool hasPicture = std::string(name) != "sound.mp3";
             EXPECT_EQ(opened.device.facts().width, hasPicture ? 320 : 0) << name;
             opened.device.play();
-            const auto end = std::chrono::steady_clock::now() + 5s;
+            const auto end = std::chrono::steady_clock::now() + 60s;
             while (opened.device.read().seconds < 0.2 && std::chrono::steady_clock::now() < end)
-                std::this_thread::yield();
+                test::letOthersRun();
             EXPECT_GE(opened.device.read().seconds, 0.2) << name;
         }
     }
@@ -264,11 +265,11 @@ TEST(CodecFilters, ThatAreUnfitAreLeftOutOfFilms)
          {unfit({kUnknown}), unfit({kUnfitPicture}), unfit({kUnfitSound}), unfit({kUnfitPicture, kUnfitSound})}) {
         FilmWorker film(std::make_shared<FilmMeans>(false, [&](const TuningMeans&) { return tuning; }),
                         testMedia("film_plain.mkv"));
-        const auto end = std::chrono::steady_clock::now() + 10s;
+        const auto end = std::chrono::steady_clock::now() + 60s;
         const auto plays = [](const FilmState& state) { return state.loaded && state.moves.position() > 0.2; };
         film.with([](FilmState& state) { state.moves.play(); });
         while (!film.read(plays) && std::chrono::steady_clock::now() < end)
-            std::this_thread::yield();
+            test::letOthersRun();
         EXPECT_TRUE(film.read(plays)) << tuning.commands.front()[2] << " and " << tuning.commands.back()[2];
         const auto trouble = film.read([](const FilmState& state) { return state.trouble; });
         EXPECT_EQ(trouble, MediaTrouble::None);

@@ -1,6 +1,7 @@
 #include "contract/contract_bench.h"
 
 #include "platform/mpv/mpv_engine.h"
+#include "support/let_others_run.h"
 #include "support/simulated_engine.h"
 #include "support/test_media.h"
 
@@ -58,11 +59,12 @@ public:
 
     bool waitUntil(const std::function<bool()>& condition) override
     {
-        const auto end = std::chrono::steady_clock::now() + 30s;
+        const auto end = std::chrono::steady_clock::now() + 60s;
         while (std::chrono::steady_clock::now() < end) {
             mci_.idle();
             if (condition())
                 return true;
+            test::letOthersRun();
         }
         return false;
     }

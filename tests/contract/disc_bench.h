@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/vlc/vlc_disc_player.h"
+#include "support/let_others_run.h"
 #include "support/test_media.h"
 
 #include <array>
@@ -10,7 +11,6 @@
 #include <cmath>
 #include <functional>
 #include <gtest/gtest.h>
-#include <poll.h>
 #include <string>
 
 namespace tandrel
@@ -42,7 +42,7 @@ protected:
         const double end = now() + 60;
         while (now() < end && !first->isLoaded() && first->trouble() == MediaTrouble::None) {
             first->follow();
-            poll(nullptr, 0, 10);
+            test::letOthersRun();
         }
     }
 
@@ -51,14 +51,14 @@ protected:
     static double now() { return std::chrono::duration<double>(Steady::now().time_since_epoch()).count(); }
 
     /// Asks again and again, and leaves the processor to the player meanwhile.
-    bool waitUntil(const std::function<bool()>& condition, double seconds = 10)
+    bool waitUntil(const std::function<bool()>& condition, double seconds = 60)
     {
         const double end = now() + seconds;
         while (now() < end) {
             player->follow();
             if (condition())
                 return true;
-            poll(nullptr, 0, 2);
+            test::letOthersRun();
         }
         return false;
     }

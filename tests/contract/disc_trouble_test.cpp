@@ -35,8 +35,7 @@ protected:
     {
         player->showIn(window.handle(), kPlace);
         player->open(path);
-        EXPECT_TRUE(waitUntil([&] { return player->isLoaded() || player->trouble() != MediaTrouble::None; }, 12))
-            << path;
+        EXPECT_TRUE(waitUntil([&] { return player->isLoaded() || player->trouble() != MediaTrouble::None; })) << path;
         return player->trouble();
     }
     /// The player still does what it is for.
@@ -118,9 +117,9 @@ TEST_F(DiscTroubles, AScratchedDiscPlaysOn)
     ASSERT_TRUE(open(folder.path("scratched.iso")));
     player->playTitle(1);
     ASSERT_TRUE(waitUntil([&] { return player->title() == 1; }));
-    EXPECT_TRUE(waitUntil([&] { return shownSeconds(1) > 3; }, 20)) << describe();
+    EXPECT_TRUE(waitUntil([&] { return shownSeconds(1) > 3; })) << describe();
     player->seek(40);
-    EXPECT_TRUE(waitUntil([&] { return shownSeconds(1) > 38; }, 20)) << describe();
+    EXPECT_TRUE(waitUntil([&] { return shownSeconds(1) > 38; })) << describe();
     EXPECT_TRUE(works());
 }
 
@@ -386,7 +385,7 @@ TEST_F(DiscTroubles, AnythingAtAnyTimeInAnyOrder)
     }
     times.report();
     EXPECT_LT(times.nearlyWorst(), kSlowest);
-    EXPECT_TRUE(waitUntil([&] { return player->isLoaded() || player->isIdle(); }, 30));
+    EXPECT_TRUE(waitUntil([&] { return player->isLoaded() || player->isIdle(); }));
     picture = kPlace;
     EXPECT_TRUE(works()) << describe();
 }

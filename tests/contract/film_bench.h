@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/mpv/film_player.h"
+#include "support/let_others_run.h"
 #include "support/test_media.h"
 
 #include <chrono>
@@ -25,14 +26,14 @@ protected:
     }
 
     /// Follows the player meanwhile, as the program does.
-    bool waitUntil(const std::function<bool()>& condition, Clock::duration limit = std::chrono::seconds(15))
+    bool waitUntil(const std::function<bool()>& condition, Clock::duration limit = std::chrono::seconds(60))
     {
         const auto end = Clock::now() + limit;
         do {
             player->follow();
             if (condition())
                 return true;
-            std::this_thread::yield();
+            test::letOthersRun();
         } while (Clock::now() < end);
         return false;
     }

@@ -12,7 +12,7 @@ PROGRAM, MEDIA = sys.argv[1], pathlib.Path(sys.argv[2])
 
 
 def run(text, *arguments, **environment):
-    return subprocess.run([PROGRAM, *arguments], input=text.encode(), capture_output=True, timeout=60,
+    return subprocess.run([PROGRAM, *arguments], input=text.encode(), capture_output=True, timeout=180,
                           env=dict(os.environ, **environment))
 
 
@@ -50,7 +50,7 @@ class Tool(unittest.TestCase):
             command = [PROGRAM] if os.geteuid() else ["setpriv", "--bounding-set=-dac_override,-dac_read_search",
                                                       "--inh-caps=-dac_override,-dac_read_search", PROGRAM]
             done = subprocess.run(command, input=f'Open "{secret}" alias A\nclose A\n'.encode(), capture_output=True,
-                                  timeout=60)
+                                  timeout=180)
             self.assertEqual(done.stdout, b"296\t\n263\t\n")
 
     def test_traces(self):

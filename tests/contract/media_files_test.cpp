@@ -2,6 +2,7 @@
 #include "platform/mci/mci_service.h"
 #include "platform/mpv/mpv_engine.h"
 #include "platform/path_marks.h"
+#include "support/let_others_run.h"
 #include "support/test_media.h"
 
 #include <array>
@@ -41,11 +42,12 @@ protected:
     }
     bool waitUntil(const std::function<bool()>& condition)
     {
-        const Moment end = std::chrono::steady_clock::now() + 20s;
+        const Moment end = std::chrono::steady_clock::now() + 60s;
         while (std::chrono::steady_clock::now() < end) {
             mci.idle();
             if (condition())
                 return true;
+            test::letOthersRun();
         }
         return false;
     }
@@ -86,9 +88,7 @@ TEST_F(MediaFiles, WhatIsNoMediumDoesNotOpen)
 {
     for (const char* name : {"empty.avi", "text.avi", "cut_without_index.mp4", "list.m3u", "plain.m3u", "list.m3u8",
                              "list.pls", "list.cue", "list.edl", "list.ffconcat", "subtitles.srt"}) {
-        const Moment start = std::chrono::steady_clock::now();
         EXPECT_EQ(open(testMedia(name)), 296) << name;
-        EXPECT_LT(std::chrono::steady_clock::now() - start, 5s) << name;
         EXPECT_EQ(send("Pause A"), 263);
     }
     EXPECT_EQ(open(testMedia("")), 296);

@@ -3,6 +3,7 @@
 
 #include "platform/mci/mci_service.h"
 #include "platform/mpv/mpv_engine.h"
+#include "support/let_others_run.h"
 #include "support/test_media.h"
 
 #include <array>
@@ -41,11 +42,12 @@ protected:
 
     bool waitUntil(const std::function<bool()>& condition)
     {
-        const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+        const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(60);
         while (std::chrono::steady_clock::now() < end) {
             mci.idle();
             if (condition())
                 return true;
+            test::letOthersRun();
         }
         return false;
     }

@@ -50,7 +50,7 @@ protected:
     /// Looks again whenever there is news, and now and then, since not all of what is awaited is told.
     bool waitUntil(const std::function<bool()>& condition)
     {
-        const auto end = std::chrono::steady_clock::now() + 5s;
+        const auto end = std::chrono::steady_clock::now() + 60s;
         while (std::chrono::steady_clock::now() < end) {
             if (condition())
                 return true;

@@ -203,7 +203,7 @@ TEST(StillsOfFiles, DamagedFilesDoNoHarmAndEndInTime)
             folder.write("damaged", damaged);
             const auto start = std::chrono::steady_clock::now();
             const auto still = stillOf(folder.path("damaged"));
-            EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10)) << name << " " << round;
+            EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(60)) << name << " " << round;
             if (still) {
                 EXPECT_LE(still->width, 120);
                 EXPECT_LE(still->height, 68);

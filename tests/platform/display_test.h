@@ -18,7 +18,7 @@ bool comesTrue(Condition condition)
     // What comes from another thread or program need not be an event: it is looked for every few milliseconds.
     QTimer look;
     look.start(5);
-    const QDeadlineTimer deadline(15000);
+    const QDeadlineTimer deadline(60000);
     while (!condition()) {
         if (deadline.hasExpired())
             return false;

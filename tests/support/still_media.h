@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/stills/threaded_stills.h"
+#include "support/let_others_run.h"
 
 #include <chrono>
 #include <functional>
@@ -17,7 +18,7 @@ inline bool becomesTrue(const std::function<bool()>& condition)
     while (!condition()) {
         if (std::chrono::steady_clock::now() > limit)
             return false;
-        std::this_thread::yield();
+        test::letOthersRun();
     }
     return true;
 }

@@ -230,7 +230,7 @@ TEST_F(IdleHoldTest, ABusThatHangsHoldsNobodyUp)
     hold->want(true);
     const auto start = std::chrono::steady_clock::now();
     hold.reset();
-    EXPECT_LT(std::chrono::steady_clock::now() - start, 5s);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 20s);
     EXPECT_THAT(desk->notes(1), ElementsAre("inhibit"));
     // The thread that was left alone still has what it works on, and keeps nothing that it is given.
     desk->setOpen(true);

@@ -42,7 +42,7 @@ public:
     }
     bool waitForInside(int count)
     {
-        const auto end = std::chrono::steady_clock::now() + 10s;
+        const auto end = std::chrono::steady_clock::now() + 60s;
         while (inside < count && std::chrono::steady_clock::now() < end)
             std::this_thread::yield();
         return inside == count;

@@ -246,7 +246,7 @@ TEST_F(FileClassesOnDisk, TheRegistryMakesTheSameOfWhatAStartWrites)
     EXPECT_THAT(apps(), HasSubstr("x-content/video-dvd=tandrel-player-disc.desktop;\n"));
     for (const char* type : {"video/x-msvideo", "video/mpeg", "application/vnd.ms-asf", "video/webm"})
         EXPECT_THAT(apps().substr(apps().find("[Default")), HasSubstr(type + std::string("=tandrel-player.desktop;")));
-    EXPECT_LT(took, std::chrono::milliseconds(100));
+    EXPECT_LT(took, std::chrono::seconds(2));
     RecordProperty("microseconds",
                    static_cast<int>(std::chrono::duration_cast<std::chrono::microseconds>(took).count()));
 }

@@ -187,7 +187,7 @@ TEST_F(ThreadedStillsTest, AnEndWaitsForNoFileThatHangs)
         stills.want({"/dead"});
         ASSERT_TRUE(becomesTrue([&] { return openers->hungNow() == 1; }));
     }
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
 }
 
 TEST_F(ThreadedStillsTest, TheNextStartFindsThemOnTheDisk)
