@@ -208,7 +208,7 @@ class ConsoleTest(PlayerTest):
     def drop(self, window, *paths):
         """Drops files in the middle of a window, as a file manager does."""
         x, y = window[1] + window[3] // 2, window[2] + window[4] // 2
-        done = self.display.run(sys.executable, DROP_SOURCE, window[0], str(x), str(y), *paths, timeout=30)
+        done = self.display.run(sys.executable, DROP_SOURCE, window[0], str(x), str(y), *paths, timeout=120)
         self.assertEqual(done.returncode, 0, done.stderr)
 
     def tip(self, player):

@@ -8,7 +8,7 @@ import unittest
 
 from console_driver import Screen
 from other_media import DISC, OtherMediaTest, seconds_of
-from player import GaveUp, wait_for
+from player import wait_briefly, wait_for
 
 IMAGE = os.path.join(DISC, "disc.iso")
 FOLDER = os.path.join(DISC, "disc")
@@ -98,10 +98,7 @@ class Discs(DiscsTest):
 
         def started():
             self.key("Return")
-            try:
-                return wait_for(lambda: (self.frame(player, self.title, SIZE) or 0) // SECOND == 1, 3, "title 2")
-            except Exception:  # noqa: BLE001
-                return False
+            return wait_briefly(lambda: (self.frame(player, self.title, SIZE) or 0) // SECOND == 1, 3)
 
         wait_for(started, 20, "title 2")
 
@@ -205,10 +202,7 @@ class DiscsOnOlderSystems(Discs):
         """So many steps down in the menu that a right click brings up over the full picture."""
         def opened():
             self.click(960, 500, button=3)
-            try:
-                return wait_for(self.popup, 3, "the menu")
-            except GaveUp:
-                return False
+            return wait_briefly(self.popup, 3)
 
         wait_for(opened, 20, "the menu over the picture")
         self.key(*["Down"] * steps, "Return")

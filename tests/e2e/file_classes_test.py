@@ -47,7 +47,7 @@ class FileClasses(PlayerTest):
         """What a program of the desktop says that looks into these folders, and no others of a user."""
         environment = dict(self.display.environment, XDG_DATA_HOME=home + "/share", XDG_CONFIG_HOME=home + "/config",
                            XDG_CURRENT_DESKTOP="none", HOME=self.folder)
-        done = subprocess.run(command, env=environment, capture_output=True, text=True, timeout=30)
+        done = subprocess.run(command, env=environment, capture_output=True, text=True, timeout=120)
         self.assertEqual(done.returncode, 0, f"{command}: {done.stdout}{done.stderr}")
         return done.stdout
 

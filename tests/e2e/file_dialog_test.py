@@ -7,11 +7,12 @@ import unittest
 
 from player import BIN, Display, wait_for
 import file_dialog
+import tries
 
 TITLE = "Open Multiple Video..."
 
 
-class FileDialogTest(unittest.TestCase):
+class FileDialogTest(tries.SeveralTries):
     window_manager = True
     display_size = "1280x800"
 
@@ -39,7 +40,7 @@ class FileDialogTest(unittest.TestCase):
                                         stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
 
     def chosen(self):
-        out, _ = self.gallery.communicate(timeout=20)
+        out, _ = self.gallery.communicate(timeout=90)
         self.assertEqual(self.gallery.returncode, 0)
         return out.decode("utf-8", "surrogateescape").splitlines()
 

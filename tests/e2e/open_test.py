@@ -31,7 +31,7 @@ class Opens(PlayerTest):
     def open(self, home, *arguments, **options):
         """Exit code and what it said."""
         process = self.begin_open(home, *arguments, **options)
-        _, said = process.communicate(timeout=20)
+        _, said = process.communicate(timeout=90)
         return process.returncode, said
 
     def quick_home(self):
@@ -128,7 +128,7 @@ class Opens(PlayerTest):
         player = self.owner()
         name = os.fsencode(self.folder) + b'/a "q" | \n \xff.mp4'
         os.symlink(os.path.realpath(clips(1, self.folder)[0]), name)
-        process = subprocess.run([OPEN, name], env=self.environment(player.home), capture_output=True, timeout=20)
+        process = subprocess.run([OPEN, name], env=self.environment(player.home), capture_output=True, timeout=90)
         self.assertEqual((process.returncode, process.stderr), (0, b""))
         wait_for(lambda: len([title for title in player.windows() if title.startswith("§")]) == 1, 20, "its window")
         wait_for(lambda: not os.path.exists(player.home + "/list.dat"), 20, "the end of the list")
@@ -172,7 +172,7 @@ class Opens(PlayerTest):
             begin = time.monotonic()
             self.assertEqual(self.open(player.home, name),
                              (2, "tandrel-open: the player doesn't answer; the files wait for it\n"))
-            self.assertLess(time.monotonic() - begin, 5)
+            self.assertLess(time.monotonic() - begin, 20)
             self.assertEqual(read(player.home + "/list.dat"), f'"{name}"\r\n'.encode())
             self.assertEqual(self.open(player.home), (2, "tandrel-open: the player doesn't answer\n"))
         finally:
@@ -184,7 +184,7 @@ class Opens(PlayerTest):
         names = clips(6, self.folder)
         both = [self.begin_open(player.home, *names[:3]), self.begin_open(player.home, *names[3:])]
         for one in both:
-            self.assertEqual(one.communicate(timeout=20)[1], "")
+            self.assertEqual(one.communicate(timeout=90)[1], "")
             self.assertEqual(one.returncode, 0)
         self.wait_taken(player, names)
 
@@ -227,13 +227,13 @@ class Opens(PlayerTest):
     def test_without_a_display(self):
         name = clips(1, self.folder)[0]
         process = subprocess.run([OPEN, name], env=dict(self.environment(self.home()), DISPLAY=":99999"),
-                                 capture_output=True, text=True, timeout=20)
+                                 capture_output=True, text=True, timeout=90)
         self.assertEqual((process.returncode, process.stderr),
                          (1, "tandrel-open: there is no display to show anything on\n"))
 
     def test_help_and_version_need_no_display(self):
         for argument, said in (("--help", "Usage: tandrel-open"), ("--version", "tandrel-open 1.")):
-            process = subprocess.run([OPEN, argument], env={}, capture_output=True, text=True, timeout=20)
+            process = subprocess.run([OPEN, argument], env={}, capture_output=True, text=True, timeout=90)
             self.assertEqual(process.returncode, 0)
             self.assertTrue(process.stdout.startswith(said), process.stdout)
         self.assertEqual(self.open(self.home(), "--what")[0], 1)

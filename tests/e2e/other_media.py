@@ -5,7 +5,7 @@ import re
 import signal
 
 from console_driver import PICTURE_LEFT, PICTURE_TOP, ConsoleTest, Screen
-from player import GaveUp, wait_for
+from player import GaveUp, wait_briefly, wait_for
 
 DISC = os.environ["TANDREL_TEST_DISC"]
 # The caption that full screen of the media player control has is that of its window.
@@ -122,20 +122,14 @@ class OtherMediaTest(ConsoleTest):
         def tried():
             self.click(x + width // 2, y + height // 2)
             self.click(x + width // 2, y + height // 2, button=3)
-            try:
-                return wait_for(lambda: self.is_full(player, title), 2, "full screen")
-            except GaveUp:
-                return False
+            return wait_briefly(lambda: self.is_full(player, title), 2)
 
         wait_for(tried, 20, "full screen")
 
     def double_click(self, gone, place=(900, 500)):
         def tried():
             self.display.run("xdotool", "mousemove", *map(str, place), "click", "--repeat", "2", "--delay", "110", "1")
-            try:
-                return wait_for(gone, 1.5, "an effect")
-            except GaveUp:
-                return False
+            return wait_briefly(gone, 1.5)
 
         wait_for(tried, 20, "a double click that counts")
 

@@ -7,13 +7,13 @@ import signal
 import subprocess
 import sys
 import tempfile
-import unittest
 
 TOP = os.environ["TANDREL_TOP"]
 BIN = os.environ["TANDREL_BIN"]
 MEDIA = os.environ["TANDREL_TEST_MEDIA"]
-sys.path.insert(0, os.path.join(TOP, "scripts", "lib"))
-from player_display import Display, GaveUp, prepare_home, wait_for  # noqa: E402
+sys.path[:0] = [os.path.join(TOP, "scripts", "lib"), os.path.join(TOP, "tests", "support")]
+import tries  # noqa: E402
+from player_display import Display, GaveUp, prepare_home, wait_briefly, wait_for  # noqa: E402
 
 CAPTION_BAND = 25
 
@@ -39,13 +39,6 @@ def links(kinds, count, folder):
             os.symlink(kinds[index % len(kinds)], name)
         names.append(name)
     return names
-
-
-def wait_briefly(condition):
-    try:
-        return wait_for(condition, 0.5, "an effect")
-    except GaveUp:
-        return False
 
 
 class Player:
@@ -147,11 +140,14 @@ class Player:
         return self.process.returncode
 
 
-class PlayerTest(unittest.TestCase):
-    """A display and a folder for each test; a screenshot is left where a test fails."""
+class PlayerTest(tries.SeveralTries):
+    """A display and a folder for each test, and more than one try; a screenshot is left where one fails."""
 
     display_size = "1920x1080"
     window_manager = True
+
+    def crashed(self):
+        return any(player.process.returncode in tries.CRASHES for player in self.players)
 
     def setUp(self):
         self.folder_holder = tempfile.TemporaryDirectory(prefix="tandrel-e2e-")
