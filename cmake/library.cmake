@@ -20,10 +20,11 @@ if(TANDREL_SANITIZE)
   target_link_options(tandrel_flags INTERFACE -fsanitize=${TANDREL_SANITIZE})
 endif()
 
-# tandrel_library(FOLDER [USES folder...] [LINKS target...] SOURCES file...)
+# tandrel_library(FOLDER [APART] [USES folder...] [LINKS target...] SOURCES file...)
+# APART: its sources are never compiled together.
 # FOLDER is the path below src/, and gives the target its name: platform/mpv becomes tandrel_platform_mpv.
 function(tandrel_library folder)
-  cmake_parse_arguments(arg "" "" "USES;LINKS;SOURCES" ${ARGN})
+  cmake_parse_arguments(arg "APART" "" "USES;LINKS;SOURCES" ${ARGN})
   string(REPLACE "/" "_" name tandrel_${folder})
 
   set(root ${TANDREL_INCLUDE_ROOTS}/${name})
@@ -41,6 +42,10 @@ function(tandrel_library folder)
   list(TRANSFORM arg_SOURCES PREPEND ${CMAKE_SOURCE_DIR}/src/${folder}/)
   add_library(${name} STATIC ${arg_SOURCES})
   target_include_directories(${name} PUBLIC ${root})
+  if(TANDREL_SANITIZE AND NOT arg_APART)
+    # Built from the beginning for the most part, where what the sources include takes longer than they do themselves.
+    set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8)
+  endif()
   list(TRANSFORM arg_USES REPLACE "/" "_")
   list(TRANSFORM arg_USES PREPEND tandrel_)
   target_link_libraries(${name} PUBLIC ${arg_USES} PRIVATE tandrel_flags ${arg_LINKS})

@@ -20,7 +20,8 @@ tandrel_library(platform/drives USES platform/mci LINKS Threads::Threads SOURCES
 # One file as the demuxer's library reads it.
 tandrel_library(platform/input LINKS PkgConfig::codecs SOURCES av_handles.cpp media_input.cpp)
 
-tandrel_library(platform/mpv USES platform/input platform/mci platform/output platform/codec LINKS PkgConfig::mpv PkgConfig::codecs PkgConfig::xcb PkgConfig::x11 Threads::Threads
+# The X headers that some of its sources include take common words as macros.
+tandrel_library(platform/mpv APART USES platform/input platform/mci platform/output platform/codec LINKS PkgConfig::mpv PkgConfig::codecs PkgConfig::xcb PkgConfig::x11 Threads::Threads
                              ${CMAKE_DL_LIBS} SOURCES
   codec_tuning.cpp
   early_opens.cpp

@@ -1,5 +1,6 @@
 #include "platform/disc/disc_reading.h"
 
+#include "platform/disc/disc_limits.h"
 #include "platform/disc/facts_text.h"
 #include "platform/disc/probing.h"
 
@@ -22,8 +23,6 @@ struct CloseTables {
 };
 using Tables = std::unique_ptr<ifo_handle_t, CloseTables>;
 
-constexpr int kMostTitles = 99;
-constexpr int kMostChapters = 999;
 constexpr int kTitleMenu = 2;
 constexpr int kRootMenu = 3;
 

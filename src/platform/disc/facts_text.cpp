@@ -1,5 +1,7 @@
 #include "platform/disc/facts_text.h"
 
+#include "platform/disc/disc_limits.h"
+
 #include <cmath>
 #include <cstring>
 #include <type_traits>
@@ -9,10 +11,7 @@ namespace tandrel
 
 namespace
 {
-constexpr std::uint32_t kMostTitles = 99;
-constexpr std::uint32_t kMostMarks = 999;
 constexpr std::uint32_t kLongestLabel = 1024;
-constexpr double kLongestLead = 2;
 constexpr double kLongestTitle = 100 * 3600.0;
 
 template <typename T>
@@ -70,8 +69,8 @@ DiscFacts::Title readTitle(Reader& reader)
     DiscFacts::Title title;
     title.seconds = reader.number(kLongestTitle);
     title.frameRate = reader.number(100);
-    title.chapters = static_cast<int>(reader.count(kMostMarks));
-    const auto marks = reader.count(kMostMarks);
+    title.chapters = static_cast<int>(reader.count(kMostChapters));
+    const auto marks = reader.count(kMostChapters);
     for (std::uint32_t mark = 0; mark < marks && reader.isGood(); ++mark)
         title.chapterMarks.push_back(reader.number(kLongestTitle));
     return title;

@@ -1,5 +1,7 @@
 #include "platform/disc/probing.h"
 
+#include "platform/disc/disc_limits.h"
+
 #include <algorithm>
 #include <array>
 #include <climits>
@@ -12,7 +14,6 @@ namespace
 {
 // Scrambled discs leave many sectors alone.
 constexpr int kSectorsInProbe = 32;
-constexpr double kLongestLead = 2;
 constexpr double kTicks = 90000;
 
 bool startsWith(std::span<const std::uint8_t> bytes, std::array<std::uint8_t, 4> mark)

@@ -26,6 +26,9 @@ struct MediaSource {
     double frameRate = 0;
 };
 
+/// So many pictures before the wanted one are decoded in full, because they come in another order than they are read.
+inline constexpr double kMostReordered = 24;
+
 /// Whatever is not plain about a medium ends its reading as doubtful: the player may see it differently. For one
 /// thread.
 class GopReader

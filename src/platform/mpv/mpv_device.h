@@ -116,6 +116,9 @@ private:
         Flushing
     };
 
+    /// Seconds between two times that are the same but for their last digits.
+    static constexpr double kTimeEpsilon = 1e-6;
+
     /// What has been done about a seek that brought another picture than expected.
     enum class Correction { None, LookedBehind, SteppedBack };
 

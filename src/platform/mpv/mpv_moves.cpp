@@ -13,7 +13,6 @@ namespace
 {
 // An exact seek of libmpv shows the first frame that is not earlier than this before the target.
 constexpr double kSeekTolerance = 0.005;
-constexpr double kTimeEpsilon = 1e-6;
 // How many seconds before the target a seek begins to decode, from one try to the next: in some files the index, or the
 // guess that stands for one, leads to a place behind the target.
 constexpr std::array kSeekMargins{0.0, 1.0, 4.0, 16.0};

@@ -20,7 +20,6 @@ constexpr auto kMovementIsOver = 200ms;
 constexpr auto kLongestWay = 600ms;
 // A decoder that rests takes memory, which is well spent while more places are clicked at.
 constexpr auto kLongestRest = 10s;
-constexpr double kTimeEpsilon = 1e-6;
 } // namespace
 
 bool MpvDevice::scrubTo(double seconds, Moment now)

@@ -15,8 +15,6 @@ constexpr int kDecodingThreads = 2;
 constexpr auto kBetweenPictures = 90ms;
 // Without an index nobody knows where the next key frame is. Seconds.
 constexpr double kFarAhead = 10;
-// So many pictures before the wanted one are decoded in full, because they come in another order than they are read.
-constexpr double kReordered = 24;
 } // namespace
 
 /// What the caller and the jobs have in common, of which one is at work at a time.
@@ -116,7 +114,7 @@ private:
             if (!s_.reader->seek(target))
                 return end(true);
         }
-        s_.reader->skimWhile(s_.at && target - *s_.at > kReordered * frame());
+        s_.reader->skimWhile(s_.at && target - *s_.at > kMostReordered * frame());
         const auto result = s_.reader->next();
         if (result == GopReader::Result::End) {
             // Beyond the last picture there is nothing to come nearer by: the next place begins anew.

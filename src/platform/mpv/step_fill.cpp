@@ -11,9 +11,6 @@ namespace
 // How many seconds before the target reading begins, from one try to the next: some files have no index, and a seek in
 // them leads to a place behind the target.
 constexpr std::array kMargins{0.0, 1.0, 4.0, 16.0};
-// So many pictures before the first one kept are decoded in full, because they come in another order than they are
-// read.
-constexpr double kReordered = 24;
 } // namespace
 
 StepFill::StepFill(std::shared_ptr<StepShelf> shelf, std::shared_ptr<StepBudget> budget, MediaSource source,
@@ -103,7 +100,7 @@ StepFill::State StepFill::take()
     if (ahead < -order_.tolerance)
         return order_.older ? State::Doubtful : State::Done;
     const double pictures = ahead * source_.frameRate;
-    reader_->skimWhile(pictures > static_cast<double>(order_.most) + kReordered);
+    reader_->skimWhile(pictures > static_cast<double>(order_.most) + kMostReordered);
     if (pictures > static_cast<double>(order_.most))
         return State::Going;
     const bool last = ahead <= order_.tolerance;

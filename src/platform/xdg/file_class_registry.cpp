@@ -3,6 +3,7 @@
 #include "platform/valid_text.h"
 #include "platform/xdg/atomic_file.h"
 #include "platform/xdg/mime_apps.h"
+#include "platform/xdg/programs.h"
 
 #include <csignal>
 #include <fcntl.h>
@@ -53,13 +54,6 @@ bool bringTo(const std::string& path, const std::string& content)
     std::error_code problem;
     fs::create_directories(fs::path(path).parent_path(), problem);
     return !problem && replaceFile(path, content);
-}
-
-bool isProgram(const std::string& path)
-{
-    struct stat facts {
-    };
-    return ::stat(path.c_str(), &facts) == 0 && S_ISREG(facts.st_mode) && ::access(path.c_str(), X_OK) == 0;
 }
 
 /// The program in its folder where it is there and can be named in an entry, which holds text; else its bare name.

@@ -1,6 +1,7 @@
 #include "platform/xdg/shell.h"
 
 #include "platform/path_marks.h"
+#include "platform/xdg/programs.h"
 
 #include <QFile>
 #include <QProcess>
@@ -8,9 +9,7 @@
 #include <cerrno>
 #include <chrono>
 #include <csignal>
-#include <sys/stat.h>
 #include <thread>
-#include <unistd.h>
 
 namespace tandrel
 {
@@ -28,14 +27,6 @@ struct Start {
     std::string rest;
 };
 
-bool isProgram(const std::string& path)
-{
-    struct stat facts {
-    };
-    const std::string bare = unmarkPath(path);
-    return ::stat(bare.c_str(), &facts) == 0 && S_ISREG(facts.st_mode) && ::access(bare.c_str(), X_OK) == 0;
-}
-
 /// The shortest front that ends at a blank and names a program; with quotes, what stands in them.
 std::optional<Start> startOf(const std::string& commandLine)
 {
@@ -47,7 +38,7 @@ std::optional<Start> startOf(const std::string& commandLine)
     }
     for (auto blank = commandLine.find(' ');; blank = commandLine.find(' ', blank + 1)) {
         const std::string front = commandLine.substr(0, blank);
-        if (isProgram(front))
+        if (isProgram(unmarkPath(front)))
             return Start{front, blank == std::string::npos ? "" : commandLine.substr(blank)};
         if (blank == std::string::npos)
             return std::nullopt;
@@ -87,7 +78,7 @@ void XdgShell::open(const std::string& target)
 long XdgShell::run(const std::string& commandLine)
 {
     const auto start = startOf(commandLine);
-    if (!start || !isProgram(start->program))
+    if (!start || !isProgram(unmarkPath(start->program)))
         return 0;
     const auto decoded = [](const std::string& word) {
         return QFile::decodeName(QByteArray::fromStdString(unmarkPath(word)));
