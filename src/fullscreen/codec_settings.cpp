@@ -21,7 +21,9 @@ namespace tandrel
 namespace
 {
 
-constexpr int kLongestLookMs = 200;
+// The own folder may lie on a disk that is busy; of the others each may lie on a server that is gone.
+constexpr int kLongestLookAtOwnMs = 1500;
+constexpr int kLongestLookMs = 500;
 constexpr const char* kStarter = "/RunDLL32.exe";
 constexpr const char* kOwnModule = "/tandrel-codec-settings";
 
@@ -59,23 +61,29 @@ const PageFacts& factsOf(CodecPage page)
     return page == CodecPage::Audio ? kAudio : kVideo;
 }
 
-/// A folder of programs may lie on a server that is gone; what doesn't answer in time is not there.
-bool isThere(const Text& path)
+/// What doesn't answer in time is not there.
+void lookAt(const std::vector<std::string>& paths, int longestMs)
 {
-    FileFinder& finder = *services().finder;
-    finder.look({path});
-    finder.wait(kLongestLookMs);
-    return finder.found(path).value_or(false);
+    services().finder->look(paths);
+    services().finder->wait(longestMs);
 }
+
+bool isThere(const Text& path) { return services().finder->found(path).value_or(false); }
+
+Text ownModule() { return GetSystemFolder() + kOwnModule; }
 
 /// The module's path, as it stands in a command line; empty where there is none.
 Text findModule()
 {
     const Text programs = services().systemFacts->environment("ProgramFiles");
+    std::vector<std::string> paths;
+    for (const ModulePlace& place : kPlaces)
+        paths.push_back(programs + place.path);
+    lookAt(paths, kLongestLookMs);
     for (const auto& [path, quotes] : kPlaces)
         if (isThere(programs + path))
             return quotes ? quoted(programs + path) : programs + path;
-    const Text own = GetSystemFolder() + kOwnModule;
+    const Text own = ownModule();
     if (!isThere(own))
         return {};
     return own.find(' ') == Text::npos ? own : quoted(own);
@@ -83,7 +91,9 @@ Text findModule()
 
 bool findCodec()
 {
-    if (!isThere(GetSystemFolder() + kStarter))
+    const Text starter = GetSystemFolder() + kStarter;
+    lookAt({starter, ownModule()}, kLongestLookAtOwnMs);
+    if (!isThere(starter))
         return false;
     const Text module = findModule();
     if (module.empty())

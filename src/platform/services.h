@@ -240,7 +240,7 @@ public:
     /// Begins to look for these files by their marked paths, all at once, on threads that nobody waits for. A path that
     /// is being looked for already is not asked again.
     virtual void look(const std::vector<std::string>& paths) = 0;
-    /// Waits until all have answered, so many ms at most.
+    /// Waits until those of the last look have answered, so many ms at most.
     virtual void wait(int ms) = 0;
     /// Whether a file of data is there (no directory, pipe or device), by the newest answer; nothing before the first.
     /// While a path is being looked for there is no answer either.

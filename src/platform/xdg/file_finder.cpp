@@ -66,7 +66,8 @@ struct ThreadedFinder::State {
     std::map<std::string, int> busy;
     /// Without a value while the path is being looked for.
     std::map<std::string, std::optional<bool>> answers;
-    std::size_t open = 0;
+    /// Those of the last look.
+    std::vector<std::string> asked;
     int threads = 0;
     int idle = 0;
     bool ended = false;
@@ -103,7 +104,6 @@ void ThreadedFinder::work(const std::shared_ptr<State>& state)
         lock.lock();
         state->count(path, -1);
         state->answers[path] = isThere;
-        --state->open;
         state->answer.notify_all();
     }
     --state->threads;
@@ -123,13 +123,13 @@ bool ThreadedFinder::begin()
 void ThreadedFinder::look(const std::vector<std::string>& paths)
 {
     const std::scoped_lock lock(state_->guard);
+    state_->asked = paths;
     for (const std::string& path : paths) {
         const auto known = state_->answers.find(path);
         if (known != state_->answers.end() && !known->second)
             continue;
         state_->answers[path] = std::nullopt;
         state_->queue.push_back(path);
-        ++state_->open;
     }
     // One for each file that no idle one takes: whoever hangs keeps none of the others from an answer.
     const auto waiting = static_cast<int>(state_->queue.size());
@@ -142,7 +142,10 @@ void ThreadedFinder::look(const std::vector<std::string>& paths)
 void ThreadedFinder::wait(int ms)
 {
     std::unique_lock lock(state_->guard);
-    state_->answer.wait_for(lock, std::chrono::milliseconds(ms), [&] { return state_->open == 0; });
+    state_->answer.wait_for(lock, std::chrono::milliseconds(ms), [&] {
+        return std::all_of(state_->asked.begin(), state_->asked.end(),
+                           [&](const std::string& path) { return state_->answers[path].has_value(); });
+    });
 }
 
 std::optional<bool> ThreadedFinder::found(const std::string& path) const
