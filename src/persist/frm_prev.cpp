@@ -119,6 +119,7 @@ void frmPrev::putTilesToRest()
 void frmPrev::onLoad()
 {
     screen().MousePointer = pointer::kDefault;
+    monitors().Refresh();
     monitors().centreWhereItStands(*this);
     nameInLanguage();
     fillList();
@@ -186,7 +187,7 @@ void frmPrev::openOne(const Text& path)
 
 void frmPrev::lstFiles_DblClick()
 {
-    if (lstFiles.ListCount() == 0 || lstFiles.text().empty())
+    if (lstFiles.ListCount() == 0)
         return;
     Hide();
     openOne(lstFiles.text());

@@ -84,19 +84,15 @@ void Listing::read()
 std::vector<Listing::Newcomer> Listing::lookAgain()
 {
     std::vector<Newcomer> newcomers;
+    std::vector<std::size_t> silent;
     std::size_t place = 0;
-    std::size_t asked = 0;
-    for (Line& line : lines_) {
-        if (files_.size() >= kMostListed || asked >= kMostAgain)
-            break;
+    for (std::size_t index = 0; index < lines_.size() && files_.size() < kMostListed; ++index) {
+        Line& line = lines_[index];
         const bool isOpen = line.answer == Answer::None;
         if (isOpen)
             line.answer = answerFor(line.path);
-        if (line.answer == Answer::None) {
-            // One that is still being looked for is not asked about twice.
-            services().finder->look(namesOf(line.path));
-            ++asked;
-        }
+        if (line.answer == Answer::None)
+            silent.push_back(index);
         if (line.answer != Answer::Found)
             continue;
         if (isOpen) {
@@ -105,7 +101,18 @@ std::vector<Listing::Newcomer> Listing::lookAgain()
         }
         ++place;
     }
+    askAbout(silent);
     return newcomers;
+}
+
+void Listing::askAbout(const std::vector<std::size_t>& silent)
+{
+    // In turn, as the first of them may be silent for ever. One that is still being looked for is not asked about
+    // twice.
+    const std::size_t count = std::min(silent.size(), kMostAgain);
+    for (std::size_t asked = 0; asked < count; ++asked)
+        services().finder->look(namesOf(lines_[silent[(turn_ + asked) % silent.size()]].path));
+    turn_ = silent.empty() ? 0 : (turn_ + count) % silent.size();
 }
 
 } // namespace tandrel::recent

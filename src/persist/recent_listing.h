@@ -36,9 +36,13 @@ private:
     };
     void lookAt(std::size_t begin, std::size_t end, int waitMs);
     static Answer answerFor(Text& path);
+    /// Of these lines, some at a time.
+    void askAbout(const std::vector<std::size_t>& silent);
 
     std::vector<Line> lines_;
     std::vector<Text> files_;
+    /// Which of the silent lines is asked about first the next time.
+    std::size_t turn_ = 0;
 };
 
 } // namespace tandrel::recent

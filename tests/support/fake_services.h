@@ -262,7 +262,12 @@ class FakeFinder : public FileFinder
 public:
     explicit FakeFinder(Files& files) : files_(files) {}
     void look(const std::vector<std::string>& paths) override { looked.push_back(paths); }
-    void wait(int ms) override { waits.push_back(ms); }
+    void wait(int ms) override
+    {
+        waits.push_back(ms);
+        if (whileWaiting)
+            whileWaiting(ms);
+    }
     std::optional<bool> found(const std::string& path) const override
     {
         if (silent.count(path) > 0)
@@ -272,6 +277,7 @@ public:
     std::set<std::string> silent;
     std::vector<std::vector<std::string>> looked;
     std::vector<int> waits;
+    std::function<void(int ms)> whileWaiting;
 
 private:
     Files& files_;

@@ -1,5 +1,6 @@
 // The dialog of recent files.
 
+#include "let_others_run.h"
 #include "player_bench.h"
 
 #include "persist/frm_prev.h"
@@ -9,11 +10,15 @@
 
 #include "desktop/monitors.h"
 
+#include <chrono>
+#include <set>
+
 namespace tandrel::test
 {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::Le;
 using ::testing::SizeIs;
 
 namespace
@@ -112,7 +117,6 @@ TEST_F(Recent, ItStandsInTheMiddleOfTheMonitorThatHoldsItsCorner)
 {
     world.monitors.set({{-1280, 0, 0, 1024}, {0, 0, 1920, 1080}});
     screen().setMetrics(15, 15, {0, 0, 1920, 1080});
-    tandrel::monitors().Refresh();
     EXPECT_EQ(dialog().left(), Long((28800 - dialog().width()) / 2.0));
     EXPECT_EQ(dialog().top(), Long((16200 - dialog().height()) / 2.0));
 }
@@ -175,6 +179,44 @@ TEST_F(Recent, AFullListTakesNobodyLate)
     dialog().tmrFollow.tick();
     EXPECT_EQ(files().ListCount(), 12);
     EXPECT_EQ(files().entries().back(), film(12));
+}
+
+TEST_F(Recent, SilentLinesAreAskedAboutInTurnAndNoneKeepsALaterOneAway)
+{
+    for (int index = 0; index < 200; ++index) {
+        list().push_back("/dead/" + std::to_string(index));
+        world.finder.silent.insert(list().back());
+    }
+    remember(1);
+    world.finder.silent.insert(film(0));
+    EXPECT_THAT(files().entries(), IsEmpty());
+    world.finder.looked.clear();
+    dialog().tmrFollow.tick();
+    EXPECT_EQ(world.finder.looked.size(), 128U);
+    dialog().tmrFollow.tick();
+    std::set<std::string> asked;
+    for (const auto& paths : world.finder.looked)
+        asked.insert(paths.begin(), paths.end());
+    EXPECT_EQ(asked, world.finder.silent);
+    world.finder.silent.erase(film(0));
+    dialog().tmrFollow.tick();
+    EXPECT_THAT(files().entries(), ElementsAre(film(0)));
+}
+
+TEST_F(Recent, AllSilentLinesTogetherAreWaitedForNoLongerThanOne)
+{
+    for (int index = 0; index < 64; ++index) {
+        list().push_back("/dead/" + std::to_string(index));
+        world.finder.silent.insert(list().back());
+    }
+    // Stands for one that nobody answers: the whole time passes.
+    world.finder.whileWaiting = [](int ms) {
+        const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(ms);
+        while (std::chrono::steady_clock::now() < end)
+            letOthersRun();
+    };
+    dialog();
+    EXPECT_THAT(world.finder.waits, ElementsAre(Le(50)));
 }
 
 TEST_F(Recent, ManyLinesAreLookedAtInPieces)
@@ -295,6 +337,16 @@ TEST_F(Recent, ADoubleClickOnAnEmptyListDoesNothing)
     files().userDblClick();
     EXPECT_TRUE(dialog().visible());
     EXPECT_THAT(VideoWindows, IsEmpty());
+}
+
+TEST_F(Recent, ADoubleClickWithoutAChosenEntryEndsTheDialogAndOpensNothing)
+{
+    remember(2);
+    dialog().Show();
+    files().userDblClick();
+    EXPECT_FALSE(Loaded<class frmPrev>());
+    EXPECT_THAT(VideoWindows, IsEmpty());
+    EXPECT_FALSE(console().PresetSelection);
 }
 
 TEST_F(Recent, TheListAsItWasIsNotChangedByWhatIsOpenedFromIt)
