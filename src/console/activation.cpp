@@ -73,6 +73,8 @@ bool frmMedia::takeWhatWasLeft()
         WindowState = 0;
     ZOrder();
     SetFocus();
+    // What hindered it the last time may be over: whoever calls has written the list just now.
+    handoverUnreadable_ = handoverStuck_ = false;
     // One that was the active form all along has not been activated by that.
     if (handoverIsDue())
         run([this] { onActivate(); });

@@ -25,7 +25,8 @@ bool frmMedia::passSecondStart()
     if (!services().instances->anotherIsRunning())
         return true;
     const CommandLine& given = commandLine();
-    if (given.empty() || given.isDvd()) {
+    // The other one takes files, and no discs.
+    if (given.empty() || given.isDvd() || (given.isPath() && isDiscPath(withoutQuotes(given.text)))) {
         offsetPlace();
         return true;
     }

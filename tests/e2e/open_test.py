@@ -179,6 +179,15 @@ class Opens(PlayerTest):
             player.process.send_signal(signal.SIGCONT)
         self.wait_taken(player, [name])
 
+    def test_an_image_of_a_disc_plays_in_a_further_console(self):
+        owner = self.owner()
+        image = os.path.join(os.environ["TANDREL_TEST_DISC"], "disc.iso")
+        further = self.started_by_open(owner.home, image)
+        wait_for(lambda: "TANDREL_TEST" in further.windows(), 20, "the window of the disc")
+        self.assertTrue(owner.alive())
+        self.assertNotIn("TANDREL_TEST", owner.windows())
+        self.assertFalse(os.path.exists(owner.home + "/list.dat"))
+
     def test_two_at_once_lose_nothing_of_a_running_player(self):
         player = self.owner()
         names = clips(6, self.folder)

@@ -478,13 +478,31 @@ TEST_F(ConsoleHandover, AListThatIsBeingTakenIsNotTakenAgainMeanwhile)
     EXPECT_EQ(liveCount(), 2);
 }
 
-TEST_F(ConsoleHandover, AListThatCantBeReadIsAskedForOnce)
+TEST_F(ConsoleHandover, AListThatCantBeReadIsTakenWhenSomebodyCallsAgain)
 {
     start("0");
     handOver({alias(0)});
     world.files.readable = false;
     EXPECT_TRUE(console().takeWhatWasLeft());
     EXPECT_EQ(liveCount(), 0);
+    world.files.readable = true;
+    EXPECT_TRUE(console().takeWhatWasLeft());
+    EXPECT_EQ(liveCount(), 1);
+}
+
+TEST_F(ConsoleHandover, AListThatCouldNotBeDeletedKeepsNoLaterOneAway)
+{
+    start("0");
+    handOver({alias(0)});
+    world.files.writable = false;
+    EXPECT_TRUE(console().takeWhatWasLeft());
+    EXPECT_TRUE(console().takeWhatWasLeft());
+    EXPECT_EQ(startingWith(commands(), "Open ").size(), 1U) << "what is open already is not opened again";
+    world.files.writable = true;
+    handOver({alias(0), alias(1)});
+    EXPECT_TRUE(console().takeWhatWasLeft());
+    EXPECT_EQ(liveCount(), 2);
+    EXPECT_FALSE(listIsThere());
 }
 
 } // namespace tandrel::test

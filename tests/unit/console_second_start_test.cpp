@@ -65,6 +65,16 @@ TEST_F(ConsoleSecondStart, ADiscGoesOnAsAFurtherConsoleThatPlaysIt)
     EXPECT_TRUE(console().Timer1.enabled());
 }
 
+TEST_F(ConsoleSecondStart, AnImageOfADiscIsPlayedByTheFurtherConsoleToo)
+{
+    ownerIsUp();
+    startWith("\"/films/disc.iso\"");
+    EXPECT_FALSE(programEnded());
+    EXPECT_FALSE(console().SecondRun);
+    EXPECT_THAT(world.settings.saved, ElementsAre("sys/top=1200", "sys/left=150"));
+    EXPECT_TRUE(DVDMode);
+}
+
 TEST_F(ConsoleSecondStart, WithAnOwnerAFileMakesASecondConsoleThatLeavesItAlone)
 {
     ownerIsUp();
