@@ -22,7 +22,7 @@ using test::writeBytes;
 
 const std::filesystem::path kDisc = TANDREL_TEST_DISC;
 /// A disk that is busy elsewhere may keep a look waiting.
-constexpr std::chrono::minutes kPatience{1};
+constexpr std::chrono::seconds kPatience{60};
 
 DiscFacts factsOf(const std::filesystem::path& disc) { return lookAtDiscFor(disc, kPatience).facts; }
 

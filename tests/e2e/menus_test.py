@@ -57,6 +57,39 @@ class Menus(FullScreenTest):
                        lambda: f"put {alias} window at 0 0 1920 1080" in player.commands()[begin:], "the default format")
         wait_for(self.full_frame, 20, "a frame number on the whole screen again")
 
+    def test_both_settings_stand_before_the_full_picture_and_leave_it_as_it_was(self):
+        player, names = self.filled()
+        for steps, title in ((2, "Audio Settings"), (3, "Video Settings")):
+            self.wait_for_panel(player, up=False)
+            self.choose_by(player, ["Down"] * steps + ["Return"], lambda: title in player.windows(), title)
+            wait_for(lambda: self.in_front() == int(player.windows()[title][0], 16), 20, "the form in front")
+            wait_for(lambda: self.taken_in(player.windows()[title][0]), 20, "the dialog in the form")
+            self.assertEqual(player.place(names[1]), FULL)
+            # A touch of the edge, which would bring the panel.
+            self.move(600, 1079)
+            self.move(600, 1078)
+            self.wait_for_full_movement()
+            self.assertEqual(self.panel(player), ())
+            _, left, top, width, height = player.windows()[title]
+            self.click(left + width - 64, top + height - 28)
+            wait_for(lambda: title not in player.windows(), 20, "the end of the form")
+            self.assertEqual(player.place(names[1]), FULL)
+            # The dialog is another program's, and goes on as a window of its own until the user ends it.
+            own = f"Tandrel Player - {title.capitalize()}"
+            wait_for(lambda: own in self.display.run("wmctrl", "-l").stdout, 20, "the dialog by itself")
+            self.display.run("wmctrl", "-c", own)
+            wait_for(lambda: self.video_has_focus(player, names[1]), 20, "the focus for the picture")
+            self.move(700, 500)
+        self.wait_for_full_movement()
+
+    def video_has_focus(self, player, name):
+        window = player.video(name)
+        return window and self.has_focus(window)
+
+    def taken_in(self, window):
+        """True once a window of another program stands in this one."""
+        return "Tandrel Player - " in self.display.run("xwininfo", "-id", window, "-tree").stdout.split("child", 1)[-1]
+
     def test_a_chosen_video_comes_in_front_of_the_full_one(self):
         player, names = self.filled()
         self.choose_by(player, ["i", "1"], lambda: self.has_focus(player.video(names[0])), "the focus for the other video")
@@ -88,7 +121,7 @@ class Menus(FullScreenTest):
         self.display.run("xdotool", "key", "i")
         wait_for(lambda: self.display.run("xwininfo", "-root", "-children").stdout.count('"tandrel-player"') > 1, 20, "the submenu")
         player.process.send_signal(signal.SIGTERM)
-        player.process.wait(5)
+        player.process.wait(30)
         self.assertEqual(player.process.returncode, 0)
 
     def wait_for_full_movement(self):
