@@ -26,9 +26,7 @@ class Codec(ConsoleTest):
         return player, names
 
     def select(self, player, name):
-        x, y, width, height = player.place(name)
-        self.click(x + width // 3, y + height // 3)
-        wait_for(lambda: self.has_focus(player.video(name)), 20, "the focus")
+        self.select_video(player, name, 1 / 3)
 
     def form(self, player):
         return player.windows().get(FORM)
@@ -99,7 +97,8 @@ class Codec(ConsoleTest):
         def applied():
             self.click_in_form(player, BRIGHTER)
             self.click_in_form(player, APPLY)
-            return (self.brightness(player) or 0) > 20
+            # Clicks that come together would be a double click, which sets the slider back.
+            return wait_briefly(lambda: (self.brightness(player) or 0) > 20)
 
         wait_for(applied, 20, "a brighter picture in the settings")
         begin = len(player.commands())

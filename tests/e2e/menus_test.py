@@ -82,10 +82,6 @@ class Menus(FullScreenTest):
             self.move(700, 500)
         self.wait_for_full_movement()
 
-    def video_has_focus(self, player, name):
-        window = player.video(name)
-        return window and self.has_focus(window)
-
     def taken_in(self, window):
         """True once a window of another program stands in this one."""
         return "Tandrel Player - " in self.display.run("xwininfo", "-id", window, "-tree").stdout.split("child", 1)[-1]
