@@ -1,6 +1,7 @@
 // One HD film on the screen: how soon pictures come, how true the place is, and how long calls take.
 // bench-film [FILE...]: by default the films among the test media. Needs an X server.
 #include "platform/mpv/film_player.h"
+#include "support/let_others_run.h"
 #include "support/test_media.h"
 
 #include <algorithm>
@@ -11,7 +12,6 @@
 #include <random>
 #include <string>
 #include <sys/resource.h>
-#include <thread>
 #include <vector>
 
 namespace
@@ -81,8 +81,7 @@ public:
             }
             if (done())
                 return milliseconds(Clock::now() - start);
-            // Between two looks at the condition, so that the player has the processor.
-            std::this_thread::sleep_for(1ms);
+            test::letOthersRun();
         }
         return -1;
     }

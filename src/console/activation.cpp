@@ -73,7 +73,7 @@ bool frmMedia::takeWhatWasLeft()
         WindowState = 0;
     ZOrder();
     SetFocus();
-    // What hindered it the last time may be over: whoever calls has written the list just now.
+    // What hindered it the last time may be over: whoever calls may have written the list anew.
     handoverUnreadable_ = handoverStuck_ = false;
     // One that was the active form all along has not been activated by that.
     if (handoverIsDue())

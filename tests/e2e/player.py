@@ -132,7 +132,7 @@ class Player:
         if self.alive():
             self.process.send_signal(signal.SIGTERM)
             try:
-                self.process.wait(10)
+                self.process.wait(40)
             except subprocess.TimeoutExpired:
                 self.process.kill()
                 self.process.wait()
@@ -159,6 +159,9 @@ class PlayerTest(tries.SeveralTries):
         result = self._outcome.result
         failed = any(test is self for test, _ in result.failures + result.errors)
         try:
+            # What has crashed is known before anything else may go wrong here.
+            for player in self.players:
+                player.alive()
             if failed:
                 shot = os.path.join(TOP, "build", f"e2e-failed-{self.id()}.png")
                 os.makedirs(os.path.dirname(shot), exist_ok=True)
@@ -169,6 +172,7 @@ class PlayerTest(tries.SeveralTries):
         finally:
             self.display.__exit__()
             self.remove_folder()
+        self.assertFalse(self.crashed(), "a player has crashed")
 
     def remove_folder(self):
         """Programs of the desktop that a start has called may still be at work in it."""

@@ -170,10 +170,10 @@ TEST_F(CodecForms, TryChangesOpensTheVideoAnewAtItsPlace)
     const std::string width = std::to_string(pixelsX(window.picVideo.width()));
     const std::string height = std::to_string(pixelsY(window.picVideo.height()));
     forgetCommands();
-    bool hiddenAtOpen = false;
+    std::vector<std::string> hiddenAt;
     world.mci.onSend = [&](const std::string& command) {
-        if (command.starts_with("Open "))
-            hiddenAtOpen = !window.picVideo.visible();
+        if (!window.picVideo.visible())
+            hiddenAt.push_back(command.substr(0, command.find(' ')));
     };
     const Long slot = NextSlot;
     form().cmdOK.Click();
@@ -181,7 +181,8 @@ TEST_F(CodecForms, TryChangesOpensTheVideoAnewAtItsPlace)
                                         "Open B Type MPEGVideo alias B parent " + handle + " style child",
                                         "set B time format ms", "seek B to 12345", "Play B", "Pause B",
                                         "put B window at 0 0 " + width + " " + height, "setaudio B Volume to 400"));
-    EXPECT_TRUE(hiddenAtOpen);
+    EXPECT_EQ(hiddenAt.front(), "Close") << "before the old picture goes";
+    EXPECT_EQ(hiddenAt[1], "Open");
     EXPECT_TRUE(window.picVideo.visible());
     EXPECT_TRUE(FullMenuOpen);
     EXPECT_FALSE(console().Timer4.enabled());

@@ -119,6 +119,18 @@ TEST_F(DvdMenu, MenuDvdWithoutADiscIsIgnored)
     EXPECT_THAT(world.players.disc.asked, Not(Contains("root menu")));
 }
 
+TEST_F(DvdMenu, AnErrorOfTheDiscsOwnMenuIsIgnored)
+{
+    FakeVideoControl disc;
+    disc.fails = true;
+    frmDVD().oVidWebDVD = &disc.InputActive();
+    choose(dvdmenu().mnuDVD);
+    EXPECT_THAT(disc.asked, ElementsAre("ShowMenu " + std::to_string(disc_menu::kRoot)));
+    EXPECT_TRUE(PanelUp && console().Timer4.enabled());
+    EXPECT_FALSE(FullMenuOpen || Loaded<class dvdmenu>());
+    frmDVD().oVidWebDVD = nullptr;
+}
+
 TEST_F(DvdMenu, CloseMenuLeavesThePanelMarkedAsUp)
 {
     choose(dvdmenu().mnuEsci);
