@@ -47,7 +47,13 @@ tandrel_media_test(media_screen DISPLAY contract/screen_test.cpp)
 
 tandrel_media_test(media_files NODISPLAY contract/media_files_test.cpp)
 
+# Videos that are more than the machine can do.
+tandrel_media_test(ease_screen DISPLAY contract/covered_screen_test.cpp contract/ease_screen_test.cpp)
+target_link_libraries(ease_screen PRIVATE PkgConfig::xcb)
+
 tandrel_media_test(mci_unit UNIT
+  unit/covered_windows_test.cpp
+  unit/load_rules_test.cpp
   unit/mci_early_opens_test.cpp
   unit/mci_outputs_test.cpp
   unit/mci_parser_test.cpp

@@ -44,7 +44,7 @@ void writeTable(MciService& media, long paints, const TickTimes& ticks, const st
     for (const DeviceReport& row : media.report()) {
         file << inOneField(row.alias) << '\t' << row.facts.width << '\t' << row.facts.height << '\t'
              << inMs(row.facts.length.value_or(0)) << '\t' << inMs(row.reading.seconds) << '\t' << row.counts.shown
-             << '\t' << row.counts.dropped << '\n';
+             << '\t' << row.counts.dropped << '\t' << row.counts.eased << '\n';
     }
     if (Loaded<class frmMedia>()) {
         const class frmMedia& console = frmMedia();

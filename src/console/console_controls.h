@@ -21,7 +21,8 @@ public:
     Label Label6{*this, "Label6", {3000, 1230, 1050, 240}, "Total"};
     Label lblDuration{*this, "lblDuration", {3000, 1455, 1140, 330}, "0:00:00"};
     Label lblSpeed{*this, "lblSpeed", {4140, 1485, 630, 270}, "0x"};
-    Label lblMode{*this, "lblMode", {3000, 1830, 1770, 240}};
+    Label lblMode{*this, "lblMode", {3000, 1830, 1500, 240}};
+    Image imgLoad{*this, "imgLoad", {4515, 1815, 255, 255}, "load"};
 
     // What moves the selected video. Tab goes through the controls in the order in which they stand here.
     Image imgPlay{*this, "imgPlay", {6180, 540, 1140, 1140}, "play"};

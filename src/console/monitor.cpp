@@ -51,6 +51,7 @@ void frmMedia::Timer2_Timer()
 {
     if (ClosingDown)
         return;
+    loadSign.follow(*this, CurrentAlias);
     watchParkedCursor();
     keepAwake();
     notePanel();

@@ -1,6 +1,7 @@
 /// What the ticks of the console keep from one to the next.
 #pragma once
 
+#include "console/load_sign.h"
 #include "toolkit/control.h"
 
 namespace tandrel
@@ -44,6 +45,7 @@ struct MonitorFields {
     bool DragBarred = false;
     /// The left button went down on `SeekSlider` while something is loaded.
     bool SeekDragging = false;
+    LoadSign loadSign;
     /// The picture inside its window, in twips: as it is in full screen, or when its disc was changed.
     TwipsRect FullPicture;
 };

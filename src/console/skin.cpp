@@ -110,6 +110,7 @@ void frmMedia::dressControls()
         image.Click = [] {};
     }
     Maschera.Visible = false;
+    imgLoad.Visible = false;
     VolumeSlider.Visible = false;
     for (Control* hidden : std::initializer_list<Control*>{&cmdFwd, &cmdRwd, &cmdVideo, &cmdAudio, &Label2, &lblClick,
                                                            &lblDblClick, &lblTimeClick})

@@ -6,7 +6,8 @@ tandrel_library(platform/mci USES platform LINKS Threads::Threads SOURCES
   tracing_mci.cpp)
 
 # What players of all kinds put their pictures and sounds out with.
-tandrel_library(platform/output USES platform LINKS PkgConfig::xcb PkgConfig::x11 ${CMAKE_DL_LIBS} SOURCES
+tandrel_library(platform/output USES platform LINKS PkgConfig::xcb PkgConfig::x11 Threads::Threads ${CMAKE_DL_LIBS} SOURCES
+  covered_windows.cpp
   picture_window.cpp
   sound_outputs.cpp
   x_errors.cpp)
@@ -18,7 +19,7 @@ tandrel_library(platform/drives USES platform/mci LINKS Threads::Threads SOURCES
   volume_name.cpp)
 
 # One file as the demuxer's library reads it.
-tandrel_library(platform/input LINKS PkgConfig::codecs SOURCES av_handles.cpp media_input.cpp)
+tandrel_library(platform/input LINKS PkgConfig::codecs SOURCES av_handles.cpp key_places.cpp media_input.cpp)
 
 # The X headers that some of its sources include take common words as macros.
 tandrel_library(platform/mpv APART USES platform/input platform/mci platform/output platform/codec LINKS PkgConfig::mpv PkgConfig::codecs PkgConfig::xcb PkgConfig::x11 Threads::Threads
@@ -35,11 +36,16 @@ tandrel_library(platform/mpv APART USES platform/input platform/mci platform/out
   gop_reader.cpp
   graphics_probe.cpp
   input_methods.cpp
+  key_watch.cpp
+  load_keeper.cpp
+  load_meter.cpp
+  load_rules.cpp
   media_path.cpp
   media_tracks.cpp
   mpv_channel.cpp
   mpv_device.cpp
   mpv_drawing.cpp
+  mpv_easing.cpp
   mpv_engine.cpp
   mpv_handle.cpp
   mpv_loading.cpp

@@ -65,6 +65,12 @@ public:
     /// of sight. An empty list lets go of those that have not been opened.
     virtual void prepare(const std::vector<std::string>&) {}
 
+    /// The user has selected this device, by its alias. Where the machine can't show all videos in full, it is the last
+    /// to give something.
+    virtual void favour(std::string_view) {}
+    /// How many videos are shown with less than their files have, because all of it would be too much for the machine.
+    virtual int eased() const { return 0; }
+
     /// Runs about every 50 ms while a command blocks, so that something on the screen can show that the program lives.
     /// It sends no command.
     std::function<void()> whileWaiting;

@@ -81,6 +81,15 @@ constexpr TextRow kRows[] = {
          "Minimieren Control Panel",
          "Minimizar Painel de Controle",
      }},
+    {"frmMedia.imgLoad",
+     {
+         "Videos with fewer pictures, so that the computer keeps up:",
+         "Vídeos con menos imágenes, para que el ordenador no se retrase:",
+         "Vidéos avec moins d'images, pour que l'ordinateur suive :",
+         "Video con meno immagini, per non sovraccaricare il computer:",
+         "Videos mit weniger Bildern, damit der Rechner mitkommt:",
+         "Vídeos com menos imagens, para o computador acompanhar:",
+     }},
     {"frmMedia.imgHide",
      {
          "Minimize All Panels",

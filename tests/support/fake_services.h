@@ -29,6 +29,8 @@ public:
     }
     void expect(const std::vector<std::string>& commands) override { expected.push_back(commands); }
     void prepare(const std::vector<std::string>& paths) override { prepared.push_back(paths); }
+    void favour(std::string_view alias) override { favoured.emplace_back(alias); }
+    int eased() const override { return easedVideos; }
 
     /// What `command` answers from now on.
     void answer(const std::string& command, const std::string& text, int result = 0);
@@ -50,6 +52,9 @@ public:
     /// Called at each command before it is answered.
     std::function<void(const std::string& command)> onSend;
     int idles = 0;
+    /// What was named as the selected one, call by call.
+    std::vector<std::string> favoured;
+    int easedVideos = 0;
     /// What was announced, call by call.
     std::vector<std::vector<std::string>> expected;
     std::vector<std::vector<std::string>> prepared;

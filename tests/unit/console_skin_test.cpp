@@ -235,7 +235,7 @@ TEST_F(ConsoleSkin, WhatIsPressedByOthersOnlyIsSeenByNobody)
 {
     start();
     EXPECT_THAT(hidden(),
-                UnorderedElementsAre("Maschera", "VolumeSlider", "cmdFwd", "cmdRwd", "cmdVideo", "cmdAudio",
+                UnorderedElementsAre("Maschera", "imgLoad", "VolumeSlider", "cmdFwd", "cmdRwd", "cmdVideo", "cmdAudio",
                                      "cmdMedia0", "cmdMedia1", "cmdMedia2", "cmdMedia3", "cmdMedia4", "cmdMedia6",
                                      "cmdMedia7", "Label2", "lblClick", "lblDblClick", "lblTimeClick"));
     EXPECT_EQ(console().cmdMedia[5], nullptr) << "an index without a button";

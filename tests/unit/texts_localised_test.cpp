@@ -79,7 +79,7 @@ TEST_F(TextsLocalised, EveryFormHasItsRows)
     std::map<Text, int> rows;
     for (const TextRow& one : textTable())
         ++rows[groupOf(one.key)];
-    EXPECT_THAT(rows, UnorderedElementsAre(Pair("frmMedia", 24), Pair("menu", 2), Pair("openmenu", 5),
+    EXPECT_THAT(rows, UnorderedElementsAre(Pair("frmMedia", 25), Pair("menu", 2), Pair("openmenu", 5),
                                            Pair("slidemenu", 2), Pair("frmHelp", 27), Pair("message", 16),
                                            Pair("frmToolTip", 2), Pair("title", 3), Pair("frmPrev", 12),
                                            Pair("track", 3), Pair("box", 3), Pair("system", 2), Pair("dialog", 24),

@@ -44,7 +44,7 @@ TEST_F(TextsPlaces, KeysNameControlsAndEntriesThatAreThere)
         else
             --checked;
     }
-    EXPECT_EQ(checked, 24 + 2 + 2 + 17);
+    EXPECT_EQ(checked, 25 + 2 + 2 + 17);
 }
 
 } // namespace tandrel::test

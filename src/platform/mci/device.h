@@ -57,6 +57,7 @@ public:
     MediaReading read() { return media_->read(); }
     FrameCounts counts() { return media_->counts(); }
     void beginClose() { media_->beginClose(); }
+    const MediaDevice& media() const { return *media_; }
 
 private:
     enum class Mode { Stopped, Playing, Paused };

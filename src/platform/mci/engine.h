@@ -39,6 +39,8 @@ struct MediaReading {
 struct FrameCounts {
     long shown = 0;
     long dropped = 0;
+    /// How far it is made cheaper now: 0, not at all; 4, only its key pictures are decoded.
+    int eased = 0;
 };
 
 enum class StepDirection { Forward, Backward };
@@ -111,6 +113,14 @@ public:
     /// Begins to open these files, to be shown in windows that are not there yet; `open` takes them over. Never blocks.
     /// An empty list lets go of the rest.
     virtual void prepare(const std::vector<std::string>&) {}
+
+    /// Called whenever the program is about to wait for events: an engine that has to look after its devices does so
+    /// then, and never blocks.
+    virtual void tend() {}
+    /// Commands go to this device for now; null: to none. Where not all can have everything it is the last to give.
+    virtual void favour(const MediaDevice*) {}
+    /// How many running devices show less than they could, because all of it would be too much for the machine.
+    virtual int eased() const { return 0; }
 
     /// Runs now and then, on the thread of all calls, while one of them blocks.
     std::function<void()> whileWaiting;

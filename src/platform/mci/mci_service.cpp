@@ -114,7 +114,15 @@ bool MciService::idle()
     // Of all the places that an opening handler gives a picture only the last is worth drawing.
     for (const Entry& entry : devices_)
         entry.device->show();
-    return !startTogether();
+    const bool allStarted = startTogether();
+    engine_->tend();
+    return !allStarted;
+}
+
+void MciService::favour(std::string_view alias)
+{
+    const auto found = find(alias);
+    engine_->favour(found == devices_.end() ? nullptr : &found->device->media());
 }
 
 bool MciService::startTogether()

@@ -48,6 +48,9 @@ public:
     void expect(const std::vector<std::string>& commands) override;
     void prepare(const std::vector<std::string>& paths) override { engine_->prepare(paths); }
 
+    void favour(std::string_view alias) override;
+    int eased() const override { return engine_->eased(); }
+
     /// Waits until every seek and step under way is done: for a caller that shows results to a person or looks at the
     /// screen. Blocks for 2 s at most for each device.
     void settle();

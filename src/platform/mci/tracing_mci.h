@@ -22,6 +22,8 @@ public:
     int send(std::string_view command, std::span<char> answer = {}) override;
     bool idle() override { return inner_.idle(); }
     void expect(const std::vector<std::string>& commands) override { inner_.expect(commands); }
+    void favour(std::string_view alias) override { inner_.favour(alias); }
+    int eased() const override { return inner_.eased(); }
     void prepare(const std::vector<std::string>& paths) override { inner_.prepare(paths); }
 
 private:

@@ -1,5 +1,6 @@
 #include "platform/mpv/mpv_device.h"
 
+#include "platform/mpv/load_keeper.h"
 #include "platform/mpv/mpv_handle.h"
 
 #include <algorithm>
@@ -44,6 +45,8 @@ void MpvDevice::beginClose()
 {
     if (closed_.valid())
         return;
+    if (keeper_ != nullptr)
+        keeper_->leave(*this);
     if (stills_ != nullptr) {
         endFollowing();
         dropScrub();
@@ -65,6 +68,8 @@ void MpvDevice::drain()
 
 void MpvDevice::hear(const mpv_event& event)
 {
+    if (meter_.hear(event, now()))
+        return;
     if (following_)
         hearFollowing(event);
     switch (event.event_id) {
@@ -188,6 +193,7 @@ void MpvDevice::play()
     if (running_)
         return;
     running_ = true;
+    meter_.restart();
     forgetMoves();
     placeAt_ = now();
     lastRead_ = 0;
@@ -286,6 +292,7 @@ FrameCounts MpvDevice::counts()
                                                                                             : 0L;
     };
     FrameCounts result;
+    result.eased = static_cast<int>(ease_);
     result.dropped = number("frame-drop-count") + number("decoder-frame-drop-count");
     result.shown = std::max(0L, number("estimated-frame-number") + 1 - result.dropped);
     return result;

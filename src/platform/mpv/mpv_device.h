@@ -2,7 +2,10 @@
 #pragma once
 
 #include "platform/mci/engine.h"
+#include "platform/input/key_places.h"
 #include "platform/mpv/codec_tuning.h"
+#include "platform/mpv/load_meter.h"
+#include "platform/mpv/load_rules.h"
 #include "platform/mpv/media_tracks.h"
 #include "platform/mpv/mpv_channel.h"
 #include "platform/mpv/scrub.h"
@@ -15,6 +18,8 @@
 
 namespace tandrel
 {
+
+class LoadKeeper;
 
 /// Everything is asked of libmpv asynchronously, because a question that waits goes through the lock of a core that may
 /// be decoding. What comes back is read whenever the device is used.
@@ -43,6 +48,28 @@ public:
     void setPulse(std::function<void()> pulse) { channel_.setPulse(std::move(pulse)); }
     /// Lets steps use pictures that are decoded apart from the player, where that is possible. After a load, once.
     void keepPictures(const StepTools& tools, const MediaSource& source);
+
+    /// Takes part in what is done about too much load, until it closes. Once.
+    void joinLoad(std::shared_ptr<LoadKeeper> keeper);
+    /// Asks the player how it keeps up, without waiting for the answer.
+    void askLoad();
+    /// What the answers so far say, but for what the device doesn't know of itself; nothing unless it runs.
+    std::optional<LoadSample> load() const;
+    /// Decodes so much of a running video from its next key picture on, or from now on where nothing is known of
+    /// those: a decoder that begins anew elsewhere has to decode again what lies between. At rest everything is decoded
+    /// where it counts: places and steps are exact.
+    void ease(Ease ease);
+    /// Goes on at the last key picture that is due already, if there is one ahead.
+    void catchUp();
+    /// Looks whether the key picture has come. Whoever eases a device calls it often.
+    void followEase();
+    /// Where the key pictures are; once they are known.
+    void setKeyPlaces(KeyPlaces places);
+    bool knowsKeyPlaces() const { return keyPlaces_.has_value(); }
+    /// Absolute.
+    const std::string& path() const { return path_; }
+    /// The window that the picture is in; null without one.
+    const PictureWindow* window() const { return window_.get(); }
 
     const MediaFacts& facts() const override { return facts_; }
     void play() override;
@@ -156,6 +183,13 @@ private:
     /// Lets seeks begin further ahead of their target; false if they do that already.
     bool growMargin();
     void forgetMoves();
+    bool canBeEased() const;
+    /// Where the pictures are; the place that is read may be that of the sound, which is further.
+    double picturePlace() const;
+    void tellDecoder(Ease ease);
+    void easeNow(Ease ease);
+    /// True if that takes a seek before anything else.
+    bool decodeAll();
     void forgetPictures();
     void sendEnd();
     /// A picture comes when it is ready, not when the one before has had its time.
@@ -278,6 +312,20 @@ private:
     std::optional<double> returnTo_;
     /// How far ahead of their target seeks begin, as a row of a table.
     std::size_t margin_ = 0;
+
+    /// Null for a device that takes no part.
+    std::shared_ptr<LoadKeeper> keeper_;
+    LoadMeter meter_;
+    Ease ease_ = Ease::Full;
+    /// What is to come at the next key picture, and when it comes whether or not there is one.
+    std::optional<Ease> easeWanted_;
+    Moment easeBy_;
+    /// The place of the pictures when that was looked for last.
+    double easeFrom_ = 0;
+    std::optional<KeyPlaces> keyPlaces_;
+    std::string path_;
+    /// By which of its names there is no hardware decoding now.
+    int noHardware_ = 0;
 
     bool running_ = false;
     bool ended_ = false;

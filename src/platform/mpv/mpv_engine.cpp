@@ -2,6 +2,7 @@
 
 #include "platform/codec/codec_file.h"
 #include "platform/mpv/early_opens.h"
+#include "platform/mpv/load_keeper.h"
 #include "platform/mpv/media_path.h"
 #include "platform/mpv/mpv_device.h"
 #include "platform/mpv/mpv_handle.h"
@@ -42,6 +43,9 @@ public:
 
     OpenResult open(const std::string& path, std::optional<WindowHandle> parent) override;
     void prepare(const std::vector<std::string>& paths) override;
+    void tend() override { keeper_->tend(std::chrono::steady_clock::now()); }
+    void favour(const MediaDevice* device) override { keeper_->favour(static_cast<const MpvDevice*>(device)); }
+    int eased() const override { return keeper_->eased(); }
 
 private:
     WindowSystem& windowSystem();
@@ -65,6 +69,7 @@ private:
     std::shared_ptr<Means> means_;
     StepTools stepTools_{std::make_shared<StepWorkers>(kStepWorkers), std::make_shared<StepBudget>(kStepBytes),
                          options_.wake};
+    std::shared_ptr<LoadKeeper> keeper_ = std::make_shared<LoadKeeper>(options_.judgeLoad);
     CodecFile codec_{options_.codecFile};
     EarlyOpens early_;
 };
@@ -155,6 +160,9 @@ OpenResult MpvEngine::open(const std::string& path, std::optional<WindowHandle> 
     // Pictures that are decoded beside the player are as the file has them.
     if (keepsPictures() && !result.tuning.changesPicture)
         result.device->keepPictures(stepTools_, result.source);
+    // What the graphics card decodes is no load for the processors.
+    if (shown && !settings_.hardwareDecoding)
+        result.device->joinLoad(keeper_);
     return {OpenFailure::None, std::move(result.device)};
 }
 } // namespace

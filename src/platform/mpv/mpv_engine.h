@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/mci/engine.h"
+#include "platform/mpv/load_keeper.h"
 
 #include <functional>
 #include <memory>
@@ -21,6 +22,8 @@ struct MpvOptions {
     int mostDevices = 12;
     /// The file of the settings for pictures and sounds, which each open looks at; empty: there is none.
     std::string codecFile = {};
+    /// Who says what becomes of videos that are too much; `LoadRules` where not set.
+    LoadKeeper::Judge judgeLoad = {};
 };
 
 /// Sets the number format of the process to that of the C locale, which libmpv insists on: to be called after the

@@ -36,6 +36,7 @@ constexpr FactQuestion kFacts[]{
 OpenFailure MpvDevice::load(const std::string& file, const Decoding& decoding)
 {
     const auto deadline = std::chrono::steady_clock::now() + kOpenLimit;
+    path_ = file;
     channel_.command({"set", "vd-lavc-threads", std::to_string(decoding.threads).c_str()});
     if (decoding.withoutSound)
         channel_.command({"set", "aid", "no"});

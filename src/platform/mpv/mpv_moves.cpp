@@ -93,6 +93,13 @@ void MpvDevice::step(StepDirection direction)
 
 void MpvDevice::sendStepOn()
 {
+    if (decodeAll()) {
+        // Which picture is the next one a decoder knows that has seen all of them.
+        returnTo_ = place_;
+        thenOn_ = true;
+        sendExactSeek(place_);
+        return;
+    }
     steppedFrom_ = place_;
     showAtOnce(true);
     channel_.command({"frame-step"});
@@ -145,6 +152,9 @@ void MpvDevice::sendMove(std::initializer_list<const char*> command)
         stills_->uncoverAfterSeek(channel_.handle());
     behind_.reset();
     endFollowing();
+    if (!running_)
+        decodeAll();
+    meter_.restart();
     awaited_ = channel_.command(command);
     stage_ = Stage::Sent;
     placeAsked_ = 0;

@@ -124,6 +124,7 @@ void MpvDevice::followLater()
     followWanted_ = false;
     behind_ = kOnItsWay;
     const std::string target = seekText(exactTarget(place_));
+    decodeAll();
     following_ = Following{Stage::Sent, channel_.command({"seek", target.c_str(), "absolute+exact"})};
     wakeForPlayer(true);
 }

@@ -1,0 +1,152 @@
+// How much of the video is decoded: the part of MpvDevice that makes it cheaper, and exact again where that counts.
+#include "platform/mpv/load_keeper.h"
+#include "platform/mpv/mpv_device.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tandrel
+{
+
+namespace
+{
+using namespace std::chrono_literals;
+
+struct EaseRow {
+    const char* loopFilter;
+    const char* pictures;
+};
+constexpr std::array<EaseRow, 5> kEases{
+    {{"default", "default"}, {"nonref", "default"}, {"nonref", "nonref"}, {"nonref", "bidir"}, {"nonref", "nonkey"}}};
+
+// So long a key picture is waited for. Where they lie further apart, decoding twice is the smaller evil.
+constexpr auto kLongestWait = 12s;
+// Seconds. A shorter piece isn't worth the jump.
+constexpr double kShortestPiece = 0.3;
+
+// A decoder takes these options on when it begins anew. Libmpv lets it do so, and seeks to the picture that is shown,
+// when the name of the kind of hardware decoding changes; there is none by the other name.
+constexpr std::array<const char*, 2> kNoHardware{"no", "none"};
+
+} // namespace
+
+void MpvDevice::joinLoad(std::shared_ptr<LoadKeeper> keeper)
+{
+    keeper_ = std::move(keeper);
+    keeper_->join(*this);
+}
+
+void MpvDevice::tellDecoder(Ease ease)
+{
+    const EaseRow& row = kEases[static_cast<std::size_t>(ease)];
+    ease_ = ease;
+    easeWanted_.reset();
+    noHardware_ = 1 - noHardware_;
+    channel_.command({"set", "vd-lavc-skiploopfilter", row.loopFilter});
+    channel_.command({"set", "vd-lavc-skipframe", row.pictures});
+    channel_.command({"set", "hwdec", kNoHardware[static_cast<std::size_t>(noHardware_)]});
+    meter_.restart();
+}
+
+bool MpvDevice::canBeEased() const
+{
+    return running_ && !ended_ && stage_ == Stage::Rest && facts_.frameRate > 0 && seekable_ && origin_.has_value();
+}
+
+double MpvDevice::picturePlace() const { return place_ - (soundTime_ ? std::max(0.0, meter_.lag()) : 0.0); }
+
+void MpvDevice::setKeyPlaces(KeyPlaces places) { keyPlaces_ = std::move(places); }
+
+void MpvDevice::ease(Ease ease)
+{
+    drain();
+    easeWanted_.reset();
+    if (!canBeEased() || ease == ease_)
+        return;
+    easeWanted_ = ease;
+    easeFrom_ = picturePlace();
+    const bool noneToCome = !keyPlaces_ || keyPlaces_->seconds.empty() || keyPlaces_->seconds.back() <= easeFrom_;
+    easeBy_ = Moment::clock::now() + (noneToCome ? 0s : kLongestWait);
+    followEase();
+}
+
+void MpvDevice::easeNow(Ease ease)
+{
+    const double place = picturePlace();
+    tellDecoder(ease);
+    if (ease != Ease::KeyPictures)
+        return;
+    // The exact picture would be the key picture behind it.
+    forgetMoves();
+    sendMove({"seek", seekText(place).c_str(), "absolute+keyframes"});
+}
+
+void MpvDevice::followEase()
+{
+    if (!easeWanted_)
+        return;
+    prepareRead();
+    if (!running_ || ended_) {
+        easeWanted_.reset();
+        return;
+    }
+    if (!canBeEased())
+        return;
+    const double place = picturePlace();
+    const bool passed = keyPlaces_ && std::any_of(keyPlaces_->seconds.begin(), keyPlaces_->seconds.end(),
+                                                  [&](double key) { return key > easeFrom_ && key <= place; });
+    easeFrom_ = place;
+    if (passed || Moment::clock::now() >= easeBy_)
+        easeNow(*easeWanted_);
+}
+
+void MpvDevice::catchUp()
+{
+    drain();
+    if (!canBeEased() || !keyPlaces_)
+        return;
+    const double place = picturePlace();
+    const double due = place + meter_.figures(speed_, facts_.frameRate).lag;
+    const auto& keys = keyPlaces_->seconds;
+    const auto behind = std::upper_bound(keys.begin(), keys.end(), due);
+    if (behind == keys.begin() || *(behind - 1) <= place + kShortestPiece)
+        return;
+    forgetMoves();
+    sendExactSeek(*(behind - 1));
+}
+
+bool MpvDevice::decodeAll()
+{
+    if (ease_ == Ease::Full)
+        return false;
+    tellDecoder(Ease::Full);
+    return true;
+}
+
+void MpvDevice::askLoad()
+{
+    drain();
+    if (canBeEased())
+        meter_.ask(channel_);
+}
+
+std::optional<LoadSample> MpvDevice::load() const
+{
+    if (!running_ || ended_ || facts_.frameRate <= 0 || !seekable_)
+        return {};
+    LoadSample sample;
+    // What is on its way counts as done: it is not asked for twice.
+    sample.ease = easeWanted_.value_or(ease_);
+    sample.pixelRate = facts_.frameRate * facts_.width * facts_.height;
+    sample.area = static_cast<long>(canvas_.width) * canvas_.height;
+    const LoadMeter::Figures figures = meter_.figures(speed_, facts_.frameRate);
+    sample.pace = figures.pace;
+    sample.dropped = figures.dropped;
+    sample.lag = figures.lag;
+    sample.needsAll = keyPlaces_ && keyPlaces_->inOrder;
+    if (figures.pictureRate)
+        sample.pictureShare = *figures.pictureRate / facts_.frameRate;
+    return sample;
+}
+
+} // namespace tandrel
