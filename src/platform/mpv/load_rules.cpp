@@ -17,6 +17,8 @@ constexpr double kLatePace = 0.95;
 // Pictures that are decoded and thrown away are as good as late.
 constexpr double kMostDropped = 0.15;
 constexpr int kLateLooks = 2;
+// The one that the user has chosen is left as it is while something else may be what is in its way.
+constexpr int kLateLooksOfFavoured = 6;
 // What is taken away is a little more than what is missing.
 constexpr double kReserve = 0.9;
 // A video that is made cheaper seeks once, and is late from that for a while.
@@ -37,13 +39,15 @@ constexpr auto kBetweenPieces = 4s;
 constexpr std::size_t kPiecesAtOnce = 3;
 // Where as many pictures as this come although some are to be left out, none can be.
 constexpr double kNothingLeftOut = 0.8;
+constexpr int kTurnOfFavoured = 3;
 
 Ease cheaper(Ease ease) { return static_cast<Ease>(static_cast<int>(ease) + 1); }
 
 double paceOf(const LoadSample& sample)
 {
     const double pace = std::clamp(sample.pace.value_or(1), 0.0, 1.0);
-    return pace >= kLatePace && sample.dropped > kMostDropped ? kLatePace * (1 - sample.dropped / 4) : pace;
+    const bool counts = !sample.favoured && sample.dropped > kMostDropped;
+    return pace >= kLatePace && counts ? kLatePace * (1 - sample.dropped / 4) : pace;
 }
 
 /// Who gives first: what nobody sees, what is small, the others, and last what the user has chosen.
@@ -53,9 +57,8 @@ int turnOf(const LoadSample& sample, long largest)
         return 0;
     if (sample.area < static_cast<long>(kSmall * static_cast<double>(largest)))
         return 1;
-    return sample.favoured ? 3 : 2;
+    return sample.favoured ? kTurnOfFavoured : 2;
 }
-constexpr int kTurns = 4;
 
 /// How far a video gives at most at its turn.
 Ease lowestOf(int turn) { return turn == 0 ? Ease::KeyPictures : Ease::LowRate; }
@@ -155,7 +158,8 @@ std::vector<LoadOrder> LoadRules::lower(Moment now, const std::vector<LoadSample
     });
     const double affordable = kReserve * pace * costOf(targets);
     const long largest = largestArea(running);
-    for (int turn = 0; turn < kTurns; ++turn)
+    const int last = lateLooks_ >= kLateLooksOfFavoured ? kTurnOfFavoured : kTurnOfFavoured - 1;
+    for (int turn = 0; turn <= last; ++turn)
         for (Ease level = Ease::Full; level < lowestOf(turn); level = cheaper(level))
             for (Target& target : targets)
                 if (turnOf(*target.sample, largest) == turn && target.ease == level &&
