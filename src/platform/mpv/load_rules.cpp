@@ -17,8 +17,8 @@ constexpr double kLatePace = 0.95;
 // Pictures that are decoded and thrown away are as good as late.
 constexpr double kMostDropped = 0.15;
 constexpr int kLateLooks = 2;
-// The one that the user has chosen is left as it is while something else may be what is in its way.
-constexpr int kLateLooksOfFavoured = 6;
+// One that plays alone is left as it is for as long as something else may be what is in its way.
+constexpr int kLateLooksOfOne = 6;
 // What is taken away is a little more than what is missing.
 constexpr double kReserve = 0.9;
 // A video that is made cheaper seeks once, and is late from that for a while.
@@ -158,7 +158,8 @@ std::vector<LoadOrder> LoadRules::lower(Moment now, const std::vector<LoadSample
     });
     const double affordable = kReserve * pace * costOf(targets);
     const long largest = largestArea(running);
-    const int last = lateLooks_ >= kLateLooksOfFavoured ? kTurnOfFavoured : kTurnOfFavoured - 1;
+    const bool others = running.size() > 1;
+    const int last = others || lateLooks_ >= kLateLooksOfOne ? kTurnOfFavoured : kTurnOfFavoured - 1;
     for (int turn = 0; turn <= last; ++turn)
         for (Ease level = Ease::Full; level < lowestOf(turn); level = cheaper(level))
             for (Target& target : targets)

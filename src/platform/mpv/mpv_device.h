@@ -186,6 +186,10 @@ private:
     bool canBeEased() const;
     /// Where the pictures are; the place that is read may be that of the sound, which is further.
     double picturePlace() const;
+    /// The first behind this place, where that is known.
+    std::optional<double> nextKey(double place) const;
+    /// A running video is sent to that key picture.
+    void goOnAt(double key);
     void tellDecoder(Ease ease);
     void easeNow(Ease ease);
     /// True if that takes a seek before anything else.

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace tandrel
 {
@@ -20,7 +21,7 @@ constexpr std::array<EaseRow, 5> kEases{
     {{"default", "default"}, {"nonref", "default"}, {"nonref", "nonref"}, {"nonref", "bidir"}, {"nonref", "nonkey"}}};
 
 // So long a key picture is waited for. Where they lie further apart, decoding twice is the smaller evil.
-constexpr auto kLongestWait = 12s;
+constexpr auto kLongestWait = 6s;
 // Seconds. A shorter piece isn't worth the jump.
 constexpr double kShortestPiece = 0.3;
 
@@ -65,8 +66,7 @@ void MpvDevice::ease(Ease ease)
         return;
     easeWanted_ = ease;
     easeFrom_ = picturePlace();
-    const bool noneToCome = !keyPlaces_ || keyPlaces_->seconds.empty() || keyPlaces_->seconds.back() <= easeFrom_;
-    easeBy_ = Moment::clock::now() + (noneToCome ? 0s : kLongestWait);
+    easeBy_ = Moment::clock::now() + (nextKey(easeFrom_) ? kLongestWait : 0s);
     followEase();
 }
 
@@ -93,11 +93,31 @@ void MpvDevice::followEase()
     if (!canBeEased())
         return;
     const double place = picturePlace();
-    const bool passed = keyPlaces_ && std::any_of(keyPlaces_->seconds.begin(), keyPlaces_->seconds.end(),
-                                                  [&](double key) { return key > easeFrom_ && key <= place; });
-    easeFrom_ = place;
-    if (passed || Moment::clock::now() >= easeBy_)
+    const double from = std::exchange(easeFrom_, place);
+    if (const auto key = nextKey(from); key && *key <= place) {
         easeNow(*easeWanted_);
+    } else if (key && *key <= place + meter_.figures(speed_, facts_.frameRate).lag) {
+        // It should be there already.
+        tellDecoder(*easeWanted_);
+        goOnAt(*key);
+    } else if (Moment::clock::now() >= easeBy_) {
+        easeNow(*easeWanted_);
+    }
+}
+
+std::optional<double> MpvDevice::nextKey(double place) const
+{
+    if (!keyPlaces_)
+        return {};
+    const auto& keys = keyPlaces_->seconds;
+    const auto next = std::upper_bound(keys.begin(), keys.end(), place);
+    return next == keys.end() ? std::nullopt : std::optional(*next);
+}
+
+void MpvDevice::goOnAt(double key)
+{
+    forgetMoves();
+    sendExactSeek(key);
 }
 
 void MpvDevice::catchUp()
@@ -111,8 +131,7 @@ void MpvDevice::catchUp()
     const auto behind = std::upper_bound(keys.begin(), keys.end(), due);
     if (behind == keys.begin() || *(behind - 1) <= place + kShortestPiece)
         return;
-    forgetMoves();
-    sendExactSeek(*(behind - 1));
+    goOnAt(*(behind - 1));
 }
 
 bool MpvDevice::decodeAll()
