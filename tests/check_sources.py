@@ -17,6 +17,7 @@ MAY_INCLUDE = {
     "platform/mpv": {"platform", "platform/input", "platform/mci", "platform/output", "platform/codec"},
     "platform/stills": {"platform", "platform/input", "platform/xdg"},
     "platform/output": {"platform"},
+    "platform/pictures": {"platform"},
     "platform/disc": {"platform"},
     "platform/vlc": {"platform", "platform/disc", "platform/output"},
     "platform/dbus": {"platform"},
@@ -36,12 +37,12 @@ MAY_INCLUDE = {
     "fullscreen": BASE | FORMS | {"desktop", "media"},
     "texts": BASE | FORMS | {"desktop", "media"},
     "app": BASE | {"console", "media", "toolkit/qt", "platform/mci", "platform/mpv", "platform/dbus", "platform/x11",
-            "platform/xdg", "platform/codec", "platform/vlc", "platform/disc", "platform/drives", "platform/stills",
+            "platform/xdg", "platform/codec", "platform/vlc", "platform/disc", "platform/drives", "platform/pictures", "platform/stills",
             "platform/input", "app"},
 }
 # Folders whose sources may name a library, by the beginning of the header's name.
 LIBRARIES = {
-    r"^Q[A-Za-z/]+$": {"toolkit/qt", "platform/dbus", "platform/x11", "platform/xdg", "app", "codec_settings"},
+    r"^Q[A-Za-z/]+$": {"toolkit/qt", "platform/dbus", "platform/pictures", "platform/x11", "platform/xdg", "app", "codec_settings"},
     r"^dbus/": {"platform/dbus"},
     r"^mpv/": {"platform/mpv"},
     r"^vlc/": {"platform/vlc"},

@@ -76,6 +76,15 @@ tandrel_media_test(steps_screen DISPLAY contract/scrub_screen_test.cpp contract/
 tandrel_media_test(stills NODISPLAY contract/stills_test.cpp unit/still_cache_test.cpp unit/threaded_stills_test.cpp)
 target_link_libraries(stills PRIVATE tandrel_platform_stills PkgConfig::codecs)
 
+# Still pictures that the user keeps.
+find_package(Qt6 6.4 REQUIRED COMPONENTS Gui)
+add_executable(pictures contract/pictures_test.cpp unit/picture_names_test.cpp)
+target_link_libraries(pictures PRIVATE tandrel_media_test_support tandrel_platform_pictures tandrel_platform_stills
+                                       tandrel_platform_xdg PkgConfig::codecs Qt6::Gui GTest::gtest tandrel_flags)
+add_dependencies(pictures test_media)
+add_test(NAME pictures COMMAND pictures)
+set_tests_properties(pictures PROPERTIES LABELS unit TIMEOUT 600)
+
 # HD films.
 tandrel_media_test(film_player NODISPLAY contract/film_player_test.cpp contract/stock_rest_test.cpp unit/film_moves_test.cpp
                    unit/film_tracks_test.cpp)

@@ -17,8 +17,10 @@
 #include "platform/mci/mci_service.h"
 #include "platform/mci/tracing_mci.h"
 #include "platform/mpv/mpv_engine.h"
+#include "platform/pictures/threaded_pictures.h"
 #include "platform/stills/still_source.h"
 #include "platform/stills/threaded_stills.h"
+#include "platform/stills/whole_picture.h"
 #include "platform/x11/desktop.h"
 #include "platform/x11/hot_keys.h"
 #include "platform/x11/monitor_source.h"
@@ -30,6 +32,7 @@
 #include "platform/xdg/file_finder.h"
 #include "platform/xdg/files.h"
 #include "platform/xdg/instances.h"
+#include "platform/xdg/pictures_folder.h"
 #include "platform/xdg/settings_file.h"
 #include "platform/xdg/shell.h"
 #include "platform/xdg/system_facts.h"
@@ -93,6 +96,15 @@ FileClassPlaces fileClassPlaces()
     return {folders.share, folders.config, program, drawing.toStdString()};
 }
 
+/// A folder of the program's own in the desktop's for pictures, or in that of all the program's data where there is
+/// one.
+std::string ownPicturesFolder()
+{
+    const char* own = std::getenv("TANDREL_HOME");
+    const char* home = own != nullptr && *own != '\0' ? own : std::getenv("HOME");
+    return picturesFolder(desktopFolders(programFolder()).config, home != nullptr ? home : "") + "/Tandrel Player";
+}
+
 /// All services of the program, made in the order in which they need each other.
 struct Platform {
     Platform()
@@ -101,7 +113,7 @@ struct Platform {
         trace = tracingMciIfWanted(media);
         installServices({trace ? trace.get() : &media, &pointer, &monitors, &screenSaver, &hotKeys, &systemFacts,
                          &settings, &files, &instances, &shell, &clock, &players, drives.get(), &desktop, &registry,
-                         &finder, &stills});
+                         &finder, &stills, &pictures});
     }
 
     std::string data;
@@ -111,6 +123,7 @@ struct Platform {
     SystemClock clock;
     ThreadedFinder finder;
     ThreadedStills stills{{stillsFolder(programFolder()), &markOf, &readStill}};
+    ThreadedPictures pictures{{&ownPicturesFolder, &readPicture}};
     FileClassRegistry registry{fileClassPlaces()};
     XdgSystemFacts systemFacts;
     X11Desktop desktop;

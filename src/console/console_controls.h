@@ -60,6 +60,9 @@ public:
 
     // The size of the picture, and the name of the program.
     Label Label3{*this, "Label3", {780, 2805, 3900, 240}};
+    /// Stands in the place of the name for a while.
+    Label lblNote{*this, "lblNote", {780, 2805, 6600, 240}};
+    Image imgStill{*this, "imgStill", {7560, 2745, 330, 330}, "camera"};
     Label Label1{*this, "Label1", {8220, 2805, 960, 240}, "Resize"};
     std::vector<std::unique_ptr<CommandButton>> cmdSize = makeSizeRow();
     Label lblSize{*this, "lblSize", {9690, 2790, 780, 270}, "100 %"};
@@ -85,6 +88,7 @@ public:
     Timer Timer2{*this, "Timer2", 750, false};
     Timer Timer3{*this, "Timer3", 50, true};
     Timer Timer4{*this, "Timer4", 3000, true};
+    Timer TimerPictures{*this, "TimerPictures", 200, false};
 
 protected:
     ConsoleControls();

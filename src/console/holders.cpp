@@ -3,6 +3,7 @@
 #include "console/frm_media.h"
 #include "console/frm_start.h"
 #include "console/slidemenu.h"
+#include "console/stillmenu.h"
 #include "fullscreen/dvdmenu.h"
 #include "fullscreen/frm_ffdshow.h"
 #include "fullscreen/frm_panel.h"
@@ -62,6 +63,7 @@ TANDREL_HOLDER(frmFFDShowAudio)
 TANDREL_HOLDER(frmFFDShowVideo)
 TANDREL_HOLDER(frmPrev)
 TANDREL_HOLDER(slidemenu)
+TANDREL_HOLDER(stillmenu)
 TANDREL_HOLDER(openmenu)
 TANDREL_HOLDER(menu)
 TANDREL_HOLDER(share)
@@ -97,6 +99,7 @@ void forgetForms()
     Holder<class frmFFDShowVideo>::forget();
     Holder<class frmPrev>::forget();
     Holder<class slidemenu>::forget();
+    Holder<class stillmenu>::forget();
     Holder<class openmenu>::forget();
     Holder<class menu>::forget();
     Holder<class share>::forget();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "console/load_sign.h"
+#include "console/still_pictures.h"
 #include "toolkit/control.h"
 
 namespace tandrel
@@ -46,6 +47,7 @@ struct MonitorFields {
     /// The left button went down on `SeekSlider` while something is loaded.
     bool SeekDragging = false;
     LoadSign loadSign;
+    StillPictures stillPictures;
     /// The picture inside its window, in twips: as it is in full screen, or when its disc was changed.
     TwipsRect FullPicture;
 };

@@ -3,6 +3,7 @@
 #include "console/frm_media.h"
 #include "console/holders.h"
 #include "console/slidemenu.h"
+#include "console/stillmenu.h"
 #include "desktop/layered.h"
 #include "desktop/region.h"
 #include "desktop/slider_background.h"
@@ -34,7 +35,7 @@ struct ImageButton {
     const char* tip;
 };
 
-constexpr std::array<ImageButton, 23> kImageButtons{{
+constexpr std::array<ImageButton, 24> kImageButtons{{
     {&frmMedia::imgPlay, Plate::Play, "frmMedia.imgPlay", nullptr},
     {&frmMedia::imgPause, Plate::Lead, "frmMedia.imgPause", nullptr},
     {&frmMedia::imgRwd, Plate::Lead, "frmMedia.imgRwd", nullptr},
@@ -55,6 +56,7 @@ constexpr std::array<ImageButton, 23> kImageButtons{{
     {&frmMedia::imgTwitter, Plate::Round, nullptr, "Share On Twitter"},
     {&frmMedia::imgMax, Plate::Round, nullptr, "Volume +"},
     {&frmMedia::imgMin, Plate::Round, nullptr, "Volume -"},
+    {&frmMedia::imgStill, Plate::Round, "frmMedia.imgStill", nullptr},
     {&frmMedia::imgHide, Plate::Round, "frmMedia.imgHide", nullptr},
     {&frmMedia::imgDwn, Plate::Round, "frmMedia.imgDwn", nullptr},
     {&frmMedia::imgExit, Plate::Round, "frmMedia.imgExit", nullptr},
@@ -77,13 +79,14 @@ struct LabelLook {
     TextRole role;
     Alignment alignment;
 };
-constexpr std::array<LabelLook, 13> kLooks{{
+constexpr std::array<LabelLook, 14> kLooks{{
     {&frmMedia::lblTitleBar, TextRole::Title, Alignment::Left},
     {&frmMedia::lblCurTime, TextRole::Time, Alignment::Left},
     {&frmMedia::lblDuration, TextRole::Value, Alignment::Left},
     {&frmMedia::lblVolume, TextRole::Figure, Alignment::Left},
     {&frmMedia::Label1, TextRole::Quiet, Alignment::Right},
     {&frmMedia::Label3, TextRole::Caption, Alignment::Left},
+    {&frmMedia::lblNote, TextRole::Caption, Alignment::Left},
     {&frmMedia::Label4, TextRole::Caption, Alignment::Left},
     {&frmMedia::Label6, TextRole::Caption, Alignment::Left},
     {&frmMedia::Label7, TextRole::Caption, Alignment::Left},
@@ -111,6 +114,7 @@ void frmMedia::dressControls()
     }
     Maschera.Visible = false;
     imgLoad.Visible = false;
+    lblNote.Visible = false;
     VolumeSlider.Visible = false;
     for (Control* hidden : std::initializer_list<Control*>{&cmdFwd, &cmdRwd, &cmdVideo, &cmdAudio, &Label2, &lblClick,
                                                            &lblDblClick, &lblTimeClick})
@@ -134,6 +138,7 @@ void frmMedia::nameInLanguage()
     menu().mnuHelp.Caption = localised("menu.mnuHelp");
     menu().mnuEsci.Caption = localised("menu.mnuEsci");
     openmenu().nameInLanguage();
+    stillmenu().nameInLanguage();
     slidemenu().mnuSlideCenter.Caption = localised("slidemenu.mnuSlideCenter");
     slidemenu().mnuSlideLeft.Caption = localised("slidemenu.mnuSlideLeft");
     backend().setBoxTexts({localised("box.yes"), localised("box.no"), localised("box.ok"), localised("system.minimise"),
@@ -154,6 +159,7 @@ void frmMedia::wireControls()
     Timer2.Tick = [this] { Timer2_Timer(); };
     Timer3.Tick = [this] { Timer3_Timer(); };
     Timer4.Tick = [this] { Timer4_Timer(); };
+    TimerPictures.Tick = [this] { stillPictures.follow(*this); };
 }
 
 void frmMedia::onImage(Image& image, std::function<void()> action)
@@ -170,6 +176,7 @@ void frmMedia::wireTools()
     onImage(imgVideo, [this] { cmdVideo.Value = true; });
     onImage(imgAudio, [this] { cmdAudio.Value = true; });
     onImage(imgResize, [] { PopupMenu(slidemenu().popup); });
+    onImage(imgStill, [] { PopupMenu(stillmenu().popup); });
     onImage(imgShare, [] { PopupMenu(tandrel::share().popup); });
     onImage(imgFaceBook, [] { ShellOpen(facebookLink(AppTitle)); });
     onImage(imgTwitter, [] { ShellOpen(twitterLink(AppTitle)); });

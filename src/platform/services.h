@@ -299,6 +299,7 @@ public:
 
 class Players;
 class DiscDrives;
+class Pictures;
 
 /// The services of a running program. All are set before the first form loads and outlive the last.
 struct Services {
@@ -319,6 +320,7 @@ struct Services {
     Registry* registry = nullptr;
     FileFinder* finder = nullptr;
     Stills* stills = nullptr;
+    Pictures* pictures = nullptr;
 };
 
 /// The services that `installServices` has set.

@@ -16,8 +16,8 @@ namespace
 std::vector<TextRow> joinedTables()
 {
     std::vector<TextRow> all;
-    for (const auto rows :
-         {consoleTexts(), dialogTexts(), fullScreenTexts(), helpTexts(), messageTexts(), recentTexts(), windowTexts()})
+    for (const auto rows : {consoleTexts(), dialogTexts(), fullScreenTexts(), helpTexts(), messageTexts(),
+                            pictureTexts(), recentTexts(), windowTexts()})
         all.insert(all.end(), rows.begin(), rows.end());
     return all;
 }

@@ -11,6 +11,7 @@ std::span<const TextRow> dialogTexts();
 std::span<const TextRow> fullScreenTexts();
 std::span<const TextRow> helpTexts();
 std::span<const TextRow> messageTexts();
+std::span<const TextRow> pictureTexts();
 std::span<const TextRow> recentTexts();
 std::span<const TextRow> windowTexts();
 

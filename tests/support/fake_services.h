@@ -3,6 +3,7 @@
 
 #include "fake_players.h"
 
+#include "platform/pictures.h"
 #include "platform/services.h"
 #include "toolkit/backend.h"
 
@@ -301,6 +302,26 @@ public:
     std::map<std::string, Still> made;
 };
 
+class FakePictures : public Pictures
+{
+public:
+    struct Order {
+        std::vector<PictureWish> wishes;
+        bool sheet = false;
+    };
+    void save(const std::vector<PictureWish>& wishes, bool sheet) override { orders.push_back({wishes, sheet}); }
+    std::optional<SavedPictures> done() override
+    {
+        if (results.empty())
+            return {};
+        SavedPictures first = results.front();
+        results.erase(results.begin());
+        return first;
+    }
+    std::vector<Order> orders;
+    std::vector<SavedPictures> results;
+};
+
 class FakeClock : public Clock
 {
 public:
@@ -416,6 +437,7 @@ public:
     FakeRegistry registry;
     FakeFinder finder{files};
     FakeStills stills;
+    FakePictures pictures;
     FakeBackend backend;
     /// Command strings, and with `backend.windows` what happens to windows, in one order.
     std::vector<std::string> journal;

@@ -75,7 +75,7 @@ TEST_F(ConsoleButtons, OnceTheEndHasBegunNoImageDoesAnything)
             expectNothing(image->name());
             ++images;
         }
-    EXPECT_EQ(images, 26) << "with the body, its outline and the sign of the load";
+    EXPECT_EQ(images, 27) << "with the body, its outline and the sign of the load";
 }
 
 TEST_F(ConsoleButtons, OtherMouseButtonsPressNone)

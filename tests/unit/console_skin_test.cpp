@@ -189,7 +189,7 @@ TEST_F(ConsoleSkin, TheBrushIsGoneWithTheConsole)
 TEST_F(ConsoleSkin, EveryImageButtonShowsAPressOfTheLeftButtonOnly)
 {
     start();
-    ASSERT_EQ(buttons().size(), 23U);
+    ASSERT_EQ(buttons().size(), 24U);
     for (Image* button : buttons()) {
         for (const int other : {mouse::kRight, mouse::kMiddle}) {
             button->userMouseDown({other, 0, 0, 0});
@@ -228,16 +228,16 @@ TEST_F(ConsoleSkin, TabGoesThroughTheControlsInTheOrderOfTheirGroups)
                 ElementsAre("imgPlay", "imgPause", "imgRwd", "imgFwd", "imgReplay", "imgOpen", "SeekSlider", "imgBack",
                             "imgPauseAll", "imgStep", "imgResync", "imgMute", "imgResize", "imgVideo", "imgAudio",
                             "imgShare", "imgHelp", "imgFaceBook", "imgTwitter", "InvertSlider", "imgMax", "imgMin",
-                            "cmdSize0", "cmdSize1", "chkFullscreen", "imgHide", "imgDwn", "imgExit"));
+                            "imgStill", "cmdSize0", "cmdSize1", "chkFullscreen", "imgHide", "imgDwn", "imgExit"));
 }
 
 TEST_F(ConsoleSkin, WhatIsPressedByOthersOnlyIsSeenByNobody)
 {
     start();
     EXPECT_THAT(hidden(),
-                UnorderedElementsAre("Maschera", "imgLoad", "VolumeSlider", "cmdFwd", "cmdRwd", "cmdVideo", "cmdAudio",
-                                     "cmdMedia0", "cmdMedia1", "cmdMedia2", "cmdMedia3", "cmdMedia4", "cmdMedia6",
-                                     "cmdMedia7", "Label2", "lblClick", "lblDblClick", "lblTimeClick"));
+                UnorderedElementsAre("Maschera", "imgLoad", "lblNote", "VolumeSlider", "cmdFwd", "cmdRwd", "cmdVideo",
+                                     "cmdAudio", "cmdMedia0", "cmdMedia1", "cmdMedia2", "cmdMedia3", "cmdMedia4",
+                                     "cmdMedia6", "cmdMedia7", "Label2", "lblClick", "lblDblClick", "lblTimeClick"));
     EXPECT_EQ(console().cmdMedia[5], nullptr) << "an index without a button";
 }
 

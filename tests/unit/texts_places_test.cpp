@@ -3,6 +3,7 @@
 #include "player_bench.h"
 
 #include "console/slidemenu.h"
+#include "console/stillmenu.h"
 #include "texts/frm_help.h"
 #include "texts/localised.h"
 #include "texts/menu.h"
@@ -39,12 +40,14 @@ TEST_F(TextsPlaces, KeysNameControlsAndEntriesThatAreThere)
             EXPECT_TRUE(holds(menu().mnupopup.entries(), name)) << row.key;
         else if (group == "slidemenu")
             EXPECT_TRUE(holds(slidemenu().popup.entries(), name)) << row.key;
+        else if (group == "stillmenu")
+            EXPECT_TRUE(holds(stillmenu().popup.entries(), name)) << row.key;
         else if (group == "frmHelp" && (name.starts_with("Label") || name == "cmdOK"))
             EXPECT_TRUE(holds(frmHelp().controls(), name)) << row.key;
         else
             --checked;
     }
-    EXPECT_EQ(checked, 25 + 2 + 2 + 17);
+    EXPECT_EQ(checked, 26 + 2 + 2 + 2 + 17);
 }
 
 } // namespace tandrel::test

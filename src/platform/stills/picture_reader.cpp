@@ -1,5 +1,7 @@
 #include "platform/stills/picture_reader.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <utility>
 
@@ -21,24 +23,26 @@ constexpr const char* kFormats =
     "wtv,h264,hevc,m4v,mp3,wav,flac,aac,ac3";
 constexpr int kLongestEdge = 8192;
 constexpr std::int64_t kMostPixels = 8192LL * 4320;
-constexpr std::int64_t kMostBytes = 64 << 20;
-// Of the video, at each place that is looked at.
-constexpr int kMostPackets = 300;
 // A key frame this much of the way before the place will do: decoding on would only cost time.
 constexpr double kNearEnough = 0.5;
+// Places are told in whole milliseconds, and so are the times of pictures in some files.
+constexpr double kSameMoment = 0.0015;
+// How far before a place a seek begins, from one try to the next: in some files the index leads behind it.
+constexpr std::array kMargins{0.0, 1.0, 4.0, 16.0};
 constexpr int kNoVideo = AV_DISPOSITION_ATTACHED_PIC | AV_DISPOSITION_TIMED_THUMBNAILS;
 } // namespace
 
 int PictureReader::interrupts(void* self) { return static_cast<const PictureReader*>(self)->mustEnd() ? 1 : 0; }
 
-PictureReader::PictureReader(const std::string& path, const FileMark& mark, std::function<bool()> refuses)
-    : path_(path), mark_(mark), refuses_(std::move(refuses))
+PictureReader::PictureReader(const std::string& path, const FileMark& mark, std::function<bool()> refuses,
+                             const PictureLimits& limits)
+    : path_(path), mark_(mark), refuses_(std::move(refuses)), limits_(limits)
 {
 }
 
 PictureReader::~PictureReader() = default;
 
-bool PictureReader::mustEnd() const { return refuses_() || (input_ != nullptr && input_->bytesRead() > kMostBytes); }
+bool PictureReader::mustEnd() const { return refuses_() || (input_ != nullptr && input_->bytesRead() > limits_.bytes); }
 
 bool PictureReader::open()
 {
@@ -105,9 +109,10 @@ bool PictureReader::openDecoder()
     decoder_->pkt_timebase = stream_->time_base;
     decoder_->max_pixels = kMostPixels;
     decoder_->thread_count = 1;
-    // As small as they get, nobody sees what these leave out.
-    decoder_->skip_frame = AVDISCARD_NONREF;
-    decoder_->skip_loop_filter = AVDISCARD_ALL;
+    if (limits_.quick) {
+        decoder_->skip_frame = AVDISCARD_NONREF;
+        decoder_->skip_loop_filter = AVDISCARD_ALL;
+    }
     if (avcodec_open2(decoder_.get(), codec, nullptr) >= 0)
         return true;
     // One that isn't open must not be asked for anything.
@@ -117,7 +122,7 @@ bool PictureReader::openDecoder()
 
 bool PictureReader::seek(double seconds)
 {
-    packetsLeft_ = kMostPackets;
+    packetsLeft_ = limits_.packets;
     draining_ = false;
     if (seconds <= 0)
         return true;
@@ -130,6 +135,19 @@ bool PictureReader::seek(double seconds)
     return av_seek_frame(format_.get(), -1, static_cast<std::int64_t>(stamp), AVSEEK_FLAG_BACKWARD) >= 0;
 }
 
+bool PictureReader::seekToBeginning()
+{
+    packetsLeft_ = limits_.packets;
+    draining_ = false;
+    avcodec_flush_buffers(decoder_.get());
+    // Where times may begin anew on the way, they are looked for and not always found.
+    const bool byBytes = (format_->iformat->flags & (AVFMT_TS_DISCONT | AVFMT_NO_BYTE_SEEK)) == AVFMT_TS_DISCONT;
+    if (byBytes)
+        return av_seek_frame(format_.get(), -1, 0, AVSEEK_FLAG_BYTE) >= 0;
+    const std::int64_t start = format_->start_time == AV_NOPTS_VALUE ? 0 : format_->start_time;
+    return av_seek_frame(format_.get(), -1, start, AVSEEK_FLAG_BACKWARD) >= 0;
+}
+
 bool PictureReader::read(double seconds)
 {
     if (stream_ == nullptr || (decoder_ == nullptr && !openDecoder()))
@@ -137,20 +155,58 @@ bool PictureReader::read(double seconds)
     // What can't be sought is read from where it stands.
     const double wanted = seek(seconds) ? seconds : 0;
     av_frame_unref(shown_.get());
+    while (nextFrame()) {
+        std::swap(frame_, shown_);
+        const auto place = placeOf(*shown_);
+        if (!place || *place >= wanted * kNearEnough)
+            break;
+    }
+    return shown_->width > 0 && shown_->height > 0;
+}
+
+bool PictureReader::nextFrame()
+{
     while (!mustEnd()) {
         const int got = avcodec_receive_frame(decoder_.get(), frame_.get());
-        if (got == AVERROR(EAGAIN)) {
-            if (!feed())
-                break;
-            continue;
-        }
-        if (got < 0)
-            break;
-        if (frame_->width > kLongestEdge || frame_->height > kLongestEdge)
+        if (got >= 0)
+            return frame_->width <= kLongestEdge && frame_->height <= kLongestEdge;
+        if (got != AVERROR(EAGAIN) || !feed())
             return false;
+    }
+    return false;
+}
+
+double PictureReader::firstPlace() const
+{
+    const auto start =
+        format_->start_time == AV_NOPTS_VALUE ? 0.0 : static_cast<double>(format_->start_time) / AV_TIME_BASE;
+    return stream_->start_time == AV_NOPTS_VALUE
+               ? 0
+               : static_cast<double>(stream_->start_time) * av_q2d(stream_->time_base) - start;
+}
+
+bool PictureReader::readExactly(double seconds)
+{
+    if (stream_ == nullptr || (decoder_ == nullptr && !openDecoder()))
+        return false;
+    const double place = seconds + firstPlace() + kSameMoment;
+    return std::any_of(kMargins.begin(), kMargins.end(), [&](double margin) { return tryExactly(place, margin); });
+}
+
+bool PictureReader::tryExactly(double seconds, double margin)
+{
+    const double from = seconds - margin;
+    if (!(from > 0 ? seek(from) : seekToBeginning()))
+        return false;
+    av_frame_unref(shown_.get());
+    while (nextFrame()) {
+        const auto place = placeOf(*frame_);
+        const bool later = place && *place > seconds;
+        // At the beginning there is none before.
+        if (later && (shown_->width > 0 || from > 0))
+            break;
         std::swap(frame_, shown_);
-        const auto place = placeOfFrame();
-        if (!place || *place >= wanted * kNearEnough)
+        if (later)
             break;
     }
     return shown_->width > 0 && shown_->height > 0;
@@ -178,13 +234,13 @@ bool PictureReader::feed()
     return false;
 }
 
-std::optional<double> PictureReader::placeOfFrame() const
+std::optional<double> PictureReader::placeOf(const AVFrame& frame) const
 {
-    if (shown_->best_effort_timestamp == AV_NOPTS_VALUE)
+    if (frame.best_effort_timestamp == AV_NOPTS_VALUE)
         return {};
     const auto start =
         format_->start_time == AV_NOPTS_VALUE ? 0.0 : static_cast<double>(format_->start_time) / AV_TIME_BASE;
-    return static_cast<double>(shown_->best_effort_timestamp) * av_q2d(stream_->time_base) - start;
+    return static_cast<double>(frame.best_effort_timestamp) * av_q2d(stream_->time_base) - start;
 }
 
 double PictureReader::pixelAspect()

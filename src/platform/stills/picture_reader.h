@@ -16,12 +16,22 @@ struct AVStream;
 namespace tandrel
 {
 
+/// How much a reader may take, and what it may leave out.
+struct PictureLimits {
+    std::int64_t bytes = 64 << 20;
+    /// Of the video, at each place that is looked at.
+    int packets = 300;
+    /// For pictures that are shown so small that nobody sees what is left out.
+    bool quick = true;
+};
+
 /// For one thread.
 class PictureReader
 {
 public:
     /// Nothing is read any more once `refuses` says so.
-    PictureReader(const std::string& path, const FileMark& mark, std::function<bool()> refuses);
+    PictureReader(const std::string& path, const FileMark& mark, std::function<bool()> refuses,
+                  const PictureLimits& limits = {});
     ~PictureReader();
     PictureReader(const PictureReader&) = delete;
     PictureReader& operator=(const PictureReader&) = delete;
@@ -33,6 +43,10 @@ public:
     /// A picture at this place, or a key frame that is not far before it; with place 0 the first one. False where there
     /// is none, or none that may be shown.
     bool read(double seconds);
+    /// Exactly the picture that is shown at this place, in seconds from the first picture: the last that is not later.
+    /// A place is that of a picture up to 1.5 ms behind it, since places are told in whole ones. False where there is
+    /// none.
+    bool readExactly(double seconds);
     /// The picture that was read last.
     const AVFrame& frame() const { return *shown_; }
     /// The width of a pixel by its height.
@@ -48,14 +62,21 @@ private:
     void chooseStream();
     bool openDecoder();
     bool seek(double seconds);
+    bool seekToBeginning();
+    /// One seek for `readExactly`, which begins so much before the place. False where all it brings is later.
+    bool tryExactly(double seconds, double margin);
+    /// The next picture, in the order in which they are shown. False at the end.
+    bool nextFrame();
+    double firstPlace() const;
     /// Hands the decoder the next packet of the video; false at the end.
     bool feed();
-    /// The place of the last frame in seconds; empty where it has no stamp.
-    std::optional<double> placeOfFrame() const;
+    /// The place of a frame in seconds; empty where it has no stamp.
+    std::optional<double> placeOf(const AVFrame& frame) const;
 
     const std::string path_;
     const FileMark mark_;
     const std::function<bool()> refuses_;
+    const PictureLimits limits_;
     std::unique_ptr<MediaInput> input_;
     AvFormat format_;
     AvDecoder decoder_;

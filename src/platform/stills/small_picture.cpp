@@ -69,9 +69,15 @@ std::optional<Still> smallPicture(const AVFrame& frame, double aspect, int quart
     SmallSize size = smallSize(frame.width, frame.height, aspect, quarterTurns);
     if (quarterTurns % 2 != 0)
         std::swap(size.width, size.height);
+    return pictureAt(frame, size, quarterTurns, false);
+}
+
+std::optional<Still> pictureAt(const AVFrame& frame, SmallSize size, int quarterTurns, bool fine)
+{
+    const int ways = fine ? SWS_BICUBIC | SWS_ACCURATE_RND | SWS_FULL_CHR_H_INT : SWS_AREA | SWS_ACCURATE_RND;
     const std::unique_ptr<SwsContext, Freed> scaler(
         sws_getContext(frame.width, frame.height, static_cast<AVPixelFormat>(frame.format), size.width, size.height,
-                       AV_PIX_FMT_RGB32, SWS_AREA | SWS_ACCURATE_RND, nullptr, nullptr, nullptr));
+                       AV_PIX_FMT_RGB32, ways, nullptr, nullptr, nullptr));
     if (scaler == nullptr)
         return {};
     chooseColours(scaler.get(), frame);
@@ -84,6 +90,7 @@ std::optional<Still> smallPicture(const AVFrame& frame, double aspect, int quart
         size.height)
         return {};
     Still still{size.width, size.height, {}, {}};
+    still.pixels.reserve(static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height));
     for (int row = 0; row < size.height; ++row)
         for (int column = 0; column < size.width; ++column)
             still.pixels.push_back(rows[static_cast<std::size_t>(row * stride + column)] & 0xFFFFFF);

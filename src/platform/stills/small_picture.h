@@ -22,6 +22,10 @@ struct SmallSize {
 /// `aspect` is the width of a pixel by its height. At least one pixel each way.
 SmallSize smallSize(int width, int height, double aspect, int quarterTurns);
 
+/// The picture at this size, which is that before the turns. Empty where it can't be converted. `fine` takes its time
+/// for the colours of edges.
+std::optional<Still> pictureAt(const AVFrame& frame, SmallSize size, int quarterTurns, bool fine);
+
 /// Empty where the picture can't be converted.
 std::optional<Still> smallPicture(const AVFrame& frame, double aspect, int quarterTurns);
 

@@ -1,0 +1,27 @@
+/// Pictures of several videos side by side.
+#pragma once
+
+#include "platform/services.h"
+
+#include <string>
+#include <vector>
+
+namespace tandrel
+{
+
+/// One picture of the sheet.
+struct SheetEntry {
+    Still picture;
+    /// Both are UTF-8.
+    std::string name;
+    std::string time;
+};
+
+/// A sheet of all of them as a PNG file, in as many columns as the grid of videos has: at most 3840 pixels wide and of
+/// at least one entry. For any thread, once there is an application object. Empty if there is no memory for it.
+std::string contactSheet(const std::vector<SheetEntry>& entries);
+
+/// A single picture as a PNG file.
+std::string pngOf(const Still& picture);
+
+} // namespace tandrel

@@ -1,0 +1,123 @@
+#include "platform/pictures/threaded_pictures.h"
+
+#include "platform/path_marks.h"
+#include "platform/pictures/contact_sheet.h"
+#include "platform/pictures/picture_file.h"
+#include "platform/pictures/picture_names.h"
+#include "platform/valid_text.h"
+
+#include <chrono>
+#include <condition_variable>
+#include <ctime>
+#include <deque>
+#include <mutex>
+#include <system_error>
+#include <thread>
+#include <utility>
+
+namespace tandrel
+{
+
+namespace
+{
+using namespace std::chrono_literals;
+
+constexpr int kMostAtOnce = 4;
+constexpr auto kLongestEnd = 1s;
+constexpr const char* kEnding = ".png";
+} // namespace
+
+struct ThreadedPictures::State {
+    explicit State(PictureTools which) : tools(std::move(which)) {}
+
+    const PictureTools tools;
+    mutable std::mutex mutex;
+    std::condition_variable changed;
+    std::deque<SavedPictures> results;
+    int working = 0;
+    bool ending = false;
+
+    bool isEnding() const
+    {
+        const std::lock_guard lock(mutex);
+        return ending;
+    }
+
+    void carryOut(const std::vector<PictureWish>& wishes, bool sheet);
+    void add(SavedPictures& saved, const std::string& name, const std::string& content) const;
+};
+
+void ThreadedPictures::State::add(SavedPictures& saved, const std::string& name, const std::string& content) const
+{
+    const WrittenPicture written = content.empty() ? WrittenPicture{PictureTrouble::NoRoom, {}}
+                                                   : writePicture(saved.folder, name, kEnding, content);
+    if (written.trouble == PictureTrouble::None)
+        saved.files.push_back(written.path);
+    else
+        saved.trouble = written.trouble;
+}
+
+void ThreadedPictures::State::carryOut(const std::vector<PictureWish>& wishes, bool sheet)
+{
+    const auto refuses = [this] { return isEnding(); };
+    SavedPictures saved;
+    saved.folder = tools.folder();
+    std::vector<SheetEntry> entries;
+    for (const PictureWish& wish : wishes) {
+        const std::string path = unmarkPath(wish.path);
+        auto picture = tools.read(path, wish.seconds, refuses);
+        if (!picture || picture->pixels.empty()) {
+            saved.missing.push_back(wish.path);
+            continue;
+        }
+        add(saved, pictureName(path, wish.seconds), pngOf(*picture));
+        if (sheet)
+            entries.push_back({std::move(*picture), validText(titleOf(path)), pictureTime(wish.seconds)});
+    }
+    if (!entries.empty())
+        add(saved, sheetName(std::time(nullptr)), contactSheet(entries));
+    if (saved.trouble == PictureTrouble::None && !saved.missing.empty())
+        saved.trouble = PictureTrouble::NoPicture;
+    const std::lock_guard lock(mutex);
+    results.push_back(std::move(saved));
+}
+
+ThreadedPictures::ThreadedPictures(PictureTools tools) : state_(std::make_shared<State>(std::move(tools))) {}
+
+ThreadedPictures::~ThreadedPictures()
+{
+    std::unique_lock lock(state_->mutex);
+    state_->ending = true;
+    state_->changed.wait_for(lock, kLongestEnd, [this] { return state_->working == 0; });
+}
+
+void ThreadedPictures::save(const std::vector<PictureWish>& wishes, bool sheet)
+{
+    const std::lock_guard lock(state_->mutex);
+    const auto refuse = [&] { state_->results.push_back({{}, {}, {}, PictureTrouble::Busy}); };
+    if (state_->working >= kMostAtOnce)
+        return refuse();
+    try {
+        std::thread([state = state_, wishes, sheet] {
+            state->carryOut(wishes, sheet);
+            const std::lock_guard done(state->mutex);
+            --state->working;
+            state->changed.notify_all();
+        }).detach();
+        ++state_->working;
+    } catch (const std::system_error&) {
+        refuse();
+    }
+}
+
+std::optional<SavedPictures> ThreadedPictures::done()
+{
+    const std::lock_guard lock(state_->mutex);
+    if (state_->results.empty())
+        return {};
+    SavedPictures first = std::move(state_->results.front());
+    state_->results.pop_front();
+    return first;
+}
+
+} // namespace tandrel
