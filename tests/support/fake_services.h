@@ -29,6 +29,11 @@ public:
     }
     void expect(const std::vector<std::string>& commands) override { expected.push_back(commands); }
     void prepare(const std::vector<std::string>& paths) override { prepared.push_back(paths); }
+    std::optional<DeviceLook> look(std::string_view alias) override
+    {
+        const auto found = looks.find(std::string(alias));
+        return found == looks.end() ? std::nullopt : std::optional(found->second);
+    }
 
     /// What `command` answers from now on.
     void answer(const std::string& command, const std::string& text, int result = 0);
@@ -50,6 +55,8 @@ public:
     /// Called at each command before it is answered.
     std::function<void(const std::string& command)> onSend;
     int idles = 0;
+    /// How the devices stand that have one, by their aliases.
+    std::map<std::string, DeviceLook> looks;
     /// What was announced, call by call.
     std::vector<std::vector<std::string>> expected;
     std::vector<std::vector<std::string>> prepared;

@@ -47,6 +47,7 @@ public:
     bool idle() override;
     void expect(const std::vector<std::string>& commands) override;
     void prepare(const std::vector<std::string>& paths) override { engine_->prepare(paths); }
+    std::optional<DeviceLook> look(std::string_view alias) override;
 
     /// Waits until every seek and step under way is done: for a caller that shows results to a person or looks at the
     /// screen. Blocks for 2 s at most for each device.

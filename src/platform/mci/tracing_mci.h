@@ -23,6 +23,7 @@ public:
     bool idle() override { return inner_.idle(); }
     void expect(const std::vector<std::string>& commands) override { inner_.expect(commands); }
     void prepare(const std::vector<std::string>& paths) override { inner_.prepare(paths); }
+    std::optional<DeviceLook> look(std::string_view alias) override { return inner_.look(alias); }
 
 private:
     Mci& inner_;
