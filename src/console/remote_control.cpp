@@ -141,6 +141,7 @@ void RemoteControl::carryOut(const RemoteCommand& command)
 void RemoteControl::play()
 {
     looksAtEnd_ = 0;
+    stopped_ = 0;
     if (!tellOtherMedia(Transport::Play))
         playFile();
 }
@@ -153,6 +154,7 @@ void RemoteControl::pause()
 
 void RemoteControl::stop()
 {
+    stopped_ = state().medium;
     if (auto* player = playerWindow()) {
         ignoringErrors([&] { controlOf(*player).controls().stop(); });
     } else if (mediaKind() == MediaKind::DiscOnVideoControl) {

@@ -39,7 +39,9 @@ private:
     void readFile(RemoteState& state);
     void readPlayer(RemoteState& state);
     void readDisc(RemoteState& state);
-    RemoteState::Playback playbackOf(const DeviceLook& look);
+    bool goesOnAfterEnd(const DeviceLook& look);
+    /// How a medium stands whose id and place are known.
+    RemoteState::Playback playbackOf(const RemoteState& state, bool plays) const;
     std::uint64_t idOf(Form& window, const Text& medium);
 
     void play();
@@ -67,6 +69,8 @@ private:
     std::vector<Known> known_;
     std::uint64_t lastId_ = 0;
     unsigned moves_ = 0;
+    /// The medium that was stopped last. As long as it stands at its beginning it is more than held.
+    std::uint64_t stopped_ = 0;
     /// How often the selected video has been seen at its end, one look after the other.
     int looksAtEnd_ = 0;
     std::vector<Wanted> wanted_;

@@ -23,7 +23,7 @@ namespace
 using std::chrono::microseconds;
 using Playback = RemoteState::Playback;
 
-// A video that stands so near its beginning has been stopped, or not begun.
+// What was stopped stands so near its beginning.
 constexpr microseconds kAtBeginning{50000};
 // No medium is longer; what says so says nothing.
 constexpr double kLongestSeconds = 1e9;
@@ -44,12 +44,8 @@ double secondsOfDisc(const Text& time)
     return part(0) * 3600 + part(1) * 60 + part(2) + part(3) / kFrames;
 }
 
-Playback playbackAt(bool playing, microseconds place)
-{
-    if (playing)
-        return Playback::Playing;
-    return place < kAtBeginning ? Playback::Stopped : Playback::Paused;
-}
+/// The key that stops has been pressed, and nothing since that would end that.
+bool isStoppedByKey() { return !frmMedia().cmdMedia[command::kPause]->enabled(); }
 
 } // namespace
 
@@ -99,16 +95,24 @@ void RemoteControl::readFile(RemoteState& state)
     state.title = unmarkPath(fileNameOf(withoutQuotes(CurrentAlias)));
     state.length = inTime(look->length.value_or(0));
     state.position = inTime(look->place);
-    state.playback = playbackOf(*look);
+    const bool goesOn = goesOnAfterEnd(*look);
+    state.playback = playbackOf(state, look->playing || selectedJumps() || goesOn);
     state.canSeek = state.length > microseconds(0);
     state.canGoNext = state.canGoPrevious = frmMedia().neighbourOfSelected(1) != nullptr;
 }
 
-RemoteState::Playback RemoteControl::playbackOf(const DeviceLook& look)
+RemoteState::Playback RemoteControl::playbackOf(const RemoteState& state, bool plays) const
+{
+    if (plays)
+        return Playback::Playing;
+    const bool stopped = stopped_ == state.medium || (mediaKind() == MediaKind::Files && isStoppedByKey());
+    return stopped && state.position < kAtBeginning ? Playback::Stopped : Playback::Paused;
+}
+
+bool RemoteControl::goesOnAfterEnd(const DeviceLook& look)
 {
     looksAtEnd_ = look.ended && !look.playing ? std::min(looksAtEnd_ + 1, kLooksAtEnd + 1) : 0;
-    const bool goesOn = looksAtEnd_ > 0 && looksAtEnd_ <= kLooksAtEnd;
-    return playbackAt(look.playing || selectedJumps() || goesOn, inTime(look.place));
+    return looksAtEnd_ > 0 && looksAtEnd_ <= kLooksAtEnd;
 }
 
 void RemoteControl::readPlayer(RemoteState& state)
@@ -121,10 +125,10 @@ void RemoteControl::readPlayer(RemoteState& state)
     state.length = inTime(control.currentMedia().duration());
     state.title = unmarkPath(frmMedia().mediaTitle());
     state.path = isDisc ? Text() : unmarkPath(address);
-    state.playback = playbackAt(!control.controls().standsStill(), state.position);
     state.canSeek = state.length > microseconds(0);
     state.canGoNext = state.canGoPrevious = isDisc;
     state.medium = idOf(*window.form, address);
+    state.playback = playbackOf(state, !control.controls().standsStill());
 }
 
 void RemoteControl::readDisc(RemoteState& state)
@@ -135,10 +139,10 @@ void RemoteControl::readDisc(RemoteState& state)
     state.position = inTime(secondsOfDisc(disc.CurrentTime()));
     state.length = inTime(secondsOfDisc(disc.TotalTitleTime()));
     state.title = unmarkPath(window.form->MediaFile);
-    state.playback = playbackAt(!control.standsStill(), state.position);
     state.canSeek = state.length > microseconds(0);
     state.canGoNext = state.canGoPrevious = true;
     state.medium = idOf(*window.form, window.form->MediaFile);
+    state.playback = playbackOf(state, !control.standsStill());
 }
 
 } // namespace tandrel

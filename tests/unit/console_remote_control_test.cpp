@@ -88,6 +88,11 @@ TEST_F(ConsoleRemote, TheSelectedFileIsSeen)
     lookOf(1).playing = false;
     EXPECT_EQ(remote.state().playback, Playback::Paused);
     lookOf(1).place = 0;
+    EXPECT_EQ(remote.state().playback, Playback::Paused) << "nobody has stopped it";
+    console().hotKey(hot_key::kStop);
+    EXPECT_EQ(remote.state().playback, Playback::Paused) << "hot keys work once a medium was started";
+    MediaStarted = true;
+    console().hotKey(hot_key::kStop);
     EXPECT_EQ(remote.state().playback, Playback::Stopped);
 }
 
