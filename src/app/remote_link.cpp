@@ -29,7 +29,6 @@ bool userIsAsked() { return QApplication::activeModalWidget() || QApplication::a
 RemoteLink::RemoteLink(MediaRemote& remote, std::function<void()> end) : remote_(remote), end_(std::move(end))
 {
     again_.setSingleShot(true);
-    again_.setInterval(kAgainMs);
     look_.setInterval(kLookMs);
     connect(&again_, &QTimer::timeout, this, [this] { answer(); });
     connect(&look_, &QTimer::timeout, this, [this] { look(); });
@@ -43,7 +42,8 @@ void RemoteLink::called()
 {
     if (remote_.isHeard() != look_.isActive())
         remote_.isHeard() ? look_.start() : look_.stop();
-    answer();
+    // What draws a movement lets what other threads have sent come in between, but no timer.
+    again_.start(0);
 }
 
 void RemoteLink::answer()
@@ -63,7 +63,7 @@ void RemoteLink::answer()
     const bool looksForFiles = !waits && control_.openFound();
     working_ = false;
     if (waits || looksForFiles || raising_)
-        again_.start();
+        again_.start(kAgainMs);
     look();
 }
 

@@ -258,6 +258,7 @@ class OtherMedia(MprisTest):
         self.wait_listed("tandrel_player")
         self.status("Playing")
         self.title("film_long.mkv")
+        wait_for(lambda: self.client("metadata", "mpris:length").isdigit(), 20, "the length")
         self.assertEqual(self.client("metadata", "xesam:url"), "file://" + film)
         self.tell("pause")
         self.status("Paused")
