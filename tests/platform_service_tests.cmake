@@ -3,7 +3,7 @@
 set(KEPT_BY_LIBRARIES "LSAN_OPTIONS=suppressions=${CMAKE_CURRENT_SOURCE_DIR}/support/leaks.supp")
 set(ON_THE_DISPLAY "QT_QPA_PLATFORM=xcb;QT_NO_GLIB=1;${KEPT_BY_LIBRARIES}")
 
-add_executable(platform_unit unit/idle_hold_test.cpp unit/key_combination_test.cpp)
+add_executable(platform_unit unit/idle_hold_test.cpp unit/key_combination_test.cpp unit/mpris_properties_test.cpp)
 target_link_libraries(platform_unit PRIVATE tandrel_platform_dbus tandrel_platform_x11 tandrel_flags GTest::gmock_main)
 add_test(NAME platform_unit COMMAND platform_unit)
 set_tests_properties(platform_unit PROPERTIES LABELS unit TIMEOUT 300)
@@ -16,6 +16,12 @@ target_link_libraries(platform_display PRIVATE tandrel_platform_dbus tandrel_pla
 add_test(NAME platform_display COMMAND xvfb-run -a -s "-screen 0 640x480x24 -noreset"
          ${IN_REAL_TIME} $<TARGET_FILE:platform_display>)
 set_tests_properties(platform_display PROPERTIES LABELS "display;timed" TIMEOUT 900 ENVIRONMENT "${ON_THE_DISPLAY}")
+
+# Other programs that command the player, by a client of the test's own on buses of its own.
+add_executable(mpris_bus platform/mpris_test.cpp)
+target_link_libraries(mpris_bus PRIVATE tandrel_platform_dbus tandrel_flags Qt6::Core PkgConfig::dbus GTest::gmock)
+add_test(NAME mpris_bus COMMAND mpris_bus)
+set_tests_properties(mpris_bus PROPERTIES LABELS unit TIMEOUT 600 ENVIRONMENT "QT_NO_GLIB=1;${KEPT_BY_LIBRARIES}")
 
 # The desktop's dialog for files, which the test itself plays on a bus of its own.
 add_executable(portal_dialog platform/portal_file_dialog_test.cpp)

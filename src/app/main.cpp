@@ -2,6 +2,7 @@
 
 #include "app/called_for_files.h"
 #include "app/media_players.h"
+#include "app/remote_link.h"
 #include "app/signals.h"
 #include "app/status_report.h"
 #include "console/command_line.h"
@@ -10,6 +11,7 @@
 #include "media/shared_state.h"
 #include "platform/codec/codec_file.h"
 #include "platform/dbus/desktop_screen_saver.h"
+#include "platform/dbus/mpris_remote.h"
 #include "platform/dbus/session_idle_bus.h"
 #include "platform/disc/disc_look.h"
 #include "platform/drives/disc_drives.h"
@@ -29,6 +31,7 @@
 #include "platform/xdg/clock.h"
 #include "platform/xdg/data_folder.h"
 #include "platform/xdg/file_class_registry.h"
+#include "platform/xdg/file_classes_text.h"
 #include "platform/xdg/file_finder.h"
 #include "platform/xdg/files.h"
 #include "platform/xdg/instances.h"
@@ -105,6 +108,9 @@ std::string ownPicturesFolder()
     return picturesFolder(desktopFolders(programFolder()).config, home != nullptr ? home : "") + "/Tandrel Player";
 }
 
+/// What other programs are told of this one.
+mpris::Facts remoteFacts() { return {"Tandrel Player", "tandrel-player", {"file", "dvd"}, allMimeTypes()}; }
+
 /// All services of the program, made in the order in which they need each other.
 struct Platform {
     Platform()
@@ -153,14 +159,17 @@ int run(QApplication& application)
     Platform platform;
     const SignalWatch report({SIGUSR1}, [&] { writeStatusReport(platform.media, qt.paints(), qt.tickTimes()); });
     // An end from outside is a close of the console: its place is kept and the mark of the owner goes.
-    const SignalWatch end({SIGTERM, SIGINT, SIGHUP}, [&qt] {
+    const auto endFromOutside = [&qt] {
         qt.endBoxes();
         if (Loaded<class frmMedia>())
             Unload<class frmMedia>();
         else
             endProgram();
-    });
+    };
+    const SignalWatch end({SIGTERM, SIGINT, SIGHUP}, endFromOutside);
     const CalledForFiles calls;
+    MprisRemote remote(remoteFacts());
+    const RemoteLink remoteLink(remote, endFromOutside);
     // Plays that a handler has asked for start together when it is done.
     QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, &application,
                      [&application] {

@@ -63,11 +63,16 @@ bool frmMedia::handoverIsDue() const
     return opening_ == 0 && !takingHandover_ && handover::exists() && !handoverUnreadable_ && !handoverStuck_;
 }
 
+bool frmMedia::mayBeginCommand() const
+{
+    return isLoaded() && !isEnding() && !ClosingDown && opening_ == 0 && !takingHandover_ && !isBusy();
+}
+
 bool frmMedia::takeWhatWasLeft()
 {
     if (!isLoaded() || isEnding() || ClosingDown)
         return true;
-    if (opening_ > 0 || takingHandover_ || isBusy())
+    if (!mayBeginCommand())
         return false;
     if (windowState() == static_cast<int>(tandrel::WindowState::Minimised))
         WindowState = 0;

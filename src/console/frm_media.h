@@ -73,6 +73,20 @@ public:
     /// them as with any activation. False, with nothing done, while a command runs.
     bool takeWhatWasLeft();
 
+    /// Nothing is under way that a command from outside would come in the middle of.
+    bool mayBeginCommand() const;
+
+    /// The live video that can be played before (-1) or behind (1) the selected one in the order of the slots, which
+    /// has no ends; null where there is no other.
+    frmChild* neighbourOfSelected(int direction) const;
+    /// That one becomes the selected one; in PlayList Mode it takes the large place. Where the selected one filled the
+    /// screen, it does.
+    void selectNeighbour(int direction);
+    /// The selected video to its beginning, held.
+    void stopSelected();
+    /// What the title says of the medium that commands go to.
+    Text mediaTitle() const;
+
     /// A message in the program's own form, which waits for the user.
     void tell(const Text& message);
     /// The control of an HD film or a disc fills the screen; false where it shows nothing yet, or does so already.
@@ -148,7 +162,6 @@ private:
     void hotKeySize(int direction);
     void hotKeyFullScreen();
     void hotKeyPlayPause();
-    void hotKeyStop();
     void hotKeyVolume(int step);
 
     // startup.cpp
@@ -273,8 +286,6 @@ private:
     void showDiscTime();
     void showTimeOnPanel();
     bool selectedHasFailed() const;
-    /// What the title says of the medium that commands go to.
-    Text mediaTitle() const;
     Text panelTitle() const;
     /// The title says that nothing plays.
     bool titleIsIdle() const;

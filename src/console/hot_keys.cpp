@@ -67,7 +67,7 @@ void frmMedia::hotKey(int id)
     case hot_key::kPlayPause:
         return hotKeyPlayPause();
     case hot_key::kStop:
-        return hotKeyStop();
+        return stopSelected();
     case hot_key::kVolumeDown:
         return hotKeyVolume(-kVolumeStep);
     case hot_key::kVolumeUp:
@@ -99,7 +99,7 @@ void frmMedia::hotKeyPlayPause()
     Playing = !Playing;
 }
 
-void frmMedia::hotKeyStop()
+void frmMedia::stopSelected()
 {
     Timer1.Enabled = false;
     lblCurTime.Caption = "0:00:00";

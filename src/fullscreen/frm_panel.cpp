@@ -87,6 +87,11 @@ void frmPanel::onActivate()
     PanelHold = false;
     // Whatever was shown before: a disc may have come or gone, and the video been held by other means.
     imgDVD.Visible = DVDMode;
+    followHold();
+}
+
+void frmPanel::followHold()
+{
     const frmChild* selected = slotPlaying(CurrentAlias);
     showPlayButton(selected && selected->Paused == 1);
 }

@@ -51,6 +51,8 @@ public:
 
     /// The drawn part of the strip follows the console's slider.
     void followSlider();
+    /// The button that can be used now, to play or to pause, by what the selected video says.
+    void followHold();
     /// All buttons in their rest state but this one.
     void lightUp(const Image* hovered);
     /// It is in view, as far as the auto-hide and the hiding of the cursor are concerned.

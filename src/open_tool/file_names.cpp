@@ -1,11 +1,9 @@
 #include "open_tool/file_names.h"
 
+#include "platform/file_address.h"
 #include "platform/path_marks.h"
 
 #include <algorithm>
-#include <array>
-#include <climits>
-#include <unistd.h>
 
 namespace tandrel::open_tool
 {
@@ -14,53 +12,6 @@ namespace
 {
 
 constexpr std::string_view kLocal = "file:";
-
-/// The value of a hexadecimal digit, -1 for any other character.
-int digit(char one)
-{
-    if (one >= '0' && one <= '9')
-        return one - '0';
-    const char small = static_cast<char>(one | 0x20);
-    return small >= 'a' && small <= 'f' ? small - 'a' + 10 : -1;
-}
-
-std::string withoutPercents(std::string_view text)
-{
-    std::string result;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const int high = text[i] == '%' && i + 2 < text.size() ? digit(text[i + 1]) : -1;
-        const int low = high >= 0 ? digit(text[i + 2]) : -1;
-        if (low >= 0) {
-            result += static_cast<char>(high * 16 + low);
-            i += 2;
-        } else {
-            result += text[i];
-        }
-    }
-    return result;
-}
-
-std::string hostName()
-{
-    std::array<char, HOST_NAME_MAX + 1> name{};
-    return ::gethostname(name.data(), name.size() - 1) == 0 ? name.data() : "";
-}
-
-bool isThisMachine(std::string_view host) { return host.empty() || host == "localhost" || host == hostName(); }
-
-std::optional<std::string> pathOfAddress(std::string_view address)
-{
-    std::string_view path = address.substr(kLocal.size());
-    if (path.starts_with("//")) {
-        const auto end = std::min(path.find('/', 2), path.size());
-        if (!isThisMachine(path.substr(2, end - 2)))
-            return std::nullopt;
-        path.remove_prefix(end);
-    }
-    std::string decoded = withoutPercents(path);
-    const bool whole = decoded.starts_with('/') && decoded.find('\0') == std::string::npos;
-    return whole ? std::optional(decoded) : std::nullopt;
-}
 
 /// "http://", "smb://": letters, digits and a few marks, then "://".
 bool isAddress(std::string_view name)
@@ -111,7 +62,7 @@ std::optional<std::string> localPath(std::string_view name, const std::string& f
 {
     std::optional<std::string> path;
     if (name.starts_with(kLocal))
-        path = pathOfAddress(name);
+        path = pathOfFileAddress(name);
     else if (!isAddress(name))
         path = absolute(name, folder);
     return path && unmarkPath(markPath(*path)) == *path ? path : std::nullopt;

@@ -39,6 +39,18 @@ struct PixelRect {
     friend bool operator==(const PixelRect&, const PixelRect&) = default;
 };
 
+/// How a device of the media service stands. Seconds.
+struct DeviceLook {
+    /// It runs, or is about to.
+    bool playing = false;
+    /// It has come to its end by itself, or was sent there.
+    bool ended = false;
+    /// Where it is, or is on its way to.
+    double place = 0;
+    /// Empty where nobody knows.
+    std::optional<double> length;
+};
+
 /// The media control service: devices named by an alias, driven by command strings.
 class Mci
 {
@@ -70,6 +82,10 @@ public:
     virtual void favour(std::string_view) {}
     /// How many videos are shown with less than their files have, because all of it would be too much for the machine.
     virtual int eased() const { return 0; }
+
+    /// How the device of an alias stands, without a command: nothing is waited for, and none of its settings changes.
+    /// Nothing where there is no such device.
+    virtual std::optional<DeviceLook> look(std::string_view) { return std::nullopt; }
 
     /// Runs about every 50 ms while a command blocks, so that something on the screen can show that the program lives.
     /// It sends no command.

@@ -26,6 +26,7 @@ public:
     void Run() override;
     void Pause() override;
     void Stop() override;
+    bool standsStill() const override { return player_ && (player_->isPaused() || player_->hasEnded()); }
     void setColorKey(Long colour) override;
     Long ColorKey() const override { return backColour.value_or(Long(0)); }
 

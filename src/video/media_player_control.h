@@ -25,6 +25,8 @@ public:
     virtual void setCurrentPosition(double seconds) = 0;
     /// "MM:SS", and from an hour on "HH:MM:SS"; empty while the medium is being opened, or can't be.
     virtual Text currentPositionString() const = 0;
+    /// It is held, or has come to its end.
+    virtual bool standsStill() const = 0;
 };
 
 class PlayerSettings
@@ -43,6 +45,8 @@ public:
     virtual ~PlayerMedia() = default;
     /// As `currentPositionString`; "00:00" while the length is not known.
     virtual Text durationString() const = 0;
+    /// The same in seconds; 0 while it is not known.
+    virtual double duration() const = 0;
     /// "Title" is the title that the medium has by its own word, else its file's name. Others are empty.
     virtual Text getItemInfo(const Text& name) const = 0;
 };
@@ -56,6 +60,9 @@ public:
     virtual void topMenu() = 0;
     /// From a menu back to the film; plays on.
     virtual void resume() = 0;
+    /// Within the title that plays.
+    virtual void nextChapter() = 0;
+    virtual void previousChapter() = 0;
 };
 
 /// A drive as it is now.

@@ -68,7 +68,7 @@ void PlayerBar::follow()
     imgToggle.Picture = player_->standsStill() ? "panel_play" : "panel_pause";
     following_ = true;
     ignoringErrors([this] {
-        sldPlace.Max = std::max(1.0, player_->lengthInSeconds());
+        sldPlace.Max = std::max(1.0, player_->duration());
         sldPlace.Value = player_->controls().currentPosition();
         lblTimes.Caption =
             player_->controls().currentPositionString() + " / " + player_->currentMedia().durationString();

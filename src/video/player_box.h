@@ -58,10 +58,8 @@ public:
     void chooseTracks();
     /// While it fills the screen, that is in front and has the keys.
     void bringScreenUp();
-    /// 0 while it is not known.
-    double lengthInSeconds() const { return player_ ? player_->duration() : 0; }
-    /// It is held, or has come to its end.
-    bool standsStill() const { return player_ && (player_->isPaused() || player_->hasEnded()); }
+    double duration() const override { return player_ ? player_->duration() : 0; }
+    bool standsStill() const override { return player_ && (player_->isPaused() || player_->hasEnded()); }
     /// Its form ends.
     void end();
 
@@ -84,6 +82,8 @@ private:
     Text getItemInfo(const Text& name) const override;
     void topMenu() override;
     void resume() override;
+    void nextChapter() override { disc().nextChapter(); }
+    void previousChapter() override { disc().previousChapter(); }
 
     static constexpr double kFastRate = 5;
 

@@ -9,11 +9,19 @@
 namespace tandrel
 {
 
+frmChild* selectedFile()
+{
+    frmChild* window = CurrentAlias.empty() ? nullptr : slotPlaying(CurrentAlias);
+    return window && !window->hasFailed() ? window : nullptr;
+}
+
+bool selectedJumps() { return FastForward || FastRewind; }
+
 void playSelected()
 {
     if (CurrentAlias.empty())
         return;
-    if (FastForward || FastRewind) {
+    if (selectedJumps()) {
         FastForward = false;
         FastRewind = false;
         MediaSetVolume(frmMedia().VolumeSlider.Value);

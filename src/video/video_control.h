@@ -66,6 +66,8 @@ public:
     virtual void Run() = 0;
     virtual void Pause() = 0;
     virtual void Stop() = 0;
+    /// It is held, or has come to its end.
+    virtual bool standsStill() const = 0;
     /// The colour behind the picture: red, then green, then blue from the lowest byte on.
     virtual void setColorKey(Long colour) = 0;
     virtual Long ColorKey() const = 0;

@@ -1,4 +1,4 @@
-"""A session bus of a test's own, on which the test plays the desktop's screen saver."""
+"""A session bus of a test's own, and on it the desktop's screen saver, played by the test."""
 
 import os
 import socket
@@ -49,24 +49,40 @@ def unpacked(kind, data, place):
     return data[place + 4:place + 4 + number].decode(), place + 5 + number
 
 
-class ScreenSaverService:
+class SessionBus:
+    """Runs until `end`."""
+
+    def __init__(self, folder):
+        self.path = os.path.join(folder, "bus")
+        configuration = os.path.join(folder, "bus.conf")
+        with open(configuration, "w", encoding="ascii") as file:
+            file.write(CONFIGURATION.format(self.path))
+        self.address = "unix:path=" + self.path
+        self.daemon = subprocess.Popen(["dbus-daemon", "--config-file=" + configuration, "--nofork", "--nopidfile"],
+                                       stderr=subprocess.DEVNULL)
+        wait_for(self.is_up, 10, "the bus")
+
+    def is_up(self):
+        with socket.socket(socket.AF_UNIX) as caller:
+            return caller.connect_ex(self.path) == 0
+
+    def end(self):
+        self.daemon.terminate()
+        self.daemon.wait()
+
+
+class ScreenSaverService(SessionBus):
     """Answers on a thread of its own. `asked` are the calls and their arguments, `held` the cookies not given back."""
 
     def __init__(self, folder):
-        path = os.path.join(folder, "bus")
-        configuration = os.path.join(folder, "bus.conf")
-        with open(configuration, "w", encoding="ascii") as file:
-            file.write(CONFIGURATION.format(path))
-        self.address = "unix:path=" + path
+        super().__init__(folder)
         self.asked = []
         self.held = []
         self.cookie = FIRST_COOKIE
         self.serial = 0
         self.named = threading.Event()
-        self.daemon = subprocess.Popen(["dbus-daemon", "--config-file=" + configuration, "--nofork", "--nopidfile"],
-                                       stderr=subprocess.DEVNULL)
         self.socket = socket.socket(socket.AF_UNIX)
-        wait_for(lambda: self.socket.connect_ex(path) == 0, 10, "the bus")
+        self.socket.connect(self.path)
         self.socket.sendall(b"\0AUTH EXTERNAL " + str(os.getuid()).encode().hex().encode() + b"\r\n")
         if not self.socket.recv(1000).startswith(b"OK "):
             raise AssertionError("the bus lets nobody in")
@@ -82,8 +98,7 @@ class ScreenSaverService:
         self.socket.shutdown(socket.SHUT_RDWR)
         self.thread.join()
         self.socket.close()
-        self.daemon.terminate()
-        self.daemon.wait()
+        super().end()
 
     def send(self, kind, fields, body):
         self.serial += 1

@@ -37,7 +37,11 @@ public:
 
     std::string address = "/films/a.mkv";
     std::string position = "02:03";
-    std::string duration = "1:02:03";
+    std::string durationText = "1:02:03";
+    /// The same as numbers.
+    double place = 123.4;
+    double length = 3723;
+    bool held = false;
     std::string title = "A Film";
     bool full = false;
     std::vector<std::string> asked;
@@ -52,15 +56,19 @@ private:
     void stop() override { note("stop"); }
     void fastForward() override { note("fastForward"); }
     void fastReverse() override { note("fastReverse"); }
-    double currentPosition() const override { return 0; }
+    double currentPosition() const override { return place; }
     void setCurrentPosition(double seconds) override { note("position " + text(Long(seconds))); }
     Text currentPositionString() const override { return read(position); }
+    bool standsStill() const override { return held; }
     int volume() const override { return 50; }
     void setVolume(int level) override { note("volume " + std::to_string(level)); }
-    Text durationString() const override { return read(duration); }
+    Text durationString() const override { return read(durationText); }
+    double duration() const override { return length; }
     Text getItemInfo(const Text& name) const override { return name == "Title" ? read(title) : ""; }
     void topMenu() override { note("topMenu"); }
     void resume() override { note("resume"); }
+    void nextChapter() override { note("nextChapter"); }
+    void previousChapter() override { note("previousChapter"); }
     Long count() override { return 0; }
     Cdrom& item(Long) override { throw RuntimeError(error::kOutOfRange, "No drive"); }
 
@@ -91,11 +99,13 @@ public:
     void Run() override { note("Run"); }
     void Pause() override { note("Pause"); }
     void Stop() override { note("Stop"); }
+    bool standsStill() const override { return held; }
     void setColorKey(Long) override { note("ColorKey"); }
     Long ColorKey() const override { return 0; }
 
     std::string time = "00:02:03:12";
     std::string total = "01:23:45:12";
+    bool held = false;
     std::vector<std::string> asked;
     bool fails = false;
     std::function<void(const std::string& what)> onAsk;

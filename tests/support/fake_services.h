@@ -32,6 +32,11 @@ public:
     void prepare(const std::vector<std::string>& paths) override { prepared.push_back(paths); }
     void favour(std::string_view alias) override { favoured.emplace_back(alias); }
     int eased() const override { return easedVideos; }
+    std::optional<DeviceLook> look(std::string_view alias) override
+    {
+        const auto found = looks.find(std::string(alias));
+        return found == looks.end() ? std::nullopt : std::optional(found->second);
+    }
 
     /// What `command` answers from now on.
     void answer(const std::string& command, const std::string& text, int result = 0);
@@ -56,6 +61,8 @@ public:
     /// What was named as the selected one, call by call.
     std::vector<std::string> favoured;
     int easedVideos = 0;
+    /// How the devices stand that have one, by their aliases.
+    std::map<std::string, DeviceLook> looks;
     /// What was announced, call by call.
     std::vector<std::vector<std::string>> expected;
     std::vector<std::vector<std::string>> prepared;

@@ -316,7 +316,7 @@ TEST_F(ConsoleMonitorPosition, APlayerTellsItsPlaceWithAsManyFiguresAsItLikes)
                                         {"10.02.03", 36123},
                                         {"5", 5},
                                         {"", 0}}) {
-        bench.mkv.duration = "12:00:00";
+        bench.mkv.durationText = "12:00:00";
         bench.mkv.position = time;
         tick1();
         EXPECT_EQ(end(), 43200);
@@ -329,15 +329,15 @@ TEST_F(ConsoleMonitorPosition, TimesOfMoreThanSevenCharactersLoseTheFirst)
     film();
     OtherMediaBench bench;
     bench.mkv.position = "00:02:03";
-    bench.mkv.duration = "1:02:03";
+    bench.mkv.durationText = "1:02:03";
     tick1();
     EXPECT_THAT(times(), ElementsAre("0:02:03", "1:02:03"));
     bench.mkv.position = "02:03";
-    bench.mkv.duration = "01:02:03";
+    bench.mkv.durationText = "01:02:03";
     tick1();
     EXPECT_THAT(times(), ElementsAre("02:03", "1:02:03"));
     bench.mkv.position = " 1:02:03";
-    bench.mkv.duration = "  59:59 ";
+    bench.mkv.durationText = "  59:59 ";
     tick1();
     EXPECT_THAT(times(), ElementsAre(" 1:02:03", "  59:59 ")) << "blanks around them do not count";
 }

@@ -299,7 +299,7 @@ TEST_F(ConsoleMonitorRightClick, APlayerWithNothingToShowIsLeftAlone)
             OtherMediaBench bench;
             disc ? discOn("LINUX", bench) : filmOn(bench);
             world.screenSaver.switched.clear();
-            bench.dvd2.duration = bench.mkv.duration = nothing;
+            bench.dvd2.durationText = bench.mkv.durationText = nothing;
             rightPressOn(disc ? *bench.dvd2Form : *bench.mkvForm);
             EXPECT_THAT(bench.asked(), IsEmpty()) << nothing;
             EXPECT_THAT(world.screenSaver.switched, IsEmpty());

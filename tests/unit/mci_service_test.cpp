@@ -69,6 +69,45 @@ TEST_F(MciServiceTest, APlayIsHeldBackUntilTheCallerIsIdle)
     EXPECT_TRUE(engine->state("film")->running);
 }
 
+TEST_F(MciServiceTest, ALookSendsNothingAndWaitsForNothing)
+{
+    EXPECT_FALSE(mci.look("A"));
+    ASSERT_EQ(send("open film alias A"), 0);
+    ASSERT_EQ(send("set A time format frames"), 0);
+    ASSERT_TRUE(mci.look("A"));
+    EXPECT_FALSE(mci.look("A")->playing);
+    EXPECT_EQ(mci.look("A")->length, 10);
+    EXPECT_EQ(send("seek A to 50"), 0);
+    EXPECT_EQ(mci.look("A")->place, 2);
+    EXPECT_EQ(send("play A"), 0);
+    EXPECT_TRUE(mci.look("A")->playing) << "it is about to";
+    mci.idle();
+    clock.advance(1s);
+    EXPECT_NEAR(mci.look("A")->place, 3, 0.05);
+    EXPECT_EQ(send("pause A"), 0);
+    EXPECT_FALSE(mci.look("A")->playing);
+    EXPECT_NEAR(mci.look("A")->place, 3, 0.05);
+    EXPECT_EQ(send("status A position"), 0);
+    EXPECT_EQ(answer, "75") << "still in frames";
+    EXPECT_EQ(send("play A"), 0);
+    mci.idle();
+    clock.advance(10s);
+    const auto end = mci.look("A");
+    EXPECT_TRUE(end->ended);
+    EXPECT_FALSE(end->playing);
+    EXPECT_EQ(end->place, 10);
+}
+
+TEST_F(MciServiceTest, ALookAtADeviceThatHangsComesBack)
+{
+    ASSERT_EQ(send("open stuck"), 0);
+    EXPECT_EQ(send("seek stuck to 3000"), 0);
+    const auto before = clock.now();
+    ASSERT_TRUE(mci.look("stuck"));
+    EXPECT_EQ(mci.look("stuck")->place, 3);
+    EXPECT_EQ(clock.now(), before);
+}
+
 TEST_F(MciServiceTest, AGroupStartsTogetherOnceTheLastHasFoundItsPlace)
 {
     engine->add("seeker", {.length = 10, .frameRate = 25, .seekTime = 300ms});

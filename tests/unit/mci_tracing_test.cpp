@@ -31,6 +31,11 @@ public:
     }
     void expect(const std::vector<std::string>& commands) override { expected = commands; }
     void prepare(const std::vector<std::string>& paths) override { prepared = paths; }
+    std::optional<DeviceLook> look(std::string_view alias) override
+    {
+        return alias == "A" ? std::optional(DeviceLook{.playing = true, .ended = false, .place = 1.5, .length = 5})
+                            : std::nullopt;
+    }
     bool waits = false;
     std::vector<std::string> expected;
     std::vector<std::string> prepared;
@@ -78,6 +83,9 @@ TEST_F(TracingTest, WhatIsNoCommandGoesThroughAndIsNotWrittenDown)
     mci.prepare({"/a", "/b"});
     EXPECT_EQ(inner.expected, std::vector<std::string>{"step A"});
     EXPECT_EQ(inner.prepared, (std::vector<std::string>{"/a", "/b"}));
+    ASSERT_TRUE(mci.look("A"));
+    EXPECT_EQ(mci.look("A")->place, 1.5);
+    EXPECT_FALSE(mci.look("B"));
     int pulses = 0;
     mci.whileWaiting = [&] { ++pulses; };
     inner.whileWaiting();

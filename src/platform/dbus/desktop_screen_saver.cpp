@@ -1,37 +1,11 @@
 #include "platform/dbus/desktop_screen_saver.h"
 
-#include <QMetaObject>
+#include "platform/dbus/post.h"
 
-#include <functional>
-#include <mutex>
 #include <utility>
 
 namespace tandrel
 {
-
-/// The way to the thread of a receiver, until it is closed.
-class DesktopScreenSaver::Post
-{
-public:
-    explicit Post(QObject& receiver) : receiver_(&receiver) {}
-
-    void send(std::function<void()> task)
-    {
-        const std::lock_guard lock(mutex_);
-        if (receiver_)
-            QMetaObject::invokeMethod(receiver_, std::move(task), Qt::QueuedConnection);
-    }
-
-    void close()
-    {
-        const std::lock_guard lock(mutex_);
-        receiver_ = nullptr;
-    }
-
-private:
-    std::mutex mutex_;
-    QObject* receiver_;
-};
 
 DesktopScreenSaver::DesktopScreenSaver(std::unique_ptr<IdleBus> bus, ScreenSaver& fallback)
     : fallback_(fallback),

@@ -11,6 +11,8 @@
 namespace tandrel
 {
 
+class Post;
+
 /// Asks the session bus to hold the idle watch off, and where nobody there does, another screen saver, which is called
 /// on the user-interface thread only. Nothing here waits for an answer. When the process ends, however it ends, so does
 /// its connection to the bus, and the desktop takes the hold back. Needs the application object.
@@ -27,8 +29,6 @@ public:
     void nudge() override;
 
 private:
-    class Post;
-
     ScreenSaver& fallback_;
     QObject receiver_;
     std::shared_ptr<Post> post_;

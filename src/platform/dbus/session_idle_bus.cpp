@@ -1,9 +1,10 @@
 #include "platform/dbus/session_idle_bus.h"
 
+#include "platform/dbus/bus_connection.h"
+
 #include <array>
 #include <chrono>
 #include <cstdlib>
-#include <dbus/dbus.h>
 #include <future>
 #include <string_view>
 #include <system_error>
@@ -16,104 +17,10 @@ namespace tandrel
 namespace
 {
 
-constexpr std::chrono::milliseconds kLongestAnswer{2000};
 constexpr std::chrono::milliseconds kLongestConnect{300};
-constexpr const char* kAddressVariable = "DBUS_SESSION_BUS_ADDRESS";
 constexpr const char* kService = "org.freedesktop.ScreenSaver";
 // Most desktops know the long path, some older ones the short path only.
 constexpr std::array kPaths{"/org/freedesktop/ScreenSaver", "/ScreenSaver"};
-
-struct MessageEnd {
-    void operator()(DBusMessage* message) const { dbus_message_unref(message); }
-};
-using MessagePtr = std::unique_ptr<DBusMessage, MessageEnd>;
-
-struct ConnectionEnd {
-    void operator()(DBusConnection* connection) const
-    {
-        dbus_connection_close(connection);
-        dbus_connection_unref(connection);
-    }
-};
-using ConnectionPtr = std::unique_ptr<DBusConnection, ConnectionEnd>;
-
-class Problem
-{
-public:
-    Problem() { dbus_error_init(&error_); }
-    ~Problem() { dbus_error_free(&error_); }
-    Problem(const Problem&) = delete;
-    Problem& operator=(const Problem&) = delete;
-    DBusError* get() { return &error_; }
-    bool isAnyOf(std::initializer_list<const char*> names) const
-    {
-        for (const char* name : names)
-            if (dbus_error_has_name(&error_, name))
-                return true;
-        return false;
-    }
-
-private:
-    DBusError error_;
-};
-
-std::string sessionBusAddress()
-{
-    const char* named = std::getenv(kAddressVariable);
-    // The socket of the user's own bus, in the runtime folder.
-    return named && *named ? named : "unix:runtime=yes";
-}
-
-MessagePtr takeMessage(DBusConnection* bus) { return MessagePtr(dbus_connection_pop_message(bus)); }
-
-/// The answer to a call among what has come, the rest of which is dropped: nothing else is of interest here.
-MessagePtr takeAnswer(DBusConnection* bus, dbus_uint32_t call)
-{
-    while (MessagePtr message = takeMessage(bus))
-        if (dbus_message_get_reply_serial(message.get()) == call)
-            return message;
-    return nullptr;
-}
-
-/// The answer to a question; null, with the problem, if it is an error, and without one if it does not come. The
-/// library's own way of waiting does not end at a bus that never gets as far as letting anybody in.
-MessagePtr ask(DBusConnection* bus, DBusMessage* question, Problem& problem)
-{
-    using Clock = std::chrono::steady_clock;
-    dbus_uint32_t call = 0;
-    if (!dbus_connection_send(bus, question, &call))
-        return nullptr;
-    const auto end = Clock::now() + kLongestAnswer;
-    MessagePtr answer;
-    for (auto now = Clock::now(); !answer && now < end && dbus_connection_get_is_connected(bus); now = Clock::now()) {
-        const auto rest = std::chrono::ceil<std::chrono::milliseconds>(end - now);
-        dbus_connection_read_write(bus, static_cast<int>(rest.count()));
-        answer = takeAnswer(bus, call);
-    }
-    return answer && !dbus_set_error_from_message(problem.get(), answer.get()) ? std::move(answer) : nullptr;
-}
-
-/// Makes this connection known to the bus, which has to come first.
-bool sayHello(DBusConnection* bus)
-{
-    const MessagePtr hello(
-        dbus_message_new_method_call(DBUS_SERVICE_DBUS, DBUS_PATH_DBUS, DBUS_INTERFACE_DBUS, "Hello"));
-    Problem problem;
-    const MessagePtr answer = hello ? ask(bus, hello.get(), problem) : nullptr;
-    const char* name = nullptr;
-    if (!answer || !dbus_message_get_args(answer.get(), problem.get(), DBUS_TYPE_STRING, &name, DBUS_TYPE_INVALID))
-        return false;
-    return dbus_bus_set_unique_name(bus, name);
-}
-
-ConnectionPtr connectTo(const std::string& address)
-{
-    Problem problem;
-    ConnectionPtr bus(dbus_connection_open_private(address.c_str(), problem.get()));
-    if (bus)
-        dbus_connection_set_exit_on_disconnect(bus.get(), false);
-    return bus;
-}
 
 MessagePtr screenSaverCall(const char* path, const char* method)
 {
@@ -226,7 +133,7 @@ bool sessionBusIsSilent()
 void forgetSessionBus()
 {
     // No library knows this way to a bus.
-    setenv(kAddressVariable, "disabled:", 1);
+    setenv(kBusAddressVariable, "disabled:", 1);
 }
 
 } // namespace tandrel

@@ -34,9 +34,9 @@ Device::Device(std::unique_ptr<MediaDevice> media)
 {
 }
 
-double Device::unitsPerSecond() const
+double Device::unitsPerSecond(TimeFormat format) const
 {
-    if (format_ == TimeFormat::Milliseconds)
+    if (format == TimeFormat::Milliseconds)
         return kMillisecondsPerSecond;
     return facts().frameRate > 0 ? facts().frameRate : kNominalFrameRate;
 }
@@ -289,6 +289,23 @@ double Device::length()
         media_->settle();
     const double seconds = look().seconds;
     return knownLength().value_or(placeOf(seconds + kUnknownSecondsAhead));
+}
+
+DeviceLook Device::lookOn()
+{
+    const MediaReading reading = look();
+    DeviceLook result;
+    result.playing = mode_ == Mode::Playing;
+    result.ended = atEnd();
+    result.length = facts().length ? facts().length : foundLength_;
+    const double limit = result.length.value_or(std::numeric_limits<double>::max());
+    if (!running_ && result.ended)
+        result.place = result.length.value_or(reading.seconds);
+    else if (!running_ && asked_)
+        result.place = asked_->value / unitsPerSecond(asked_->format);
+    else
+        result.place = std::clamp(reading.seconds, 0.0, std::max(0.0, limit));
+    return result;
 }
 
 std::string_view Device::mode()

@@ -44,6 +44,8 @@ public:
     /// way to, for as long as anybody would wait.
     int position(bool afterSeeks, Moment now, double& answer);
     double length();
+    /// For who only looks on. Waits for no move.
+    DeviceLook lookOn();
     std::string_view mode();
     void setFormat(TimeFormat format) { format_ = format; }
 
@@ -73,7 +75,8 @@ private:
         Moment since;
     };
 
-    double unitsPerSecond() const;
+    double unitsPerSecond() const { return unitsPerSecond(format_); }
+    double unitsPerSecond(TimeFormat format) const;
     std::optional<double> knownLength() const;
     double placeOf(double seconds) const;
     double belowLength(double place) const;

@@ -173,6 +173,12 @@ Device* MciService::deviceOf(const Command& command)
     return entry == devices_.end() ? nullptr : entry->device.get();
 }
 
+std::optional<DeviceLook> MciService::look(std::string_view alias)
+{
+    Device* device = deviceOf(parseCommand("status " + std::string(alias) + " position"));
+    return device ? std::optional(device->lookOn()) : std::nullopt;
+}
+
 std::vector<DeviceReport> MciService::report()
 {
     std::vector<DeviceReport> rows;

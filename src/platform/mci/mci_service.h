@@ -47,6 +47,7 @@ public:
     bool idle() override;
     void expect(const std::vector<std::string>& commands) override;
     void prepare(const std::vector<std::string>& paths) override { engine_->prepare(paths); }
+    std::optional<DeviceLook> look(std::string_view alias) override;
 
     void favour(std::string_view alias) override;
     int eased() const override { return engine_->eased(); }

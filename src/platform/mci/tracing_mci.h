@@ -25,6 +25,7 @@ public:
     void favour(std::string_view alias) override { inner_.favour(alias); }
     int eased() const override { return inner_.eased(); }
     void prepare(const std::vector<std::string>& paths) override { inner_.prepare(paths); }
+    std::optional<DeviceLook> look(std::string_view alias) override { return inner_.look(alias); }
 
 private:
     Mci& inner_;

@@ -118,6 +118,13 @@ std::vector<std::string> mimeTypesOf(const std::vector<std::string>& endings)
     return types;
 }
 
+std::vector<std::string> allMimeTypes()
+{
+    std::vector<std::string> endings;
+    std::transform(kRows.begin(), kRows.end(), std::back_inserter(endings), [](const Row& row) { return row.ending; });
+    return mimeTypesOf(endings);
+}
+
 std::string execWord(const std::string& word)
 {
     std::string quoted = "\"";

@@ -33,6 +33,9 @@ inline constexpr std::string_view kDiscType = "x-content/video-dvd";
 /// The types of files with these endings, each once, all names that a desktop may know them by.
 std::vector<std::string> mimeTypesOf(const std::vector<std::string>& endings);
 
+/// The types of all files that the program knows.
+std::vector<std::string> allMimeTypes();
+
 /// The entry of the player, with the types that it opens.
 std::string playerEntry(const FileClasses& classes, const EntryPrograms& programs);
 /// The entry that plays a disc; no menu shows it.
