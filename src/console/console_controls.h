@@ -62,7 +62,7 @@ public:
     Label Label3{*this, "Label3", {780, 2805, 3900, 240}};
     /// Stands in the place of the name for a while.
     Label lblNote{*this, "lblNote", {780, 2805, 6600, 240}};
-    Image imgStill{*this, "imgStill", {7560, 2745, 330, 330}, "camera"};
+    Image imgStill{*this, "imgStill", {7500, 2715, 390, 390}, "camera"};
     Label Label1{*this, "Label1", {8220, 2805, 960, 240}, "Resize"};
     std::vector<std::unique_ptr<CommandButton>> cmdSize = makeSizeRow();
     Label lblSize{*this, "lblSize", {9690, 2790, 780, 270}, "100 %"};

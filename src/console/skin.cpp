@@ -86,7 +86,7 @@ constexpr std::array<LabelLook, 14> kLooks{{
     {&frmMedia::lblVolume, TextRole::Figure, Alignment::Left},
     {&frmMedia::Label1, TextRole::Quiet, Alignment::Right},
     {&frmMedia::Label3, TextRole::Caption, Alignment::Left},
-    {&frmMedia::lblNote, TextRole::Caption, Alignment::Left},
+    {&frmMedia::lblNote, TextRole::Quiet, Alignment::Left},
     {&frmMedia::Label4, TextRole::Caption, Alignment::Left},
     {&frmMedia::Label6, TextRole::Caption, Alignment::Left},
     {&frmMedia::Label7, TextRole::Caption, Alignment::Left},

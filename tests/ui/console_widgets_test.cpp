@@ -128,7 +128,7 @@ TEST_F(ConsoleWidgets, TabReachesEveryStopInOrderAndEachShowsItsRing)
 {
     start();
     const auto stops = tabStops();
-    ASSERT_EQ(stops.size(), 28U);
+    ASSERT_EQ(stops.size(), 29U);
     named(console(), "imgExit")->setFocus(Qt::OtherFocusReason);
     std::vector<std::string> reached;
     for (std::size_t step = 0; step < stops.size(); ++step) {
@@ -234,7 +234,7 @@ TEST_F(ConsoleWidgets, AMoveOverAnImageOrATextIsNotOneOverTheBody)
             moveOver(*image);
             ++images;
         }
-    EXPECT_EQ(images, 23);
+    EXPECT_EQ(images, 24);
     for (Label* label : {&console().lblTitleBar, &console().Label3, &console().lblCurTime, &console().lblDuration})
         moveOver(*label);
     EXPECT_EQ(onForm, 0);
