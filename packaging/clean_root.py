@@ -22,9 +22,13 @@ USER = "viewer"
 HOME = f"/home/{USER}"
 DATA = HOME + "/data"
 PRIVATE = "/usr/lib/tandrel-player"
-PROGRAMS = {"/usr/bin/tandrel-player": "tandrel-player", "/usr/bin/tandrel-open": "tandrel-open",
-            "/usr/bin/tandrel-mci": "tandrel-mci", PRIVATE + "/tandrel-codec-settings": "tandrel-codec-settings",
-            PRIVATE + "/RunDLL32.exe": "RunDLL32.exe (Tandrel Player)"}
+PROGRAMS = {
+    "/usr/bin/tandrel-player": "tandrel-player",
+    "/usr/bin/tandrel-open": "tandrel-open",
+    "/usr/bin/tandrel-mci": "tandrel-mci",
+    PRIVATE + "/tandrel-codec-settings": "tandrel-codec-settings",
+    PRIVATE + "/RunDLL32.exe": "RunDLL32.exe (Tandrel Player)",
+}
 COLOURS_OF_A_PICTURE = 200
 # Where users keep what is theirs, and what the kernel shows.
 NOT_OF_PACKAGES = {"home", "proc", "sys", "dev", "tmp", "run"}
@@ -56,15 +60,27 @@ class Root:
     def apt(self, *arguments):
         """The outer system's apt, which knows how to reach the mirrors, at work in the fresh system."""
         environment = dict(os.environ, APT_CONFIG=os.environ["MMDEBSTRAP_APT_CONFIG"], DEBIAN_FRONTEND="noninteractive")
-        command = ["apt-get", "-q", "--yes", "--no-install-recommends", f"-oDPkg::Chroot-Directory={self.folder}", *arguments]
+        command = [
+            "apt-get",
+            "-q",
+            "--yes",
+            "--no-install-recommends",
+            f"-oDPkg::Chroot-Directory={self.folder}",
+            *arguments,
+        ]
         done = subprocess.run(command, env=environment, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
         expect(done.returncode == 0, f"{' '.join(command)}\n{done.stdout}")
 
     def start(self, *command, **environment):
         """Starts a program as a common user, with these variables and no others."""
         words = [f"{name}={value}" for name, value in {"HOME": HOME, "PATH": "/usr/bin:/bin", **environment}.items()]
-        return subprocess.Popen(["chroot", f"--userspec={USER}:{USER}", self.folder, "/usr/bin/env", "-i", "-C", HOME, *words, *command],
-                                stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+        return subprocess.Popen(
+            ["chroot", f"--userspec={USER}:{USER}", self.folder, "/usr/bin/env", "-i", "-C", HOME, *words, *command],
+            stdin=subprocess.DEVNULL,
+            stdout=subprocess.PIPE,
+            stderr=subprocess.STDOUT,
+            text=True,
+        )
 
     def own(self, inside):
         self.administrate("chown", "-R", f"{USER}:{USER}", inside)
@@ -74,13 +90,20 @@ def install(root, deb):
     shutil.copy(deb, root.path("/tmp/package.deb"))
     root.apt("install", root.path("/tmp/package.deb"))
     root.administrate("useradd", "--create-home", USER)
-    expect(root.administrate("dpkg-query", "-W", "-f=${db:Status-Status}", PACKAGE) == "installed", "it is not installed")
-    expect(f"{PACKAGE}.desktop" in root.read("/usr/share/applications/mimeinfo.cache"), "no type of file knows the player")
+    expect(
+        root.administrate("dpkg-query", "-W", "-f=${db:Status-Status}", PACKAGE) == "installed", "it is not installed"
+    )
+    expect(
+        f"{PACKAGE}.desktop" in root.read("/usr/share/applications/mimeinfo.cache"), "no type of file knows the player"
+    )
 
 
 def check_descriptions(root, version):
     for program, name in PROGRAMS.items():
-        for argument, front in (("--version", f"{name} {version}\n"), ("--help", "Usage: " + os.path.basename(program))):
+        for argument, front in (
+            ("--version", f"{name} {version}\n"),
+            ("--help", "Usage: " + os.path.basename(program)),
+        ):
             process = root.start(program, argument)
             said = process.communicate(timeout=120)[0]
             expect(process.returncode == 0 and said.startswith(front), f"{program} {argument}: {said}")
@@ -92,8 +115,9 @@ class Running:
     def __init__(self, root, display, *command, **environment):
         self.root, self.display = root, display
         self.command = command
-        self.process = root.start(*command, DISPLAY=display.name, TANDREL_HOME=DATA, TANDREL_REPORT=DATA + "/report",
-                                  **environment)
+        self.process = root.start(
+            *command, DISPLAY=display.name, TANDREL_HOME=DATA, TANDREL_REPORT=DATA + "/report", **environment
+        )
 
     def __enter__(self):
         return self
@@ -135,8 +159,19 @@ class Running:
 
     def colours(self, window):
         """How many colours the middle of a window has."""
-        counted = self.display.run("import", "-silent", "-window", window, "-gravity", "center", "-crop", "50%x50%+0+0",
-                                   "-format", "%k", "info:-").stdout
+        counted = self.display.run(
+            "import",
+            "-silent",
+            "-window",
+            window,
+            "-gravity",
+            "center",
+            "-crop",
+            "50%x50%+0+0",
+            "-format",
+            "%k",
+            "info:-",
+        ).stdout
         return int(counted) if counted.isdigit() else 0
 
 
@@ -169,18 +204,47 @@ def check_disc(root, display):
 
 
 def check_dialog(root, display):
-    for command in ([PRIVATE + "/tandrel-codec-settings"], [PRIVATE + "/RunDLL32.exe", PRIVATE + "/tandrel-codec-settings,configure"]):
+    for command in (
+        [PRIVATE + "/tandrel-codec-settings"],
+        [PRIVATE + "/RunDLL32.exe", PRIVATE + "/tandrel-codec-settings,configure"],
+    ):
         with Running(root, display, *command) as dialog:
-            wait_for(lambda: display.run("xdotool", "search", "--onlyvisible", "--class", "tandrel-codec-settings").stdout, 20,
-                     "the dialog")
+            wait_for(
+                lambda: display.run("xdotool", "search", "--onlyvisible", "--class", "tandrel-codec-settings").stdout,
+                20,
+                "the dialog",
+            )
             dialog.process.send_signal(signal.SIGTERM)
 
 
 def run_programs(root, disc):
     # What makes the video is no part of what is tested.
     film = root.path(HOME + "/film.mp4")
-    subprocess.run(["ffmpeg", "-v", "error", "-f", "lavfi", "-i", "testsrc2=size=640x360:rate=25:duration=20", "-f", "lavfi", "-i",
-                    "sine=duration=20", "-c:v", "libx264", "-preset", "ultrafast", "-pix_fmt", "yuv420p", "-c:a", "aac", film], check=True)
+    subprocess.run(
+        [
+            "ffmpeg",
+            "-v",
+            "error",
+            "-f",
+            "lavfi",
+            "-i",
+            "testsrc2=size=640x360:rate=25:duration=20",
+            "-f",
+            "lavfi",
+            "-i",
+            "sine=duration=20",
+            "-c:v",
+            "libx264",
+            "-preset",
+            "ultrafast",
+            "-pix_fmt",
+            "yuv420p",
+            "-c:a",
+            "aac",
+            film,
+        ],
+        check=True,
+    )
     shutil.copy(disc, root.path(HOME + "/disc.iso"))
     prepare_home(root.path(DATA))
     root.own(HOME)
@@ -214,9 +278,15 @@ def remove(root):
 
 def main(folder, deb, disc):
     root = Root(folder)
-    version = subprocess.run(["dpkg-deb", "-f", deb, "Version"], capture_output=True, text=True, check=True).stdout.split("-")[0]
-    steps = (("installed", lambda: install(root, deb)), ("told its version", lambda: check_descriptions(root, version)),
-             ("played", lambda: run_programs(root, disc)), ("removed", lambda: remove(root)))
+    version = subprocess.run(
+        ["dpkg-deb", "-f", deb, "Version"], capture_output=True, text=True, check=True
+    ).stdout.split("-")[0]
+    steps = (
+        ("installed", lambda: install(root, deb)),
+        ("told its version", lambda: check_descriptions(root, version)),
+        ("played", lambda: run_programs(root, disc)),
+        ("removed", lambda: remove(root)),
+    )
     for name, step in steps:
         begin = time.monotonic()
         step()

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""What `cmake --install` leaves works wherever it lies, and as the desktop knows it: installed_test.py BUILD FOLDER_OF_MEDIA"""
+"""What `cmake --install` leaves works wherever it lies, and as the desktop knows it: installed_test.py BUILD MEDIA"""
 
 import glob
 import os
@@ -40,8 +40,12 @@ class Installed(unittest.TestCase):
             process.wait()
 
     def install(self, *arguments, **environment):
-        subprocess.run(["cmake", "--install", BUILD, *arguments], env=dict(os.environ, **environment), check=True,
-                       stdout=subprocess.DEVNULL)
+        subprocess.run(
+            ["cmake", "--install", BUILD, *arguments],
+            env=dict(os.environ, **environment),
+            check=True,
+            stdout=subprocess.DEVNULL,
+        )
 
     def show(self):
         display = Display()
@@ -52,8 +56,12 @@ class Installed(unittest.TestCase):
     def start(self, display, *command, **environment):
         runtime = os.path.join(self.folder, "runtime")
         os.makedirs(runtime, mode=0o700, exist_ok=True)
-        process = subprocess.Popen(command, env=dict(display.environment, XDG_RUNTIME_DIR=runtime, **environment),
-                                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        process = subprocess.Popen(
+            command,
+            env=dict(display.environment, XDG_RUNTIME_DIR=runtime, **environment),
+            stdout=subprocess.DEVNULL,
+            stderr=subprocess.DEVNULL,
+        )
         self.processes.append(process)
         return process
 
@@ -61,8 +69,14 @@ class Installed(unittest.TestCase):
         def there():
             self.assertIsNone(process.poll(), "the program has ended by itself")
             lines = [line.split(None, 4) for line in display.run("wmctrl", "-lp").stdout.splitlines()]
-            return next((line[0] for line in lines if len(line) == 5 and line[2] == str(process.pid) and
-                         line[4].startswith(front)), None)
+            return next(
+                (
+                    line[0]
+                    for line in lines
+                    if len(line) == 5 and line[2] == str(process.pid) and line[4].startswith(front)
+                ),
+                None,
+            )
 
         return wait_for(there, 20, f"a window {front}")
 
@@ -110,9 +124,18 @@ class Installed(unittest.TestCase):
         os.rename(self.folder + "/AppDir", moved)
         for link in ("tandrel-player.desktop", "tandrel-player.png", ".DirIcon"):
             self.assertTrue(os.path.isfile(os.path.join(moved, link)), link)
-        for name, front in (("anything.AppImage", "tandrel-player "), ("tandrel-open", "tandrel-open "), ("tandrel-mci", "tandrel-mci ")):
-            said = subprocess.run([moved + "/AppRun", "--version"], env=dict(os.environ, ARGV0="/a b/" + name), capture_output=True,
-                                  text=True, check=True).stdout
+        for name, front in (
+            ("anything.AppImage", "tandrel-player "),
+            ("tandrel-open", "tandrel-open "),
+            ("tandrel-mci", "tandrel-mci "),
+        ):
+            said = subprocess.run(
+                [moved + "/AppRun", "--version"],
+                env=dict(os.environ, ARGV0="/a b/" + name),
+                capture_output=True,
+                text=True,
+                check=True,
+            ).stdout
             self.assertTrue(said.startswith(front), said)
         os.symlink(moved + "/AppRun", self.folder + "/player")
         display = self.show()
@@ -126,13 +149,23 @@ class Installed(unittest.TestCase):
         os.makedirs(user + "/config")
         subprocess.run(["update-desktop-database", prefix + "/share/applications"], check=True)
         display = self.show()
-        own = {"XDG_DATA_HOME": user + "/share", "XDG_CONFIG_HOME": user + "/config", "XDG_CACHE_HOME": user + "/cache", "HOME": user,
-               "XDG_DATA_DIRS": prefix + "/share:/usr/local/share:/usr/share", "XDG_CURRENT_DESKTOP": "none",
-               "PATH": prefix + "/bin:" + os.environ["PATH"]}
+        own = {
+            "XDG_DATA_HOME": user + "/share",
+            "XDG_CONFIG_HOME": user + "/config",
+            "XDG_CACHE_HOME": user + "/cache",
+            "HOME": user,
+            "XDG_DATA_DIRS": prefix + "/share:/usr/local/share:/usr/share",
+            "XDG_CURRENT_DESKTOP": "none",
+            "PATH": prefix + "/bin:" + os.environ["PATH"],
+        }
 
         def offered():
-            said = subprocess.run(["gio", "mime", "video/mp4"], env=dict(os.environ, LC_ALL="C.UTF-8", **own), capture_output=True,
-                                  text=True).stdout
+            said = subprocess.run(
+                ["gio", "mime", "video/mp4"],
+                env=dict(os.environ, LC_ALL="C.UTF-8", **own),
+                capture_output=True,
+                text=True,
+            ).stdout
             registered = said.split("Registered applications:")[-1].split("Recommended applications:")[0]
             return [line.strip() for line in registered.splitlines() if "tandrel" in line]
 
@@ -147,7 +180,7 @@ class Installed(unittest.TestCase):
             mine, installed = (read(folder + "/share/applications/" + entry) for folder in (user, prefix))
             self.assertEqual(mine.replace(prefix + "/bin/", ""), installed)
         self.assertEqual(*(read(folder + "/share/mime/packages/tandrel-player.xml") for folder in (user, prefix)))
-        # When the package has gone, what the user is left with names a program that isn't there, and is offered no more.
+        # When the package has gone, what the user is left with names a program that isn't there: it is not offered.
         for file in glob.glob(prefix + "/bin/tandrel-*") + glob.glob(prefix + "/share/applications/*"):
             os.remove(file)
         self.assertEqual(offered(), [])

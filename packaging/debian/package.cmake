@@ -18,7 +18,8 @@ set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME tandrel-player)
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
-set(CPACK_INSTALL_CMAKE_PROJECTS ${CMAKE_BINARY_DIR} tandrel-player Unspecified / ${CMAKE_BINARY_DIR} tandrel-player debian /)
+set(CPACK_INSTALL_CMAKE_PROJECTS ${CMAKE_BINARY_DIR} tandrel-player Unspecified /
+                                 ${CMAKE_BINARY_DIR} tandrel-player debian /)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS ${CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS})
 set(CPACK_STRIP_FILES ON)
 set(CPACK_VERBATIM_VARIABLES ON)
@@ -50,7 +51,8 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "vlc-plugin-base, vlc-plugin-video-output")
 # The type that the console is drawn for; links to the web; how a program becomes the first choice for files; the
 # desktop's dialog for files and its screen saver. All of them may be missing.
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-inter, xdg-utils, desktop-file-utils, shared-mime-info, default-dbus-session-bus | dbus-session-bus")
+set(recommended fonts-inter xdg-utils desktop-file-utils shared-mime-info "default-dbus-session-bus | dbus-session-bus")
+list(JOIN recommended ", " CPACK_DEBIAN_PACKAGE_RECOMMENDS)
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "xdg-desktop-portal")
 
 include(CPack)
