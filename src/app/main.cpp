@@ -50,6 +50,7 @@
 
 #include <chrono>
 #include <csignal>
+#include <cstdio>
 #include <filesystem>
 
 namespace
@@ -193,6 +194,11 @@ int run(QApplication& application)
 
 int main(int argc, char** argv)
 {
+    const std::vector<Text> arguments = argumentsOf(argc, argv);
+    if (const Text description = selfDescription(arguments); !description.empty()) {
+        std::fputs(description.c_str(), stdout);
+        return 0;
+    }
     tandrel::blockSignals({SIGUSR1, SIGTERM, SIGINT, SIGHUP});
     // The program places its own top-level windows, which only X11 grants.
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
@@ -202,10 +208,11 @@ int main(int argc, char** argv)
     // The toolkit looks for a screen reader on the bus before the first window, and has all the time in the world.
     if (sessionBusIsSilent())
         forgetSessionBus();
-    const std::vector<Text> arguments = argumentsOf(argc, argv);
     int qtArguments = 1;
     QApplication application(qtArguments, argv);
     QApplication::setApplicationName(QStringLiteral("tandrel-player"));
+    // The name of the entry, by which desktops know whose windows these are.
+    QGuiApplication::setDesktopFileName(QStringLiteral("tandrel-player"));
     setCommandLine(parseCommandLine(arguments, workingFolder()));
     return run(application);
 }

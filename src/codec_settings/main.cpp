@@ -23,9 +23,14 @@ namespace
 
 using namespace tandrel;
 
-constexpr const char* kHelp = "tandrel-codec-settings [configure|configureAudio]\n"
-                              "Settings for the picture, for the sound, or without an argument for both.\n"
-                              "They apply to what Tandrel Player opens from then on.\n";
+constexpr const char* kHelp = R"(Usage: tandrel-codec-settings [configure|configureAudio]
+
+Settings for the picture, for the sound, or without an argument for both. They apply to what Tandrel Player opens from
+then on.
+
+  --help       shows this
+  --version    shows the version
+)";
 
 std::optional<CodecPages> pagesOf(std::string_view argument)
 {
@@ -68,6 +73,8 @@ int run(int argc, char** argv, CodecPages pages)
     static_cast<void>(argc);
     QApplication application(qtArguments, argv);
     QApplication::setApplicationName(QStringLiteral("tandrel-codec-settings"));
+    // It has no entry of its own: desktops show it as a part of the player.
+    QGuiApplication::setDesktopFileName(QStringLiteral("tandrel-player"));
     applyStyle(application);
     QSocketNotifier end(endings, QSocketNotifier::Read);
     QObject::connect(&end, &QSocketNotifier::activated, &application, [] { QCoreApplication::exit(0); });
@@ -85,6 +92,10 @@ int main(int argc, char** argv)
     const std::string_view argument = argc > 1 ? argv[1] : "";
     if (argument == "--help" || argument == "-h") {
         std::fputs(kHelp, stdout);
+        return 0;
+    }
+    if (argument == "--version") {
+        std::puts("tandrel-codec-settings " TANDREL_VERSION);
         return 0;
     }
     const auto pages = pagesOf(argument);

@@ -12,6 +12,16 @@ namespace
 {
 CommandLine line;
 
+constexpr const char* kHelp = R"(Usage: tandrel-player [FILE...]
+       tandrel-player DVD
+
+Shows the files, each in a window of its own, or plays the disc in the drive. A disc can also be an image (.iso) or a
+folder VIDEO_TS that is named as a file.
+
+  --help       shows this; a file of that name is ./--help
+  --version    shows the version
+)";
+
 /// One path has one name: a "./" in front says nothing.
 Text absolutePath(Text argument, const Text& folder)
 {
@@ -46,6 +56,15 @@ CommandLine parseCommandLine(const std::vector<Text>& arguments, const Text& fol
     else
         result.group = std::move(paths);
     return result;
+}
+
+Text selfDescription(const std::vector<Text>& arguments)
+{
+    if (arguments == std::vector<Text>{"--help"})
+        return kHelp;
+    if (arguments == std::vector<Text>{"--version"})
+        return "tandrel-player " TANDREL_VERSION "\n";
+    return "";
 }
 
 bool isHdPath(const Text& path)

@@ -27,6 +27,10 @@ CommandLine parseCommandLine(const std::vector<Text>& arguments, const Text& fol
 /// Set once, before the first form loads.
 void setCommandLine(CommandLine line);
 
+/// What a start prints that asks for nothing but that: for the argument "--help" or "--version" alone. Empty for any
+/// other start; among paths both are names of files, as is "./--help" alone.
+Text selfDescription(const std::vector<Text>& arguments);
+
 /// True for a Matroska or HD file, by the end of its path (capitals or not).
 bool isHdPath(const Text& path);
 /// It plays in the window for discs: an image (".iso"), or a folder `VIDEO_TS` or one that holds such a folder.

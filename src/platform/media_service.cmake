@@ -70,4 +70,5 @@ tandrel_library(platform/mpv APART USES platform/input platform/mci platform/out
 target_link_libraries(tandrel_platform_mpv PUBLIC PkgConfig::mpv PkgConfig::xcb)
 
 add_executable(tandrel-mci platform/mci_tool/main.cpp platform/mci_tool/tool_window.cpp)
+target_compile_definitions(tandrel-mci PRIVATE TANDREL_VERSION="${PROJECT_VERSION}")
 target_link_libraries(tandrel-mci PRIVATE tandrel_platform_mpv tandrel_flags)

@@ -10,7 +10,9 @@ namespace tandrel::test
 {
 
 using ::testing::ElementsAre;
+using ::testing::HasSubstr;
 using ::testing::IsEmpty;
+using ::testing::MatchesRegex;
 
 namespace
 {
@@ -56,6 +58,16 @@ TEST_F(ConsoleCommandLine, OnePathIsQuotedAndMadeAbsolute)
         EXPECT_EQ(parseCommandLine({same}, "/home/me").text, "\"/home/me/a.avi\"") << same;
     EXPECT_EQ(parseCommandLine({"./"}, "/home/me").text, "\"/home/me\"");
     EXPECT_EQ(parseCommandLine({".hidden.avi"}, "/home/me").text, "\"/home/me/.hidden.avi\"");
+}
+
+TEST_F(ConsoleCommandLine, OneThatIsAskedForHelpOrVersionAloneOnlyTells)
+{
+    EXPECT_THAT(selfDescription({"--help"}), HasSubstr("Usage: tandrel-player [FILE...]\n"));
+    EXPECT_THAT(selfDescription({"--version"}), MatchesRegex("tandrel-player [0-9]+\\.[0-9]+\\.[0-9]+\n"));
+    for (const auto& files : {std::vector<Text>{}, {"./--help"}, {"--help", "a.avi"}, {"a.avi", "--version"}, {"-h"}})
+        EXPECT_EQ(selfDescription(files), "");
+    EXPECT_EQ(parseCommandLine({"./--help"}, "/home/me").text, "\"/home/me/--help\"");
+    EXPECT_THAT(parseCommandLine({"--help", "a.avi"}, "/f").group, ElementsAre("/f/--help", "/f/a.avi"));
 }
 
 TEST_F(ConsoleCommandLine, MarksInAPathAreMapped)

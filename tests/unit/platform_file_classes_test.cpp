@@ -136,7 +136,7 @@ TEST_F(FileClassesOnDisk, TheProgramSpeaksToTheUserInSixLanguages)
 {
     const std::string text = playerEntry(videos, {"tandrel-open", "tandrel-player"});
     for (const char* language : {"", "[de]", "[es]", "[fr]", "[it]", "[pt]"})
-        for (const char* key : {"\nName", "\nGenericName", "\nComment"})
+        for (const char* key : {"\nName", "\nGenericName", "\nComment", "\nKeywords"})
             EXPECT_THAT(text, HasSubstr(std::string(key) + language + "=")) << language;
 }
 

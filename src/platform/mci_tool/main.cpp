@@ -23,6 +23,14 @@ namespace
 {
 constexpr std::string_view kHandleMark = "%H";
 constexpr std::size_t kAnswerSize = 1024;
+constexpr const char* kHelp = R"(Usage: tandrel-mci [--window[=WIDTHxHEIGHT]]
+
+Reads media commands from its standard input, a line each, and prints the result and the answer of each, a tab between.
+
+  --window     opens a window, 640x480 without a size, and puts its number in place of every %H
+  --help       shows this
+  --version    shows the version
+)";
 
 /// The lines of standard input, with a look ahead whether one is there.
 class Lines
@@ -96,6 +104,14 @@ std::optional<std::pair<std::uint16_t, std::uint16_t>> windowSize(const char* ar
     return std::pair{width, height};
 }
 
+/// For "--help" and "--version"; empty for anything else.
+std::string_view selfDescription(std::string_view argument)
+{
+    if (argument == "--help" || argument == "-h")
+        return kHelp;
+    return argument == "--version" ? "tandrel-mci " TANDREL_VERSION "\n" : "";
+}
+
 void run(tandrel::MciService& service, tandrel::Mci& mci, const std::string& handle)
 {
     Lines lines;
@@ -124,9 +140,13 @@ int main(int argc, char** argv)
 {
     std::unique_ptr<tandrel::ToolWindow> window;
     for (int index = 1; index < argc; ++index) {
+        if (const auto description = selfDescription(argv[index]); !description.empty()) {
+            std::fputs(description.data(), stdout);
+            return 0;
+        }
         const auto size = windowSize(argv[index]);
         if (!size) {
-            std::fprintf(stderr, "usage: %s [--window[=WIDTHxHEIGHT]]\n", argv[0]);
+            std::fputs(kHelp, stderr);
             return 2;
         }
         window = std::make_unique<tandrel::ToolWindow>("tandrel-mci", size->first, size->second);

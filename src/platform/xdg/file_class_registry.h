@@ -29,6 +29,10 @@ public:
     void set(std::int32_t root, std::string_view key, std::string_view name, std::string_view value) override;
     void settle() override;
 
+protected:
+    /// What has been set, and not settled yet.
+    const FileClasses& collected() const { return classes_; }
+
 private:
     FileClassPlaces places_;
     FileClasses classes_;

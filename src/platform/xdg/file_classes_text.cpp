@@ -46,6 +46,13 @@ Comment[fr]=Lire plusieurs vidéos à la fois, des films HD et des disques
 Comment[it]=Riprodurre molti video insieme, film HD e dischi
 Comment[pt]=Reproduzir muitos vídeos ao mesmo tempo, filmes HD e discos
 )";
+constexpr const char* kKeywords = R"(Keywords=video;film;movie;DVD;player;
+Keywords[de]=Video;Film;DVD;Player;abspielen;
+Keywords[es]=vídeo;película;DVD;reproductor;
+Keywords[fr]=vidéo;film;DVD;lecteur;
+Keywords[it]=video;film;DVD;lettore;
+Keywords[pt]=vídeo;filme;DVD;reprodutor;
+)";
 constexpr const char* kNames = R"(Name=Tandrel Player
 Name[de]=Tandrel Player
 Name[es]=Tandrel Player
@@ -148,6 +155,7 @@ std::string playerEntry(const FileClasses& classes, const EntryPrograms& program
 {
     std::string text = "[Desktop Entry]\nVersion=1.0\nType=Application\n";
     text += std::string(kNames) + kGenericNames + kComments;
+    text += kKeywords;
     text += "Exec=" + execWord(programs.opener) + " %F\n";
     text += "TryExec=" + entryValue(programs.opener) + "\n";
     text += "Icon=tandrel-player\nTerminal=false\nCategories=AudioVideo;Video;Player;Qt;\n";
