@@ -21,7 +21,7 @@ constexpr const char* kFormats = "mov,mp4,m4a,3gp,3g2,mj2,matroska,webm,avi,flv,
 // What is read to know the order of pictures.
 constexpr std::int64_t kProbeBytes = 2 * 1024 * 1024;
 
-AvFormat open(const std::string& path, MediaInput& input)
+AvFormat formatIn(const std::string& path, MediaInput& input)
 {
     AVFormatContext* format = input.context() == nullptr ? nullptr : avformat_alloc_context();
     if (format == nullptr)
@@ -63,7 +63,7 @@ std::vector<double> listOf(AVStream& stream)
 KeyPlaces readKeyPlaces(const std::string& path, const std::function<bool()>& refuses)
 {
     MediaInput input(path, markOf(path), refuses);
-    const AvFormat format = open(path, input);
+    const AvFormat format = formatIn(path, input);
     if (format == nullptr || avformat_find_stream_info(format.get(), nullptr) < 0)
         return {};
     AVStream* stream = videoOf(*format);
