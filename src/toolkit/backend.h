@@ -167,6 +167,8 @@ public:
     /// Shows the entries of `head` once no mouse button is held, and runs events until one is chosen, which is what it
     /// returns, or the menu is closed, which is null.
     virtual Menu* popUp(Menu& head);
+    /// Runs `task`, whose menus come up at this place of the desktop and not at the pointer. Pixels.
+    virtual void withMenusAt(PixelPoint, const std::function<void()>& task) { task(); }
     /// Runs `task` so many ms later, at once where nothing is seen.
     virtual void later(int ms, std::function<void()> task);
     /// Lets the events that have come in meanwhile run, and returns.

@@ -49,6 +49,12 @@ void Control::setToolTip(Text text)
     notify(Aspect::ToolTip);
 }
 
+void Control::setShortcut(Text keys)
+{
+    shortcut_ = std::move(keys);
+    notify(Aspect::ToolTip);
+}
+
 void Control::setBorderStyle(int style)
 {
     borderStyle_ = style;

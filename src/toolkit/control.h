@@ -75,6 +75,9 @@ public:
     void setEnabled(bool on);
     Text toolTip() const { return toolTip_; }
     void setToolTip(Text text);
+    /// Keys that do the same, as the user sees them: "Left, J". They stand behind the tip.
+    Text shortcut() const { return shortcut_; }
+    void setShortcut(Text keys);
     Text tag() const { return tag_; }
     void setTag(Text text) { tag_ = std::move(text); }
     int borderStyle() const { return borderStyle_; }
@@ -141,6 +144,7 @@ private:
     bool enabled_ = true;
     int borderStyle_ = 0;
     Text toolTip_;
+    Text shortcut_;
     Text tag_;
     std::unique_ptr<ControlView> view_;
 };

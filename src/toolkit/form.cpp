@@ -296,6 +296,8 @@ bool Form::userKeyDown(Key key)
     return taken;
 }
 
+bool Form::userShortcut(const KeyStroke& key) { return Shortcut && Shortcut(key); }
+
 void Form::userMouseDown(const MouseEvent& event)
 {
     const auto alive = shared_from_this();

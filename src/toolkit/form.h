@@ -4,6 +4,7 @@
 #include "toolkit/backend.h"
 #include "toolkit/control.h"
 #include "toolkit/controls.h"
+#include "toolkit/keys.h"
 #include "toolkit/property.h"
 #include "toolkit/timer.h"
 
@@ -127,6 +128,9 @@ public:
     std::function<void()> MenuKey;
     /// A key that none of the controls has taken; true where the form has, which then does nothing else.
     std::function<bool(Key key)> KeyDown;
+    /// The same for any key, behind `KeyDown`: what it stands for by the user's own choice. As that may be the end of
+    /// this form, it doesn't run under its rules: the handler names the form whose command it is.
+    std::function<bool(const KeyStroke& key)> Shortcut;
     /// A key that none of the controls has taken, by the code of its character.
     std::function<void(int code)> KeyPress;
 
@@ -196,6 +200,7 @@ public:
     void userMouseUp(const MouseEvent& event);
     /// True where the form has taken the key.
     bool userKeyDown(Key key);
+    bool userShortcut(const KeyStroke& key);
     void userMoved(const PixelRect& rect);
     void userRestored();
     void userMinimised();

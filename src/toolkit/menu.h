@@ -51,6 +51,9 @@ public:
     /// What the user sees instead of the caption, where that is not for reading; with "&" as in captions.
     Text shown;
 
+    /// Keys that choose the entry without the menu, as the user sees them.
+    Text shortcut;
+
 private:
     Form& form_;
     Text name_;

@@ -14,6 +14,21 @@
 namespace tandrel
 {
 
+namespace
+{
+
+/// The tip with the keys behind it.
+Text tipOf(const Control& control)
+{
+    const Text tip = control.toolTip();
+    const Text keys = control.shortcut();
+    if (tip.empty() || keys.empty())
+        return tip + keys;
+    return tip + " (" + keys + ")";
+}
+
+} // namespace
+
 WidgetView::WidgetView(Control& control, FormWidget& window, QWidget* widget)
     : control_(control), window_(window), widget_(widget)
 {
@@ -47,7 +62,7 @@ void WidgetView::changed(Aspect aspect)
         widget_->setEnabled(control_.enabled());
         break;
     case Aspect::ToolTip:
-        widget_->setToolTip(plainTip(rendered(control_.toolTip())));
+        widget_->setToolTip(plainTip(rendered(tipOf(control_))));
         widget_->setAccessibleName(rendered(control_.toolTip()));
         break;
     case Aspect::Order:

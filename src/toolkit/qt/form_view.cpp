@@ -245,6 +245,9 @@ Bitmap QtFormView::snapshot()
 
 void QtFormView::startDrag()
 {
+    // A window manager that takes the window over behind a short click would not let go of it until the next one.
+    if (!leftButtonMayBeHeld())
+        return;
     if (!widget_->windowHandle()->startSystemMove())
         widget_->dragByHand();
 }

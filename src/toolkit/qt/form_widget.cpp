@@ -5,6 +5,7 @@
 #include "toolkit/press.h"
 #include "toolkit/qt/file_names.h"
 #include "toolkit/qt/frame_painter.h"
+#include "toolkit/qt/key_strokes.h"
 #include "toolkit/qt/mouse_buttons.h"
 #include "toolkit/qt/qt_backend.h"
 #include "toolkit/screen.h"
@@ -232,6 +233,15 @@ bool FormWidget::reportKey(int key)
     return form->userKeyDown(row->key);
 }
 
+bool FormWidget::reportShortcut(const QKeyEvent& event)
+{
+    if (!form_ || !form_->Shortcut)
+        return false;
+    const KeyStroke stroke = strokeOf(event);
+    const auto form = form_->shared_from_this();
+    return !stroke.name.empty() && form->userShortcut(stroke);
+}
+
 void FormWidget::keyPressEvent(QKeyEvent* event)
 {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
@@ -242,7 +252,7 @@ void FormWidget::keyPressEvent(QKeyEvent* event)
         const QtBackend::PressedByKey key(*this);
         return form_->run(form_->MenuKey);
     }
-    if (form_ && reportKey(event->key()))
+    if (form_ && (reportKey(event->key()) || reportShortcut(*event)))
         return;
     if (form_ && form_->KeyPress && !event->text().isEmpty())
         return form_->run([this, code = event->text().front().unicode()] { form_->KeyPress(code); });

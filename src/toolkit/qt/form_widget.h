@@ -42,6 +42,7 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
     /// True where the form has taken it.
     bool reportKey(int key);
+    bool reportShortcut(const QKeyEvent& event);
     void keyPressEvent(QKeyEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void moveEvent(QMoveEvent* event) override;

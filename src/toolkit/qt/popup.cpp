@@ -70,7 +70,12 @@ protected:
     }
 };
 
-QString textOf(const Menu& entry) { return rendered(entry.shown.empty() ? entry.caption() : entry.shown); }
+QString textOf(const Menu& entry)
+{
+    const QString text = rendered(entry.shown.empty() ? entry.caption() : entry.shown);
+    // What stands behind the tab has a column of its own.
+    return entry.shortcut.empty() ? text : text + QLatin1Char('\t') + rendered(entry.shortcut);
+}
 
 void fill(QMenu& menu, const Menu& head, std::map<QAction*, Menu*>& meaning)
 {
@@ -121,7 +126,15 @@ QtBackend::PressedByKey::PressedByKey(const QWidget& control)
     placeOfKey() = control.mapToGlobal(QPoint(0, control.height()));
 }
 
+QtBackend::PressedByKey::PressedByKey(PixelPoint place) { placeOfKey() = QPoint(place.x, place.y); }
+
 QtBackend::PressedByKey::~PressedByKey() { placeOfKey().reset(); }
+
+void QtBackend::withMenusAt(PixelPoint place, const std::function<void()>& task)
+{
+    const PressedByKey byKey(place);
+    task();
+}
 
 Menu* QtBackend::popUp(Menu& head)
 {

@@ -32,6 +32,7 @@ public:
     BoxAnswer messageBox(const Text& text, BoxStyle style, const Text& title) override;
     std::vector<Text> chooseFiles(const FileDialog& what) override;
     Menu* popUp(Menu& head) override;
+    void withMenusAt(PixelPoint place, const std::function<void()>& task) override;
     Bitmap picture(const Text& name, int width, int height) override;
     void setBoxTexts(const BoxTexts& texts) override { boxTexts_ = texts; }
     const BoxTexts& boxTexts() const { return boxTexts_; }
@@ -52,6 +53,7 @@ public:
     {
     public:
         explicit PressedByKey(const QWidget& control);
+        explicit PressedByKey(PixelPoint place);
         ~PressedByKey();
         PressedByKey(const PressedByKey&) = delete;
     };

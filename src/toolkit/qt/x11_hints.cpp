@@ -52,6 +52,16 @@ bool windowManagerPresent()
     return reply && xcb_get_property_value_length(reply.get()) > 0;
 }
 
+bool leftButtonMayBeHeld()
+{
+    xcb_connection_t* display = connection();
+    if (!display)
+        return true;
+    const auto cookie = xcb_query_pointer(display, rootWindow(display));
+    const ReplyPtr<xcb_query_pointer_reply_t> reply(xcb_query_pointer_reply(display, cookie, nullptr));
+    return !reply || (reply->mask & XCB_BUTTON_MASK_1) != 0;
+}
+
 bool standsOnScreen(QWidget& window)
 {
     // ICCCM, section 4.1.3.1: the first of two numbers.

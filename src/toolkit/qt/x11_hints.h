@@ -11,6 +11,9 @@ namespace tandrel
 /// True if a window manager runs on this display. Asked once a call, without caching: one may start later.
 bool windowManagerPresent();
 
+/// False where the server says that the left button is up: the events that tell of it may be on their way yet.
+bool leftButtonMayBeHeld();
+
 /// True where a program blends the windows of this screen, so that pixels which are half clear look it.
 bool screenBlendsWindows();
 

@@ -1,0 +1,140 @@
+#include "toolkit/keys.h"
+
+#include "platform/valid_text.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tandrel
+{
+
+namespace
+{
+
+constexpr std::array<NamedKey, 22> kNamed{{
+    {"Left", nullptr, "Left"},
+    {"Right", nullptr, "Right"},
+    {"Up", nullptr, "Up"},
+    {"Down", nullptr, "Down"},
+    {"Home", nullptr, "Home"},
+    {"End", nullptr, "End"},
+    {"PageUp", "PgUp", "Page Up"},
+    {"PageDown", "PgDown", "Page Down"},
+    {"Insert", "Ins", "Insert"},
+    {"Delete", "Del", "Delete"},
+    {"Backspace", nullptr, "Backspace"},
+    {"Space", nullptr, "Space"},
+    {"Enter", "Return", "Enter"},
+    {"Escape", "Esc", "Esc"},
+    {"Tab", nullptr, "Tab"},
+    {"Comma", nullptr, ","},
+    {"Period", nullptr, "."},
+    {"Plus", nullptr, "+"},
+    {"Minus", "-", "-"},
+    {"Equal", "=", "="},
+    {"Hash", "#", "#"},
+    {"Print", nullptr, "Print"},
+}};
+
+constexpr std::array<const char*, 4> kModifiers{"Ctrl", "Alt", "Shift", "Meta"};
+constexpr std::size_t kShift = 2;
+using Held = std::array<bool, kModifiers.size()>;
+
+bool sameWord(std::string_view one, const char* other) { return other && upper(one) == upper(other); }
+
+/// The key behind the modifiers; `shiftCounts` where Shift makes another key of it.
+struct BareKey {
+    Text name;
+    bool shiftCounts;
+};
+
+std::optional<BareKey> functionKey(std::string_view word)
+{
+    for (int number = 1; number <= kFunctionKeys; ++number)
+        if (const Text name = "F" + std::to_string(number); upper(word) == name)
+            return BareKey{name, true};
+    return std::nullopt;
+}
+
+/// A letter of Western Europe, as capitals are what keys are named by.
+Text inCapitals(std::string_view letter)
+{
+    constexpr unsigned char kLead = 0xC3;
+    constexpr unsigned char kFirstSmall = 0xA0;
+    constexpr unsigned char kLastSmall = 0xBE;
+    constexpr unsigned char kDivision = 0xB7;
+    constexpr unsigned char kToCapitals = 0x20;
+    Text capital(letter);
+    const auto last = static_cast<unsigned char>(capital.back());
+    if (capital.size() == 2 && static_cast<unsigned char>(capital[0]) == kLead && last >= kFirstSmall &&
+        last <= kLastSmall && last != kDivision)
+        capital.back() = static_cast<char>(last - kToCapitals);
+    return capital;
+}
+
+std::optional<BareKey> bareKey(std::string_view word)
+{
+    for (const NamedKey& key : kNamed)
+        if (sameWord(word, key.name) || sameWord(word, key.alias) || sameWord(word, key.shown))
+            return BareKey{key.name, Text(key.shown).size() > 1};
+    if (word.size() > 1 && word.size() == firstCharacterLength(word))
+        return BareKey{inCapitals(word), true};
+    if (word.size() != 1)
+        return functionKey(word);
+    const Text letter = upper(word);
+    const bool isLetter = letter[0] >= 'A' && letter[0] <= 'Z';
+    return letter[0] > ' ' && letter[0] < '\x7f' ? std::optional(BareKey{letter, isLetter}) : std::nullopt;
+}
+
+/// Takes the modifier that `rest` begins with away, with its "+".
+bool takeModifier(std::string_view& rest, Held& held)
+{
+    const auto plus = rest.find('+');
+    // A "+" at the end is the key itself.
+    if (plus == std::string_view::npos || plus == 0 || plus + 1 == rest.size())
+        return false;
+    const Text word = trim(rest.substr(0, plus));
+    for (std::size_t at = 0; at < kModifiers.size(); ++at) {
+        if (!sameWord(word, kModifiers[at]) || held[at])
+            continue;
+        held[at] = true;
+        rest.remove_prefix(plus + 1);
+        return true;
+    }
+    return false;
+}
+
+} // namespace
+
+std::span<const NamedKey> namedKeys() { return kNamed; }
+
+std::optional<Text> keyNamed(std::string_view written)
+{
+    if (validText(Text(written)) != written)
+        return std::nullopt;
+    const Text whole = trim(written);
+    std::string_view rest = whole;
+    Held held{};
+    while (takeModifier(rest, held)) {}
+    const auto key = bareKey(trim(rest));
+    if (!key)
+        return std::nullopt;
+    held[kShift] = held[kShift] && key->shiftCounts;
+    if (key->name == "Tab" && !held[0] && !held[1])
+        return std::nullopt;
+    Text name;
+    for (std::size_t at = 0; at < kModifiers.size(); ++at)
+        if (held[at])
+            name += Text(kModifiers[at]) + "+";
+    return name + key->name;
+}
+
+Text shownKey(const Text& name)
+{
+    const auto start = name.rfind('+') == Text::npos ? 0 : name.rfind('+') + 1;
+    const Text key = name.substr(start);
+    const auto named = std::find_if(kNamed.begin(), kNamed.end(), [&](const NamedKey& one) { return one.name == key; });
+    return name.substr(0, start) + (named == kNamed.end() ? key : Text(named->shown));
+}
+
+} // namespace tandrel
