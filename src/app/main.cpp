@@ -35,6 +35,7 @@
 #include "platform/xdg/file_finder.h"
 #include "platform/xdg/files.h"
 #include "platform/xdg/instances.h"
+#include "platform/xdg/key_file.h"
 #include "platform/xdg/pictures_folder.h"
 #include "platform/xdg/settings_file.h"
 #include "platform/xdg/shell.h"
@@ -120,12 +121,13 @@ struct Platform {
         trace = tracingMciIfWanted(media);
         installServices({trace ? trace.get() : &media, &pointer, &monitors, &screenSaver, &hotKeys, &systemFacts,
                          &settings, &files, &instances, &shell, &clock, &players, drives.get(), &desktop, &registry,
-                         &finder, &stills, &pictures});
+                         &finder, &stills, &pictures, &keyFile});
     }
 
     std::string data;
     XdgFiles files;
     SettingsFile settings;
+    XdgKeyFile keyFile{keyFileName()};
     LockInstances instances;
     SystemClock clock;
     ThreadedFinder finder;

@@ -11,6 +11,7 @@
 #include "persist/frm_prev.h"
 #include "persist/openmenu.h"
 #include "texts/frm_help.h"
+#include "texts/frm_keys.h"
 #include "texts/frm_lang.h"
 #include "texts/frm_splash.h"
 #include "texts/frm_tool_tip.h"
@@ -53,6 +54,7 @@ TANDREL_HOLDER(frmToolTip)
 TANDREL_HOLDER(frmLang)
 TANDREL_HOLDER(frmSplash)
 TANDREL_HOLDER(frmHelp)
+TANDREL_HOLDER(frmKeys)
 TANDREL_HOLDER(frmUpdate)
 TANDREL_HOLDER(frmMKV)
 TANDREL_HOLDER(frmDVD)
@@ -89,6 +91,7 @@ void forgetForms()
     Holder<class frmLang>::forget();
     Holder<class frmSplash>::forget();
     Holder<class frmHelp>::forget();
+    Holder<class frmKeys>::forget();
     Holder<class frmUpdate>::forget();
     Holder<class frmMKV>::forget();
     Holder<class frmDVD>::forget();

@@ -1,6 +1,7 @@
 /// What the ticks of the console keep from one to the next.
 #pragma once
 
+#include "console/key_bindings.h"
 #include "console/load_sign.h"
 #include "console/still_pictures.h"
 #include "toolkit/control.h"
@@ -48,6 +49,7 @@ struct MonitorFields {
     bool SeekDragging = false;
     LoadSign loadSign;
     StillPictures stillPictures;
+    KeyBindings keys;
     /// The picture inside its window, in twips: as it is in full screen, or when its disc was changed.
     TwipsRect FullPicture;
 };

@@ -267,7 +267,7 @@ void frmMedia::tell(const Text& message)
 {
     class frmUpdate& form = frmUpdate();
     form.Caption = AppTitle;
-    form.lblUpdate.Caption = message;
+    form.say(message);
     form.Show(ShowMode::Modal);
 }
 

@@ -2,6 +2,7 @@
 
 #include "console/frm_media.h"
 #include "console/holders.h"
+#include "console/key_commands.h"
 #include "console/slidemenu.h"
 #include "console/stillmenu.h"
 #include "desktop/layered.h"
@@ -196,6 +197,7 @@ void frmMedia::wireWindow()
             PopupMenu(menu().mnupopup);
         }
     };
+    Shortcut = &pressKey;
     MenuKey = [] { PopupMenu(menu().mnupopup); };
     DropFiles = [this](const std::vector<Text>& paths) { openDropped(paths); };
     MouseMove = [this](const MouseEvent&) { playAfterFullScreen(); };

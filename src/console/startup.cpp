@@ -4,6 +4,7 @@
 #include "console/frm_media.h"
 #include "console/frm_start.h"
 #include "console/holders.h"
+#include "console/key_commands.h"
 #include "console/version.h"
 #include "desktop/file_classes.h"
 #include "desktop/monitors.h"
@@ -55,6 +56,8 @@ void frmMedia::onLoad()
         registerFileClasses(asDefault);
     }
     dressConsole();
+    readKeys();
+    showKeysOfConsole();
     placeConsole();
     showTitle();
     ClickCount = 0;
@@ -67,6 +70,8 @@ void frmMedia::onLoad()
     trap([this] { openCommandLine(); });
     screen().MousePointer = pointer::kDefault;
     leaveStartForm();
+    // Its message waits for the user, which the start does not.
+    backend().later(0, [] { tellOfKeys(); });
 }
 
 void frmMedia::leaveStartForm()

@@ -2,6 +2,7 @@
 
 #include "console/frm_media.h"
 #include "console/holders.h"
+#include "console/key_commands.h"
 #include "media/shared_state.h"
 #include "texts/frm_update.h"
 #include "toolkit/activation.h"
@@ -50,11 +51,13 @@ frmPanel::frmPanel() : Form("frmPanel", Frame::Bare, {0, 0, 14400, kHeight})
     wireHover();
     Timer2.Tick = [this] { Timer2_Timer(); };
     KeyPress = [this](int code) { Form_KeyPress(code); };
+    Shortcut = [](const KeyStroke& key) { return !isOwnKey(key.character) && pressKey(key); };
 }
 
 void frmPanel::onLoad()
 {
     placeControls();
+    showKeysOfPanel(*this);
     PanelSeeking = false;
     PanelHold = false;
     MuteMemory = 0;

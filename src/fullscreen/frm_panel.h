@@ -83,7 +83,8 @@ private:
     void InvertSlider_Scroll();
     void giveVolume();
     void Form_KeyPress(int code);
-    void bringForward(int index);
+    /// One of those, which stay whatever the user chooses for the others.
+    static bool isOwnKey(int code);
     void resumeByKey();
 
     // frm_panel_strip.cpp
@@ -101,6 +102,9 @@ private:
 
 /// Brings the panel up over the full-screen picture, with this title: shown, in front, slid in, not armed.
 void bringUpPanel(const Text& title);
+
+/// The video of this slot, from 0, in front and with the focus; nothing where there is none.
+void bringVideoForward(int index);
 
 /// Out of sight, just below the monitor, at once.
 void putPanelBelow();

@@ -219,11 +219,16 @@ void frmPanel::Form_KeyPress(int code)
     default:
         // "0" is none of them.
         if (code >= '1' && code <= '9')
-            bringForward(code - '1');
+            bringVideoForward(code - '1');
     }
 }
 
-void frmPanel::bringForward(int index)
+bool frmPanel::isOwnKey(int code)
+{
+    return code == 'l' || code == 'p' || code == 'r' || code == 'f' || (code >= '1' && code <= '9');
+}
+
+void bringVideoForward(int index)
 {
     const auto slot = static_cast<std::size_t>(index);
     if (slot >= VideoWindows.size() || !VideoWindows[slot])

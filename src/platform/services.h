@@ -189,6 +189,25 @@ public:
     virtual void save(std::string_view section, std::string_view key, std::string_view value) = 0;
 };
 
+/// The text file in which the user says which keys do what. It is read and never written over.
+class KeyFile
+{
+public:
+    virtual ~KeyFile() = default;
+    enum class State { Missing, There, Unreadable, TooLong };
+    struct Content {
+        State state = State::Missing;
+        /// Bytes, as they stand there.
+        std::string text;
+    };
+    static constexpr std::size_t kMostBytes = 65536;
+    virtual Content read() const = 0;
+    /// Leaves this one where there is none, if that can be done.
+    virtual void leave(const std::string& text) = 0;
+    /// Its real path.
+    virtual std::string path() const = 0;
+};
+
 /// Files by path.
 class Files
 {
@@ -337,6 +356,7 @@ struct Services {
     FileFinder* finder = nullptr;
     Stills* stills = nullptr;
     Pictures* pictures = nullptr;
+    KeyFile* keyFile = nullptr;
 };
 
 /// The services that `installServices` has set.

@@ -5,6 +5,7 @@
 #include "console/hot_keys.h"
 #include "desktop/monitors.h"
 #include "media/shared_state.h"
+#include "texts/frm_keys.h"
 #include "texts/localised.h"
 
 #include <array>
@@ -82,6 +83,7 @@ frmHelp::frmHelp() : Form("frmHelp", Frame::Dialog, {0, 0, kWidth, 10350})
     addRows(room > 0 && room < kAmpleScreen ? kTight : kAmple);
     cmdOK.isDefault = cmdOK.isCancel = true;
     cmdOK.Click = [this] { unload(*this); };
+    cmdKeys.Click = [] { frmKeys().Show(); };
 }
 
 frmHelp::~frmHelp() = default;
@@ -138,7 +140,7 @@ void frmHelp::addKeys(Long top, const HelpPitch& pitch)
         keyNames_.back()->role = TextRole::Quiet;
         top += pitch.key;
     }
-    cmdOK.Top = top + pitch.group;
+    cmdOK.Top = cmdKeys.Top = top + pitch.group;
     cmdOK.Left = kWidth - cmdOK.Width() - kLeft;
     Height = cmdOK.Top() + cmdOK.Height() + pitch.group + kBand;
 }
@@ -149,6 +151,7 @@ void frmHelp::onLoad()
     for (const auto& row : rows_)
         row->label.Caption = localised("frmHelp." + row->label.name());
     cmdOK.Caption = localised("frmHelp.cmdOK");
+    cmdKeys.Caption = localised("keys.list");
     sayKeys();
     monitors().CenterFormOnMonitor(*this, &frmMedia());
     // A screen that is lower still shows its title and its beginning.

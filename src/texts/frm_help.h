@@ -21,6 +21,8 @@ public:
     std::vector<const Image*> pictures(int number) const;
 
     CommandButton cmdOK{*this, "cmdOK", {7440, 9240, 1440, 480}, "&Close"};
+    /// The list of all keys.
+    CommandButton cmdKeys{*this, "cmdKeys", {330, 9240, 1440, 480}, "&Keys"};
 
 protected:
     void onLoad() override;

@@ -8,6 +8,27 @@
 namespace tandrel
 {
 
+namespace
+{
+
+// Lines that it has room for as it is, and what each further one takes, in twips.
+constexpr int kLines = 3;
+constexpr int kLineHeight = 240;
+// What it gets wider by for those, and how many characters a line has then at the least.
+constexpr int kWider = 3000;
+constexpr int kCharacters = 72;
+
+/// As many as it can come to, long ones being broken.
+Long linesOf(const Text& message)
+{
+    Long lines = 0;
+    for (const Text& line : split(message, '\n'))
+        lines += 1 + characterCount(line) / kCharacters;
+    return lines;
+}
+
+} // namespace
+
 frmUpdate::frmUpdate() : Form("frmUpdate", Frame::Dialog, {0, 0, 6300, 2490})
 {
     Caption = AppTitle;
@@ -16,6 +37,24 @@ frmUpdate::frmUpdate() : Form("frmUpdate", Frame::Dialog, {0, 0, 6300, 2490})
     cmdCancel.isCancel = true;
     cmdOK.Click = [this] { answer(false); };
     cmdCancel.Click = [this] { answer(true); };
+}
+
+void frmUpdate::say(const Text& message)
+{
+    lblUpdate.Caption = message;
+    const Long lines = linesOf(message);
+    if (lines <= kLines)
+        return;
+    const Long higher = (lines - kLines) * kLineHeight;
+    lblUpdate.Width = lblUpdate.Width() + kWider;
+    lblUpdate.Height = lblUpdate.Height() + higher;
+    for (CommandButton* button : {&cmdOK, &cmdCancel}) {
+        button->Top = button->Top() + higher;
+        button->Left = button->Left() + kWider;
+    }
+    Width = Width() + kWider;
+    Height = Height() + higher;
+    monitors().CenterFormOnMonitor(*this, &frmMedia());
 }
 
 void frmUpdate::onLoad() { monitors().CenterFormOnMonitor(*this, &frmMedia()); }

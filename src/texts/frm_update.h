@@ -18,6 +18,9 @@ public:
     CommandButton cmdOK{*this, "cmdOK", {3000, 1410, 1440, 480}, "OK"};
     CommandButton cmdCancel{*this, "cmdCancel", {4560, 1410, 1440, 480}, "&Cancel"};
 
+    /// What it says. A message of more lines than it has room for makes it larger.
+    void say(const Text& message);
+
 protected:
     void onLoad() override;
     void onActivate() override;

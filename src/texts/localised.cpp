@@ -16,7 +16,7 @@ namespace
 std::vector<TextRow> joinedTables()
 {
     std::vector<TextRow> all;
-    for (const auto rows : {consoleTexts(), dialogTexts(), fullScreenTexts(), helpTexts(), messageTexts(),
+    for (const auto rows : {consoleTexts(), dialogTexts(), fullScreenTexts(), helpTexts(), keyTexts(), messageTexts(),
                             pictureTexts(), recentTexts(), windowTexts()})
         all.insert(all.end(), rows.begin(), rows.end());
     return all;

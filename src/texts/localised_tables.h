@@ -10,6 +10,7 @@ std::span<const TextRow> consoleTexts();
 std::span<const TextRow> dialogTexts();
 std::span<const TextRow> fullScreenTexts();
 std::span<const TextRow> helpTexts();
+std::span<const TextRow> keyTexts();
 std::span<const TextRow> messageTexts();
 std::span<const TextRow> pictureTexts();
 std::span<const TextRow> recentTexts();

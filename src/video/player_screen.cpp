@@ -2,6 +2,7 @@
 
 #include "console/frm_media.h"
 #include "console/holders.h"
+#include "console/key_commands.h"
 #include "toolkit/activation.h"
 #include "toolkit/screen.h"
 #include "video/player_box.h"
@@ -38,6 +39,7 @@ void PlayerScreen::attachTo(PlayerBox& player, const VideoForm& owner)
     wirePicture();
     DropFiles = [](const std::vector<Text>& paths) { frmMedia().openDropped(paths); };
     KeyDown = [this](Key key) { return player_ && player_->takeKey(key); };
+    Shortcut = &pressKey;
     MenuKey = [this] {
         if (player_)
             player_->chooseTracks();

@@ -2,6 +2,7 @@
 
 #include "console/frm_media.h"
 #include "console/holders.h"
+#include "console/key_commands.h"
 #include "desktop/wheel.h"
 #include "media/mod_media.h"
 #include "media/shared_state.h"
@@ -41,6 +42,7 @@ void VideoForm::OpenDoor() { mciSend("set CDAudio door open"); }
 
 void VideoForm::takeHold()
 {
+    Shortcut = &pressKey;
     Style.Client = this;
     WheelHookInstall(hWnd());
 }

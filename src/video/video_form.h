@@ -38,7 +38,7 @@ public:
 protected:
     /// The step up is rounded down, that down isn't.
     void wheelSize(Long rotation);
-    /// What every window begins with: the style object has it, the wheel reaches it.
+    /// What every window begins with: the style object has it, the wheel and the keys reach it.
     void takeHold();
     // What the windows outside the slot table have in common.
 

@@ -105,6 +105,18 @@ class Console(PlayerTest):
         self.assertIn(f"top={(y - 80) * 15}\n", text)
         self.assertIn(f"left={(x - 120) * 15}\n", text)
 
+    def test_a_short_click_on_the_body_does_not_tie_the_console_to_the_pointer(self):
+        player = self.up()
+        before = player.console()
+        self.click(*self.at(player, (60, 62)))
+        self.display.run("xdotool", "mousemove", "900", "300")
+        # The menu comes up where the pointer is now, so that the click and what came of it are over.
+        self.activate(before[0])
+        self.display.run("xdotool", "key", "Menu")
+        wait_for(self.popup, 20, "the menu")
+        self.assertEqual(player.console(), before)
+        self.answer("Escape", lambda: not self.popup(), "the end of the menu")
+
     def test_a_right_click_brings_the_menu_whose_last_entry_ends_the_program(self):
         player = self.up()
         self.click(*self.at(player, BODY), button=3)

@@ -7,6 +7,7 @@
 #include "console/frm_media.h"
 #include "console/holders.h"
 #include "console/slidemenu.h"
+#include "console/stillmenu.h"
 #include "console/version.h"
 #include "fullscreen/dvdmenu.h"
 #include "fullscreen/fullmenu.h"
@@ -15,6 +16,7 @@
 #include "persist/frm_prev.h"
 #include "persist/openmenu.h"
 #include "texts/frm_help.h"
+#include "texts/frm_keys.h"
 #include "texts/frm_lang.h"
 #include "texts/frm_splash.h"
 #include "texts/frm_tool_tip.h"
@@ -209,6 +211,11 @@ const std::map<std::string, std::function<void()>>& windows()
              frmMedia();
              frmHelp().Show();
          }},
+        {"frmKeys",
+         [] {
+             frmMedia();
+             frmKeys().Show();
+         }},
         {"frmToolTip", showTip},
         {"frmWait", showWait},
         {"frmUpdate", showUpdate},
@@ -239,6 +246,11 @@ const std::map<std::string, std::function<void()>>& windows()
              popUp(openmenu().popup);
          }},
         {"frmPrev", [] { showRecent(*theWorld); }},
+        {"stillmenu",
+         [] {
+             frmMedia();
+             popUp(stillmenu().popup);
+         }},
         {"slidemenu",
          [] {
              frmMedia();

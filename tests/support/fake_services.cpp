@@ -362,7 +362,7 @@ World::World()
     mci.journal = backend.journal = &journal;
     installBackend(&backend);
     installServices({&mci, &pointer, &monitors, &screenSaver, &hotKeys, &systemFacts, &settings, &files, &instances,
-                     &shell, &clock, &players, &drives, &desktop, &registry, &finder, &stills, &pictures});
+                     &shell, &clock, &players, &drives, &desktop, &registry, &finder, &stills, &pictures, &keyFile});
     resetSharedState();
     setCommandLine({});
     forgetSpentPresses();

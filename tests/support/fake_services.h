@@ -182,6 +182,18 @@ public:
     std::vector<std::string> saved;
 };
 
+class FakeKeyFile : public KeyFile
+{
+public:
+    Content read() const override { return content; }
+    void leave(const std::string& text) override { left.push_back(text); }
+    std::string path() const override { return "/home/me/keys.ini"; }
+    /// The user has written this.
+    void holds(std::string text) { content = {State::There, std::move(text)}; }
+    Content content;
+    std::vector<std::string> left;
+};
+
 /// Files in memory. The data folder is "/data".
 class FakeFiles : public Files
 {
@@ -445,6 +457,7 @@ public:
     FakeFinder finder{files};
     FakeStills stills;
     FakePictures pictures;
+    FakeKeyFile keyFile;
     FakeBackend backend;
     /// Command strings, and with `backend.windows` what happens to windows, in one order.
     std::vector<std::string> journal;

@@ -294,6 +294,7 @@ TEST_F(PlatformFiles, TheHomeOfTheProgramComesFirst)
     EXPECT_EQ(dataFolder(folder), path("home"));
     EXPECT_TRUE(fs::is_directory(path("home")));
     EXPECT_EQ(settingsFile(), path("home/MsShareStuff.ini"));
+    EXPECT_EQ(keyFileName(), path("home/keys.ini"));
 }
 
 TEST_F(PlatformFiles, AProgramMarkedAsPortableKeepsItsDataBesideItself)
@@ -316,10 +317,12 @@ TEST_F(PlatformFiles, WithoutXdgFoldersTheStandardOnesAreUsed)
         const Variable config("XDG_CONFIG_HOME", value);
         EXPECT_EQ(dataFolder("/nowhere"), path(".local/share/tandrel-player"));
         EXPECT_EQ(settingsFile(), path(".config/MsShareStuff.ini"));
+        EXPECT_EQ(keyFileName(), path(".config/tandrel-player/keys.ini"));
         EXPECT_TRUE(fs::is_directory(path(".config")));
     }
     const Variable config("XDG_CONFIG_HOME", path("etc").c_str());
     EXPECT_EQ(settingsFile(), path("etc/MsShareStuff.ini"));
+    EXPECT_EQ(keyFileName(), path("etc/tandrel-player/keys.ini"));
 }
 
 TEST_F(PlatformFiles, EachDataFolderHasItsRuntimeFolder)

@@ -91,6 +91,12 @@ std::string settingsFile()
     return made(baseFolder("XDG_CONFIG_HOME", "/.config")) + "/MsShareStuff.ini";
 }
 
+std::string keyFileName()
+{
+    const std::string home = withoutClosingSeparator(environment("TANDREL_HOME"));
+    return (home.empty() ? baseFolder("XDG_CONFIG_HOME", "/.config") + "/tandrel-player" : home) + "/keys.ini";
+}
+
 DesktopFolders desktopFolders(const std::string& programFolder)
 {
     const std::string own = ownFolder(programFolder);

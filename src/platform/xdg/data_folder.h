@@ -13,6 +13,10 @@ std::string dataFolder(const std::string& programFolder);
 /// The file of the settings: in $TANDREL_HOME, else in $XDG_CONFIG_HOME (~/.config).
 std::string settingsFile();
 
+/// The file of the keys, which the user writes: in $TANDREL_HOME, else in the folder tandrel-player of
+/// $XDG_CONFIG_HOME.
+std::string keyFileName();
+
 /// The user's folders for what programs share with the desktop, and for its settings.
 struct DesktopFolders {
     std::string share;

@@ -1,0 +1,416 @@
+// What the keys of the console and of the windows do.
+
+#include "fake_controls.h"
+#include "panel_bench.h"
+
+#include "console/key_commands.h"
+#include "console/slidemenu.h"
+#include "console/stillmenu.h"
+#include "persist/openmenu.h"
+#include "texts/frm_help.h"
+#include "texts/frm_keys.h"
+#include "texts/localised.h"
+#include "texts/menu.h"
+#include "toolkit/activation.h"
+
+#include <map>
+
+namespace tandrel::test
+{
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+namespace
+{
+
+/// Which control each key presses.
+const std::map<Text, Image ConsoleControls::*> kImages{
+    {"L", &frmMedia::imgPlay},
+    {"P", &frmMedia::imgPause},
+    {"F", &frmMedia::imgFwd},
+    {"R", &frmMedia::imgRwd},
+    {"Backspace", &frmMedia::imgReplay},
+    {"Up", &frmMedia::imgMax},
+    {"Down", &frmMedia::imgMin},
+    {"M", &frmMedia::imgMute},
+    {"Comma", &frmMedia::imgBack},
+    {"Period", &frmMedia::imgStep},
+    {"A", &frmMedia::imgPauseAll},
+    {"Y", &frmMedia::imgResync},
+    {"D", &frmMedia::imgResize},
+    {"O", &frmMedia::imgOpen},
+    {"S", &frmMedia::imgStill},
+    {"V", &frmMedia::imgVideo},
+    {"U", &frmMedia::imgAudio},
+    {"W", &frmMedia::imgShare},
+    {"Ctrl+Shift+F", &frmMedia::imgFaceBook},
+    {"Ctrl+Shift+T", &frmMedia::imgTwitter},
+    {"H", &frmMedia::imgHelp},
+    {"F1", &frmMedia::imgHelp},
+    {"I", &frmMedia::imgHide},
+    {"N", &frmMedia::imgDwn},
+    {"Ctrl+Q", &frmMedia::imgExit},
+};
+
+class ConsoleKeys : public PanelBench
+{
+protected:
+    bool press(const Text& key, bool repeats = false) { return console().Shortcut({key, 0, repeats}); }
+    std::vector<std::string> sentBy(const Text& key)
+    {
+        forgetCommands();
+        EXPECT_TRUE(press(key)) << key;
+        return commands();
+    }
+    std::vector<Menu*> entries()
+    {
+        return {
+            &slidemenu().mnuSlideCenter, &slidemenu().mnuSlideLeft, &openmenu().mnuOpenMulti, &openmenu().mnuOpenSingle,
+            &openmenu().mnuOpenLast,     &openmenu().mnuDVD,        &stillmenu().mnuStill,    &stillmenu().mnuStills,
+            &share().mnuMySpace,         &menu().mnuAutor};
+    }
+};
+
+} // namespace
+
+TEST_F(ConsoleKeys, AKeyIsAClickOnItsButton)
+{
+    start("0");
+    openSeveral(2);
+    for (const auto& [key, image] : kImages) {
+        int clicks = 0;
+        (console().*image).Click = [&] { ++clicks; };
+        EXPECT_TRUE(press(key)) << key;
+        EXPECT_EQ(clicks, 1) << key;
+    }
+}
+
+TEST_F(ConsoleKeys, EveryButtonOfTheConsoleHasAKeyInItsTip)
+{
+    start();
+    int buttons = 0;
+    for (Control* control : console().controls()) {
+        const auto* image = dynamic_cast<Image*>(control);
+        const bool button = (image && image->tabStop) || control == &console().SeekSlider ||
+                            control == &console().chkFullscreen ||
+                            (dynamic_cast<CommandButton*>(control) && control->visible());
+        buttons += button ? 1 : 0;
+        EXPECT_EQ(!control->shortcut().empty(), button) << control->name();
+    }
+    EXPECT_EQ(buttons, 24 + 1 + 1 + 2);
+    EXPECT_EQ(console().imgPlay.shortcut(), "L");
+    EXPECT_EQ(console().imgHelp.shortcut(), "F1, H");
+    EXPECT_EQ(console().imgStep.shortcut(), ".");
+    EXPECT_EQ(console().SeekSlider.shortcut(), "Left, J, Right, K");
+    EXPECT_EQ(console().imgPlay.toolTip(), "Play") << "the tip itself stays";
+}
+
+TEST_F(ConsoleKeys, AKeyIsAClickOnItsEntry)
+{
+    start("0");
+    const std::vector<Text> keys{"Ctrl+1", "Ctrl+2", "Ctrl+O",  "Ctrl+Shift+O", "Ctrl+R",
+                                 "Ctrl+D", "C",      "Shift+C", "Ctrl+Shift+M", "Ctrl+Shift+H"};
+    const auto all = entries();
+    ASSERT_EQ(all.size(), keys.size());
+    for (std::size_t at = 0; at < all.size(); ++at) {
+        int clicks = 0;
+        all[at]->Click = [&] { ++clicks; };
+        EXPECT_TRUE(press(keys[at])) << keys[at];
+        EXPECT_EQ(clicks, 1) << keys[at];
+        EXPECT_EQ(all[at]->shortcut, keys[at]);
+    }
+}
+
+TEST_F(ConsoleKeys, EveryCommandIsTestedHere)
+{
+    start();
+    const std::vector<Text> others{"play-pause", "jump-back", "jump-on", "next-video",  "previous-video",    "larger",
+                                   "smaller",    "keys",      "help",    "full-screen", "leave-full-screen", "video-1",
+                                   "video-2",    "video-3",   "video-4", "video-5",     "video-6",           "video-7",
+                                   "video-8",    "video-9"};
+    std::size_t known = others.size() + entries().size() + kImages.size() - 2;
+    EXPECT_EQ(keyCommands().size(), known);
+}
+
+// Exact commands.
+
+TEST_F(ConsoleKeys, PlayAndPauseAreThoseOfTheConsole)
+{
+    start("0");
+    openSeveral(2);
+    EXPECT_THAT(sentBy("P"), ElementsAre("Pause B"));
+    EXPECT_EQ(VideoWindows[1]->Paused, 1);
+    EXPECT_EQ(sentBy("L").front(), "set B time format ms");
+    EXPECT_EQ(VideoWindows[1]->Paused, 0);
+}
+
+TEST_F(ConsoleKeys, SpaceHoldsTheVideoAndLetsItGoOn)
+{
+    start("0");
+    open(0);
+    world.mci.looks[alias(0)] = DeviceLook{.playing = true, .place = 1.5, .length = 60};
+    EXPECT_THAT(sentBy("Space"), ElementsAre("Pause A"));
+    world.mci.looks[alias(0)] = DeviceLook{.playing = false, .place = 1.5, .length = 60};
+    EXPECT_EQ(sentBy("Space").front(), "Play A ");
+    EXPECT_EQ(VideoWindows[0]->Paused, 0);
+}
+
+TEST_F(ConsoleKeys, AJumpIsAPageOfTheSlider)
+{
+    start("0");
+    open(0);
+    VideoWindows[0]->Paused = 0;
+    world.mci.looks[alias(0)] = DeviceLook{.playing = true, .place = 30, .length = 66};
+    console().SeekSlider.Max = 66000;
+    sentBy("Right");
+    EXPECT_EQ(console().SeekSlider.Value(), 32000);
+    sentBy("K");
+    EXPECT_EQ(console().SeekSlider.Value(), 32000);
+    sentBy("Left");
+    EXPECT_EQ(console().SeekSlider.Value(), 28000);
+    sentBy("J");
+    EXPECT_EQ(console().SeekSlider.Value(), 28000);
+    EXPECT_EQ(activeForm(), VideoWindows[0].get()) << "the focus stays where the user is";
+}
+
+TEST_F(ConsoleKeys, AJumpStopsAtTheEnds)
+{
+    start("0");
+    open(0);
+    console().SeekSlider.Max = 66000;
+    world.mci.looks[alias(0)] = DeviceLook{.playing = true, .place = 0.5, .length = 66};
+    sentBy("Left");
+    EXPECT_EQ(console().SeekSlider.Value(), 0);
+    world.mci.looks[alias(0)] = DeviceLook{.playing = true, .place = 65, .length = 66};
+    EXPECT_THAT(sentBy("Right"), IsEmpty());
+    world.mci.looks[alias(0)] = DeviceLook{.playing = true, .place = 1, .length = std::nullopt};
+    EXPECT_THAT(sentBy("Right"), IsEmpty()) << "of a medium without a length nobody knows how far";
+}
+
+TEST_F(ConsoleKeys, WithoutAVideoTheyDoNothing)
+{
+    start("0");
+    for (const char* key : {"Left", "Right", "Space", "Ctrl+Tab", "1", "9", "Up", "Plus", "P", "L"})
+        EXPECT_THAT(sentBy(key), IsEmpty()) << key;
+}
+
+TEST_F(ConsoleKeys, LouderAndQuieterGoByTen)
+{
+    start("0");
+    open(0);
+    EXPECT_THAT(sentBy("Up"), ElementsAre("setaudio A Volume to 600"));
+    EXPECT_THAT(sentBy("Down"), ElementsAre("setaudio A Volume to 500"));
+}
+
+TEST_F(ConsoleKeys, TheNumberBringsItsVideo)
+{
+    start("0");
+    openSeveral(3);
+    sentBy("1");
+    EXPECT_EQ(activeForm(), VideoWindows[0].get());
+    sentBy("3");
+    EXPECT_EQ(activeForm(), VideoWindows[2].get());
+    sentBy("9");
+    EXPECT_EQ(activeForm(), VideoWindows[2].get());
+}
+
+TEST_F(ConsoleKeys, FromOneVideoToTheNext)
+{
+    start("0");
+    openSeveral(3);
+    VideoWindows[0]->SetFocus();
+    sentBy("Ctrl+Tab");
+    EXPECT_EQ(activeForm(), VideoWindows[1].get());
+    sentBy("Ctrl+Shift+Tab");
+    EXPECT_EQ(activeForm(), VideoWindows[0].get());
+    sentBy("Ctrl+Shift+Tab");
+    EXPECT_EQ(activeForm(), VideoWindows[2].get()) << "the row has no ends";
+}
+
+TEST_F(ConsoleKeys, LargerAndSmaller)
+{
+    start("0");
+    open(0);
+    sentBy("Plus");
+    EXPECT_EQ(SizePercent, 125);
+    sentBy("Minus");
+    EXPECT_EQ(SizePercent, 100);
+}
+
+TEST_F(ConsoleKeys, TheListOfKeysComesUp)
+{
+    start();
+    EXPECT_TRUE(press("Ctrl+K"));
+    EXPECT_TRUE(frmKeys().visible());
+    Unload<class frmKeys>();
+    frmHelp().cmdKeys.userClick();
+    EXPECT_TRUE(frmKeys().visible());
+}
+
+// Where they are heard.
+
+TEST_F(ConsoleKeys, VideoWindowsHearThemToo)
+{
+    start("0");
+    frmChild& window = open(0);
+    forgetCommands();
+    EXPECT_TRUE(window.Shortcut({"P", 'p', false}));
+    EXPECT_THAT(commands(), ElementsAre("Pause A"));
+}
+
+TEST_F(ConsoleKeys, AHeldKeyCountsOnceButForThoseThatGoOn)
+{
+    start("0");
+    open(0);
+    forgetCommands();
+    EXPECT_TRUE(press("P", true));
+    EXPECT_THAT(commands(), IsEmpty());
+    EXPECT_TRUE(press("Up", true));
+    EXPECT_THAT(commands(), ElementsAre("setaudio A Volume to 600"));
+}
+
+TEST_F(ConsoleKeys, AnyOtherKeyIsLeftToWhoeverWantsIt)
+{
+    start("0");
+    open(0);
+    for (const char* key : {"", "0", "Q", "Ctrl+L", "Shift+L", "Escape", "Enter", "Ctrl+Alt+Shift+P"})
+        EXPECT_FALSE(press(key)) << key;
+}
+
+TEST_F(ConsoleKeys, NothingHappensWhileTheProgramEnds)
+{
+    start("0");
+    open(0);
+    console().ClosingDown = true;
+    forgetCommands();
+    EXPECT_FALSE(press("P"));
+    EXPECT_THAT(commands(), IsEmpty());
+}
+
+TEST_F(ConsoleKeys, AMenuComesUpFromAVideosKeyToo)
+{
+    start("0");
+    frmChild& window = open(0);
+    EXPECT_TRUE(window.Shortcut({"O", 'o', false}));
+    EXPECT_THAT(world.backend.menus, ElementsAre("openmenu.popup"));
+}
+
+// Over a full picture.
+
+TEST_F(ConsoleKeys, OverAFullPictureThePanelsButtonsArePressed)
+{
+    frmChild& full = fullScreen();
+    const std::map<Text, Image frmPanel::*> buttons{{"L", &frmPanel::imgPlay},       {"P", &frmPanel::imgPause},
+                                                    {"F", &frmPanel::imgFwd},        {"R", &frmPanel::imgRwd},
+                                                    {"M", &frmPanel::imgVolButton},  {"F11", &frmPanel::imgNoFull},
+                                                    {"Escape", &frmPanel::imgNoFull}};
+    for (const auto& [key, image] : buttons) {
+        int clicks = 0;
+        (panel().*image).Click = [&] { ++clicks; };
+        EXPECT_TRUE(full.Shortcut({key, 0, false})) << key;
+        EXPECT_EQ(clicks, 1) << key;
+    }
+}
+
+TEST_F(ConsoleKeys, TheDiscsMenuIsForDiscs)
+{
+    fullScreen();
+    int menus = 0;
+    int replays = 0;
+    panel().imgDVD.Click = [&] { ++menus; };
+    console().imgReplay.Click = [&] { ++replays; };
+    press("Backspace");
+    EXPECT_EQ(replays, 1);
+    DVDMode = true;
+    press("Backspace");
+    EXPECT_EQ(menus, 1);
+}
+
+TEST_F(ConsoleKeys, WhatBelongsToWindowsWaitsForThem)
+{
+    fullScreen();
+    for (const char* key : {"O", "D", "Plus", "Ctrl+O", "Ctrl+1", "H", "I", "A", "Period"})
+        EXPECT_FALSE(press(key)) << key;
+    EXPECT_THAT(world.backend.menus, IsEmpty());
+    EXPECT_TRUE(press("C")) << "a picture can be taken of it";
+}
+
+TEST_F(ConsoleKeys, EscapeEndsFullScreen)
+{
+    frmChild& full = fullScreen();
+    console().Timer2.Enabled = true;
+    EXPECT_TRUE(full.Shortcut({"Escape", 27, false}));
+    console().Timer2.tick();
+    EXPECT_FALSE(FullScreenOn);
+    EXPECT_FALSE(press("Escape"));
+}
+
+TEST_F(ConsoleKeys, ThePanelKeepsItsOwnKeysWhateverTheUserChooses)
+{
+    world.keyFile.holds("mute = L, P, F, R, 1\nplay = F5\n");
+    fullScreen();
+    int mutes = 0;
+    panel().imgVolButton.Click = [&] { ++mutes; };
+    for (const char key : {'l', 'p', 'f', 'r', '1'})
+        EXPECT_FALSE(panel().Shortcut({upper(Text(1, key)), key, false})) << key;
+    EXPECT_EQ(mutes, 0);
+    // Those that the panel has no meaning for.
+    EXPECT_TRUE(panel().Shortcut({"L", 'L', false}));
+    EXPECT_EQ(mutes, 1);
+    EXPECT_TRUE(panel().Shortcut({"F5", 0, false}));
+}
+
+TEST_F(ConsoleKeys, ThePanelsTipsShowTheirKeys)
+{
+    fullScreen();
+    EXPECT_EQ(panel().imgPlay.shortcut(), "L");
+    EXPECT_EQ(panel().imgPause.shortcut(), "P");
+    EXPECT_EQ(panel().imgFwd.shortcut(), "F");
+    EXPECT_EQ(panel().imgRwd.shortcut(), "R");
+    EXPECT_EQ(panel().imgDVD.shortcut(), "Backspace");
+    EXPECT_EQ(panel().imgVolButton.shortcut(), "M");
+    EXPECT_EQ(panel().imgNoFull.shortcut(), "F11, Esc");
+    EXPECT_EQ(panel().imgPlay.toolTip(), "Play");
+}
+
+TEST_F(ConsoleKeys, TheVolumeOfThePanelFollows)
+{
+    fullScreen();
+    press("Up");
+    EXPECT_EQ(panel().InvertSlider.Value(), console().VolumeSlider.Value());
+    EXPECT_EQ(console().VolumeSlider.Value(), 60);
+}
+
+// The list.
+
+TEST_F(ConsoleKeys, TheListHasEveryCommandInEveryLanguage)
+{
+    start();
+    for (const auto code : kTextLanguages) {
+        Language = code;
+        console().imgPlay.ToolTip = localised("frmMedia.imgPlay");
+        const auto lines = frmKeys::lines();
+        EXPECT_EQ(lines.size(), keyCommands().size() - 8);
+        for (const auto& line : lines) {
+            EXPECT_FALSE(line.says.empty()) << code << " " << line.keys;
+            EXPECT_FALSE(line.keys.empty()) << code << " " << line.says;
+            EXPECT_EQ(line.says.find('&'), Text::npos) << line.says;
+        }
+        EXPECT_EQ(lines[0].says, localised("frmMedia.imgPlay"));
+        EXPECT_EQ(lines[13].keys, "1 2 3 4 5 6 7 8 9");
+    }
+}
+
+TEST_F(ConsoleKeys, TheListSaysWhereTheKeysAreChanged)
+{
+    start();
+    EXPECT_TRUE(frmKeys().lblFile.caption().ends_with("\n/home/me/keys.ini"));
+    EXPECT_LE(frmKeys().height(), 768 * 15);
+    EXPECT_LE(frmKeys().width(), 1366 * 15);
+    EXPECT_EQ(frmKeys().caption(), "Keys - " + AppTitle);
+    frmKeys().cmdOK.userClick();
+    EXPECT_FALSE(Loaded<class frmKeys>());
+}
+
+} // namespace tandrel::test
