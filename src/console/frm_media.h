@@ -179,6 +179,7 @@ private:
     void leaveStartForm();
     // What later forms bring, in the order in which the load calls it.
     void nameInLanguage();
+    void nameForEars();
     void showSplash();
     void registerFileClasses(bool asDefault);
     void dressConsole();

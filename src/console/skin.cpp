@@ -136,6 +136,7 @@ void frmMedia::nameInLanguage()
         (this->*label.label).Caption = localised(label.key);
     InvertSlider.ToolTip = localised("frmMedia.InvertSlider");
     VolumeSlider.ToolTip = "Volume";
+    nameForEars();
     menu().mnuHelp.Caption = localised("menu.mnuHelp");
     menu().mnuEsci.Caption = localised("menu.mnuEsci");
     openmenu().nameInLanguage();
@@ -146,6 +147,20 @@ void frmMedia::nameInLanguage()
                            localised("system.close")});
     backend().setFileDialogTexts(localisedDialogTexts());
     showMode();
+}
+
+void frmMedia::nameForEars()
+{
+    SeekSlider.Spoken = localised("spoken.place");
+    lblCurTime.Spoken = Label7.caption();
+    lblDuration.Spoken = Label6.caption();
+    lblVolume.Spoken = Label4.caption();
+    lblSize.Spoken = Label1.caption();
+    // The slider grows downwards, and the volume upwards.
+    InvertSlider.spokenValue = {
+        [this] { return static_cast<double>(VolumeSlider.value()); },
+        [this] { return static_cast<double>(VolumeSlider.maximum()); },
+        [this](double volume) { InvertSlider.userStep(VolumeSlider.maximum() - Long(volume)); }};
 }
 
 void frmMedia::wireControls()

@@ -98,6 +98,8 @@ private:
     void seekToStrip();
     /// The medium goes where the strip is dragged to.
     void followDrag();
+    /// The strip is pressed at this place, in the units of the console's slider.
+    void seekAsPressed(double place);
 };
 
 /// Brings the panel up over the full-screen picture, with this title: shown, in front, slid in, not armed.

@@ -5,6 +5,7 @@
 #include "fullscreen/frm_panel.h"
 #include "media/mod_media.h"
 #include "media/shared_state.h"
+#include "texts/localised.h"
 #include "video/other_media.h"
 #include "video/slots.h"
 
@@ -20,6 +21,18 @@ void frmPanel::wireStrip()
         PanelIdle = false;
     };
     imgMoveUp.Click = [this] { imgMoveUp_Click(); };
+    imgMoveUp.Spoken = localised("spoken.place");
+    imgMoveUp.spokenValue = {[] { return static_cast<double>(frmMedia().SeekSlider.value()); },
+                             [] { return static_cast<double>(frmMedia().SeekSlider.maximum()); },
+                             [this](double place) { seekAsPressed(place); }};
+    lblCurrent.Spoken = imgMoveUp.spoken();
+}
+
+void frmPanel::seekAsPressed(double place)
+{
+    const Long most = frmMedia().SeekSlider.maximum();
+    showPull(most > 0 ? place / static_cast<double>(most) * static_cast<double>(slide_black.width()) : 0.0);
+    imgMoveUp_Click();
 }
 
 bool frmPanel::isOnStrip(Long x) const

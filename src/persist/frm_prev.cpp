@@ -100,6 +100,7 @@ void frmPrev::wireTile(const Tile& tile, const std::function<void()>& action)
         tile.label.ForeColor = kWhite;
     };
     tile.lit.pointerShape = pointer::kHand;
+    tile.lit.silent = true;
     showsPress(tile.lit);
     tile.label.alignment = Alignment::Centre;
     tile.label.ForeColor = kGrey;
@@ -145,6 +146,7 @@ void frmPrev::nameInLanguage()
     cmdOK.Caption = localised("frmPrev.cmdOK");
     cmdRecent.Caption = localised("frmPrev.cmdRecent");
     cmdCancel.Caption = localised("frmPrev.cmdCancel");
+    lstFiles.Spoken = trim(fraPrev.caption());
     lstFiles.emptyText = trim(localised("frmPrev.none"));
 }
 

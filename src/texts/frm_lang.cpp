@@ -30,6 +30,7 @@ frmLang::frmLang() : Form("frmLang", Frame::Dialog, {screen().FirstLeft(), scree
 {
     Caption = kProgramName;
     lblLang.role = TextRole::Quiet;
+    cboLang.Spoken = lblLang.caption();
     cmdOK.isDefault = true;
     cmdOK.Click = [this] { cmdOK_Click(); };
     for (const OfferedLanguage& language : kLanguages)

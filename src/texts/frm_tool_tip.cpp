@@ -17,6 +17,7 @@ frmToolTip::frmToolTip() : Form("frmToolTip", Frame::Skin, {0, 0, 5730, 1770})
     setWindowWord(style::kExtendedWord, style::kToolWindow);
     Maschera.Visible = false;
     imgExit.Visible = false;
+    imgExit.silent = true;
     imgExit1.tabStop = true;
     lblTool.role = TextRole::Quiet;
     // The text beside the box belongs to it.

@@ -13,6 +13,7 @@ frmWait::frmWait() : Form("frmWait", Frame::Notice, {screen().FirstLeft(), scree
     lblCount.alignment = Alignment::Centre;
     lblCount.Visible = false;
     barDone.Visible = false;
+    barDone.Spoken = lblClose.caption();
 }
 
 void frmWait::onLoad() { monitors().centreWhereItStands(*this); }

@@ -207,6 +207,24 @@ constexpr TextRow kRows[] = {
          "Schließen",
          "Fechar",
      }},
+    {"spoken.place",
+     {
+         "Position",
+         "Posición",
+         "Position",
+         "Posizione",
+         "Position",
+         "Posição",
+     }},
+    {"spoken.picture",
+     {
+         "Picture",
+         "Imagen",
+         "Image",
+         "Immagine",
+         "Bild",
+         "Imagem",
+     }},
 };
 
 } // namespace

@@ -55,6 +55,12 @@ void Control::setShortcut(Text keys)
     notify(Aspect::ToolTip);
 }
 
+void Control::setSpoken(Text words)
+{
+    spoken_ = std::move(words);
+    notify(Aspect::ToolTip);
+}
+
 void Control::setBorderStyle(int style)
 {
     borderStyle_ = style;

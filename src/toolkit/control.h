@@ -8,11 +8,19 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace tandrel
 {
 
 class Form;
+
+/// A value between 0 and `most`, for assistive technology to read and to set.
+struct SpokenValue {
+    std::function<double()> get;
+    std::function<double()> most;
+    std::function<void(double)> set;
+};
 
 /// A place in twips, relative to the container.
 struct TwipsRect {
@@ -78,6 +86,8 @@ public:
     /// Keys that do the same, as the user sees them: "Left, J". They stand behind the tip.
     Text shortcut() const { return shortcut_; }
     void setShortcut(Text keys);
+    Text spoken() const { return spoken_; }
+    void setSpoken(Text words);
     Text tag() const { return tag_; }
     void setTag(Text text) { tag_ = std::move(text); }
     int borderStyle() const { return borderStyle_; }
@@ -91,6 +101,9 @@ public:
     Property<Control, bool, &Control::enabled, &Control::setEnabled> Enabled{*this};
     /// The tip under the pointer; it is the control's accessible name too.
     Property<Control, Text, &Control::toolTip, &Control::setToolTip> ToolTip{*this};
+    /// What assistive technology calls a control that has neither tip nor caption. A label's own text is its name, and
+    /// these words say what it tells.
+    Property<Control, Text, &Control::spoken, &Control::setSpoken> Spoken{*this};
     Property<Control, Text, &Control::tag, &Control::setTag> Tag{*this};
     /// 0 none, 1 fixed single.
     Property<Control, int, &Control::borderStyle, &Control::setBorderStyle> BorderStyle{*this};
@@ -106,6 +119,11 @@ public:
 
     /// The pointer's shape over it, one of `pointer::`. Set before the form is loaded.
     int pointerShape = 0;
+    /// Assistive technology leaves it out, as another control says the same.
+    bool silent = false;
+    /// For assistive technology this is a slider, or one whose value counts another way than its own does. Set before
+    /// the form is loaded.
+    std::optional<SpokenValue> spokenValue;
 
     /// All four at once, with one `Resize` if the size has changed.
     void move(const TwipsRect& place);
@@ -145,6 +163,7 @@ private:
     int borderStyle_ = 0;
     Text toolTip_;
     Text shortcut_;
+    Text spoken_;
     Text tag_;
     std::unique_ptr<ControlView> view_;
 };

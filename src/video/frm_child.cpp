@@ -4,6 +4,7 @@
 #include "console/holders.h"
 #include "desktop/wheel.h"
 #include "media/mod_media.h"
+#include "texts/localised.h"
 #include "toolkit/screen.h"
 #include "video/slots.h"
 
@@ -15,6 +16,8 @@ frmChild::frmChild() : VideoWindow("frmChild", Frame::Video, {0, 0, 4810, 4505})
     picVideo.dark = true;
     lblError.alignment = Alignment::Centre;
     lblError.role = TextRole::Quiet;
+    // It lies behind the picture.
+    lblError.silent = true;
     lblVolume.autoSize = true;
     Picture1.Visible = false;
     showStrips(false);
@@ -30,6 +33,7 @@ void frmChild::onLoad()
     takeHold();
     Volume = frmMedia().VolumeSlider.Value;
     Paused = 0;
+    picVideo.Spoken = localised("spoken.picture");
 }
 
 void frmChild::ReadMediaSize()
@@ -44,6 +48,7 @@ void frmChild::markFailed()
 {
     Tag = "2";
     picVideo.Visible = false;
+    lblError.silent = false;
 }
 
 bool frmChild::hasFailed() const { return trim(tag()) == "2"; }

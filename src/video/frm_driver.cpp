@@ -13,6 +13,7 @@ frmDriver::frmDriver() : Form("frmDriver", Frame::Dialog, {screen().FirstLeft(),
 {
     Caption = AppTitle;
     lblLang.role = TextRole::Quiet;
+    cboDriver.Spoken = lblLang.caption();
     cmdOK.isDefault = true;
     cmdCancel.isCancel = true;
     cmdOK.Click = [this] { cmdOK_Click(); };

@@ -62,6 +62,7 @@ void frmDVD::onLoad()
 {
     DVDMode = true;
     otherMedia().dvd = {this, &dvdPicture};
+    picDVD.Spoken = localised("spoken.picture");
     wanted_ = frmMedia().DiscWanted;
     takeHold();
     takeCorner();

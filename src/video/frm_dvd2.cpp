@@ -42,6 +42,7 @@ void frmDVD2::chooseNoDrive()
 void frmDVD2::onLoad()
 {
     otherMedia().dvd2 = {this, &picDVD};
+    picDVD.Spoken = localised("spoken.picture");
     frmWait().Show();
     takeHold();
     screen().MousePointer = pointer::kHourglass;

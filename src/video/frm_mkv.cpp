@@ -1,6 +1,7 @@
 #include "video/frm_mkv.h"
 
 #include "media/shared_state.h"
+#include "texts/localised.h"
 #include "toolkit/screen.h"
 #include "video/other_media.h"
 #include "video/slots.h"
@@ -13,6 +14,7 @@ void frmMKV::onLoad()
     screen().MousePointer = pointer::kHourglass;
     MkvOpen = true;
     otherMedia().mkv = {this, &picDVD};
+    picDVD.Spoken = localised("spoken.picture");
     takeHold();
     takeCorner();
     Refresh();

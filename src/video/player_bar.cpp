@@ -1,5 +1,6 @@
 #include "video/player_bar.h"
 
+#include "texts/localised.h"
 #include "toolkit/press.h"
 #include "toolkit/trap.h"
 #include "video/player_box.h"
@@ -39,6 +40,7 @@ PlayerBar::PlayerBar(Form& form, Control* container, PlayerBox& player)
 {
     // The keys are for the picture.
     sldPlace.takesKeys = false;
+    sldPlace.Spoken = localised("spoken.place");
     lblTimes.role = TextRole::Value;
     lblTimes.alignment = Alignment::Right;
     imgToggle.ToolTip = "Play / Pause";

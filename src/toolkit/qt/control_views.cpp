@@ -2,6 +2,7 @@
 
 #include "toolkit/activation.h"
 #include "toolkit/controls.h"
+#include "toolkit/qt/accessible.h"
 #include "toolkit/qt/cursor_shape.h"
 #include "toolkit/qt/form_widget.h"
 #include "toolkit/qt/frame_painter.h"
@@ -32,6 +33,7 @@ Text tipOf(const Control& control)
 WidgetView::WidgetView(Control& control, FormWidget& window, QWidget* widget)
     : control_(control), window_(window), widget_(widget)
 {
+    speakFor(*widget_, control);
     widget_->setObjectName(QString::fromStdString(control.name()));
     widget_->installEventFilter(this);
     widget_->setMouseTracking(true);
@@ -43,8 +45,10 @@ WidgetView::WidgetView(Control& control, FormWidget& window, QWidget* widget)
 
 WidgetView::~WidgetView()
 {
-    if (widget_)
-        widget_->removeEventFilter(this);
+    if (!widget_)
+        return;
+    forgetSpoken(*widget_);
+    widget_->removeEventFilter(this);
 }
 
 void WidgetView::changed(Aspect aspect)
@@ -63,7 +67,7 @@ void WidgetView::changed(Aspect aspect)
         break;
     case Aspect::ToolTip:
         widget_->setToolTip(plainTip(rendered(tipOf(control_))));
-        widget_->setAccessibleName(rendered(control_.toolTip()));
+        widget_->setAccessibleName(rendered(control_.toolTip().empty() ? control_.spoken() : control_.toolTip()));
         break;
     case Aspect::Order:
         widget_->raise();

@@ -26,6 +26,8 @@ public:
     explicit FormWidget(Form& form);
     /// The form is gone; the widget lives on until its present event is done.
     void forget() { form_ = nullptr; }
+    /// Null once it is gone.
+    const Form* form() const { return form_; }
     /// Where the controls of the form lie.
     QPoint origin() const;
     /// Puts the windows' geometry to `rect`, without a report to the form.

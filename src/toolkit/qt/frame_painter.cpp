@@ -19,13 +19,6 @@ namespace
 constexpr int kRadius = 8;
 constexpr std::string_view kMark = "§";
 
-/// What eyes see of a caption: one with the mark holds a path, for handlers.
-QString titleOf(const Form& form)
-{
-    return rendered(form.caption().starts_with(kMark) ? fileNameOf(fromSecondCharacter(form.caption()))
-                                                      : form.caption());
-}
-
 void paintTitle(QPainter& painter, const QString& title, const QRect& place, bool selected)
 {
     QFont font = painter.font();
@@ -88,6 +81,12 @@ void paintGlass(QPainter& painter, const QRect& area)
 }
 
 } // namespace
+
+QString titleOf(const Form& form)
+{
+    return rendered(form.caption().starts_with(kMark) ? fileNameOf(fromSecondCharacter(form.caption()))
+                                                      : form.caption());
+}
 
 QRegion roundedRegion(const QRect& area)
 {

@@ -33,6 +33,9 @@ inline constexpr int kCaptionBand = 25;
 /// `area` is the whole window; `selected` marks the active form.
 void paintFrame(QPainter& painter, const Form& form, const QRect& area, bool selected);
 
+/// What eyes see of a form's caption: one of a video holds a path, for handlers.
+QString titleOf(const Form& form);
+
 /// The best rendering of a byte string: invalid bytes become replacement characters, line ends blanks, and mapped marks
 /// the characters that they stand for.
 QString rendered(const Text& bytes);

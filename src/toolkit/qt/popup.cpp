@@ -147,7 +147,13 @@ Menu* QtBackend::popUp(Menu& head)
     RoundedMenu menu(QString::fromStdString(head.name()));
     fill(menu, head, meaning);
     Menu* chosen = nullptr;
-    connect(&menu, &QMenu::triggered, &menu, [&](QAction* action) { chosen = meaning.at(action); });
+    connect(&menu, &QMenu::triggered, &menu, [&](QAction* action) {
+        chosen = meaning.at(action);
+        // Assistive technology chooses an entry and leaves the menu as it is. The one in front is a submenu, if any.
+        while (QWidget* up = QApplication::activePopupWidget())
+            if (!up->close())
+                break;
+    });
     menu.exec(placeOfKey().value_or(QCursor::pos()));
     return chosen;
 }

@@ -2,6 +2,7 @@
 
 #include "toolkit/activation.h"
 #include "toolkit/press.h"
+#include "toolkit/qt/accessible.h"
 #include "toolkit/qt/cursor_shape.h"
 #include "toolkit/qt/drawings.h"
 #include "toolkit/qt/form_widget.h"
@@ -47,6 +48,7 @@ QtBackend::QtBackend()
     const QRect place = first->geometry();
     screen().setMetrics(twipsPerPixel(first->logicalDotsPerInchX()), twipsPerPixel(first->logicalDotsPerInchY()),
                         {place.left(), place.top(), place.left() + place.width(), place.top() + place.height()});
+    installAccessible();
     loadDrawings();
     applyStyle(*qApp);
     QGuiApplication::setWindowIcon(QIcon(drawing(QStringLiteral("app"), {kIconSize, kIconSize}, 1)));

@@ -1,5 +1,6 @@
 #include "toolkit/activation.h"
 #include "toolkit/form.h"
+#include "toolkit/qt/accessible.h"
 #include "toolkit/qt/focus_ring.h"
 #include "toolkit/qt/kinds.h"
 #include "toolkit/qt/mouse_buttons.h"
@@ -216,6 +217,12 @@ public:
 
 protected:
     bool eventFilter(QObject*, QEvent*) override { return false; }
+    void show(Aspect aspect) override
+    {
+        WidgetView::show(aspect);
+        if (aspect == Aspect::Value)
+            tellSpokenValue(*widget_);
+    }
 };
 
 } // namespace
