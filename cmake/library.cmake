@@ -42,8 +42,8 @@ function(tandrel_library folder)
   list(TRANSFORM arg_SOURCES PREPEND ${CMAKE_SOURCE_DIR}/src/${folder}/)
   add_library(${name} STATIC ${arg_SOURCES})
   target_include_directories(${name} PUBLIC ${root})
-  if(TANDREL_SANITIZE AND NOT arg_APART)
-    # Built from the beginning for the most part, where what the sources include takes longer than they do themselves.
+  # What is built from the beginning for the most part: what the sources include takes longer than they do themselves.
+  if((TANDREL_SANITIZE OR TANDREL_TOGETHER) AND NOT arg_APART)
     set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8)
   endif()
   list(TRANSFORM arg_USES REPLACE "/" "_")

@@ -20,7 +20,7 @@ namespace
 using std::chrono::microseconds;
 using Kind = RemoteCommand::Kind;
 
-constexpr double kVolumeStep = 0.1;
+constexpr double kLouderByKey = 0.1;
 constexpr int kPagesOfMedium = 33;
 
 } // namespace
@@ -56,7 +56,7 @@ void volumeByKey(int direction)
     else
         RemoteControl().carryOut(
             {.kind = Kind::Volume,
-             .level = static_cast<double>(console.VolumeSlider.value()) / kLoudest + direction * kVolumeStep});
+             .level = static_cast<double>(console.VolumeSlider.value()) / kLoudest + direction * kLouderByKey});
     if (Loaded<class frmPanel>())
         frmPanel().InvertSlider.Value = console.VolumeSlider.Value;
 }

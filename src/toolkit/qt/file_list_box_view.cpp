@@ -27,7 +27,7 @@ constexpr int kStillWidth = 60;
 constexpr int kStillHeight = 34;
 /// Of the drawing that stands in for a still.
 constexpr int kMarkSize = 20;
-constexpr int kGap = 10;
+constexpr int kEntryGap = 10;
 constexpr int kNoteWidth = 64;
 constexpr int kFolderRole = Qt::UserRole;
 constexpr int kNoteRole = Qt::UserRole + 1;
@@ -53,12 +53,12 @@ public:
         const QRectF still(row.left() + scaledPixels(5), row.center().y() - scaledPixels(kStillHeight) / 2.0,
                            scaledPixels(kStillWidth), scaledPixels(kStillHeight));
         paintStill(*painter, still, index.data(Qt::DecorationRole).value<QPixmap>());
-        const double left = still.right() + scaledPixels(kGap);
-        const QRectF words(left, row.top(), row.right() - scaledPixels(kNoteWidth + kGap) - left, row.height());
+        const double left = still.right() + scaledPixels(kEntryGap);
+        const QRectF words(left, row.top(), row.right() - scaledPixels(kNoteWidth + kEntryGap) - left, row.height());
         const bool selected = (option.state & QStyle::State_Selected) != 0;
         paintWords(*painter, words, index, selected);
         painter->setPen(selected ? palette::kText : palette::kQuietText);
-        painter->drawText(row.adjusted(0, 0, -scaledPixels(kGap), 0), Qt::AlignRight | Qt::AlignVCenter,
+        painter->drawText(row.adjusted(0, 0, -scaledPixels(kEntryGap), 0), Qt::AlignRight | Qt::AlignVCenter,
                           index.data(kNoteRole).toString());
         painter->restore();
     }

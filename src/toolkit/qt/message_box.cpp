@@ -17,7 +17,7 @@ namespace
 {
 
 constexpr int kIcon = 40;
-constexpr int kMargin = 12;
+constexpr int kBoxMargin = 12;
 
 const char* iconOf(BoxStyle style)
 {
@@ -47,7 +47,7 @@ MessageBox::MessageBox(const QString& text, BoxStyle style, const QString& title
     setText(text);
     const int icon = scaledPixels(kIcon);
     setIconPixmap(drawing(QString::fromLatin1(iconOf(style)), {icon, icon}, devicePixelRatioF()));
-    setContentsMargins(kMargin, kCaptionBand + kMargin, kMargin, kMargin);
+    setContentsMargins(kBoxMargin, kCaptionBand + kBoxMargin, kBoxMargin, kBoxMargin);
     if (style == BoxStyle::YesNoQuestion) {
         setStandardButtons(QMessageBox::Yes | QMessageBox::No);
         button(QMessageBox::Yes)->setText(rendered(texts.yes));
