@@ -19,7 +19,7 @@ BUTTONS = ("Play", "Pause", "Rewind", "Forward", "Restart", "Open...", GROUP + "
            "Share On Twitter", "Volume +", "Volume -", "Save Pictures", "Minimize All Panels", "Minimize Control Panel",
            "Exit", "Resize +", "Resize -")
 SLIDERS = ("Position", "Volume")
-PANEL_BUTTONS = ("Play", "Pause", "Rewind", "Forward", "Fullscreen Off", "Mute On/Off")
+PANEL_BUTTONS = ("Pause", "Rewind", "Forward", "Fullscreen Off", "Mute On/Off")
 HELP, KEYS, RECENT = "Help Control Panel - ", "Keys - ", "Tandrel Player - Open Multimedia"
 
 
@@ -91,10 +91,11 @@ class Console(Reach):
         self.press(player, "Forward", sent('setaudio "{}" Volume to 500'), "the end of the jumps")
         self.press(player, "Volume +", sent('setaudio "{}" Volume to 600'), "louder")
         self.press(player, "Volume -", sent('setaudio "{}" Volume to 500'), "less loud")
-        width = player.size(self.selected)[0]
-        self.press(player, "Resize +", lambda _: player.size(self.selected)[0] not in (0, width), "another size")
-        larger = player.size(self.selected)[0]
-        self.press(player, "Resize -", lambda _: player.size(self.selected)[0] not in (0, larger), "a smaller size")
+        shown = lambda percent: self.find(player, CONSOLE, "label", percent)
+        self.press(player, "Resize +", lambda commands: shown("125 %") and self.sent('put "{}" window at')(commands),
+                   "a larger picture")
+        self.press(player, "Resize -", lambda commands: shown("100 %") and self.sent('put "{}" window at')(commands),
+                   "the picture as before")
 
     def test_the_buttons_of_the_group_do_what_they_say(self):
         player = self.up()
@@ -159,7 +160,7 @@ class Console(Reach):
         self.press(player, "Share On Twitter", lambda _: len(pages()) == 2, "a page")
         self.press_part(player, CONSOLE, "push button", "Share")
         self.assertEqual(len(self.entries(player)), 3)
-        self.choose_in_menu(player, "On FaceBook")
+        self.choose_in_menu(player, "On Facebook")
         wait_for(lambda: len(pages()) == 3, 20, "a page by the menu")
 
 
@@ -176,7 +177,7 @@ class Menus(Reach):
         self.close_menu()
         self.press_part(player, CONSOLE, "push button", "Open...")
         self.assertGreaterEqual(len(self.entries(player)), 4)
-        self.choose_in_menu(player, "Open Multiple")
+        self.choose_in_menu(player, "Open Miltiple")
         wait_for(lambda: file_dialog.window_of(self.display, MULTIPLE), 20, "the dialog for files")
         self.check(player, MULTIPLE)
         self.display.run("xdotool", "key", "Escape")
@@ -223,7 +224,7 @@ class Forms(Reach):
     def test_the_message_of_the_first_open(self):
         player = self.up(1, films, tips="1")
         self.press_part(player, CONSOLE, "push button", "Open...")
-        self.choose_in_menu(player, "Open Multiple")
+        self.choose_in_menu(player, "Open Miltiple")
         file_dialog.choose(self.display, MULTIPLE, self.folder, *(os.path.basename(name) for name in films(2, self.folder)))
         message = wait_for(lambda: next((window for window in self.windows(player) if any(
             part["name"] == "OK" and part["role"] == "push button" for part in window)), None), 20, "the message")
@@ -314,6 +315,7 @@ class FullScreen(Reach):
         self.assert_told_apart(parts)
         self.assertLessEqual(set(PANEL_BUTTONS), {part["name"] for part in parts if part["role"] == "push button"})
         self.press(player, "Pause", self.sent('Pause "{}"'), "the pause", window="Panel")
+        self.press(player, "Play", self.sent('Play "{}"'), "the play", window="Panel")
         strip = self.wait_for_part(player, "Panel", "slider", "Position")
         begin = len(player.commands())
         self.assertTrue(self.reader.set_value(strip, 150000))

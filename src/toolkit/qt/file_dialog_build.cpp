@@ -131,6 +131,7 @@ QLayout* FileDialogWindow::makeMiddle()
 void FileDialogWindow::makePlaces()
 {
     places_ = named(new QListWidget, "filePlaces");
+    places_->setAccessibleName(withoutMnemonic(texts_.lookIn));
     places_->setIconSize(scaledSize({kIcon, kIcon}));
     places_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     const auto go = [this](const QListWidgetItem* item) { enter(item->data(Qt::UserRole).toByteArray()); };
@@ -141,6 +142,7 @@ void FileDialogWindow::makePlaces()
 void FileDialogWindow::makeList()
 {
     list_ = named(new FileListView(&body()), "fileList");
+    list_->setAccessibleName(rendered(what_.title));
     list_->setModel(&model_);
     list_->setColumnHidden(FileModel::Size, choosesFolders());
     list_->setIconSize(scaledSize({kIcon, kIcon}));
