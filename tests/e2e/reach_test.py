@@ -263,7 +263,7 @@ class Forms(Reach):
         parts = wait_for(asks, 20, "the question")
         self.assert_told_apart(parts)
         box = next(part for part in parts if part["role"] == "combo box")
-        self.assertEqual(box["name"], "Select Language:")
+        self.assertEqual((box["name"], box["description"]), ("English", "Select Language:"))
         self.assertTrue(self.reader.act(next(part for part in parts if part["role"] == "push button"), "Press"))
         wait_for(lambda: not asks(), 20, "the end of the question")
 

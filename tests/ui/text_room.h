@@ -24,9 +24,13 @@ namespace tandrel::test
 /// What the marks of letters leave of a button's text.
 inline QString withoutMarks(const QString& text) { return withoutMnemonic(text.toStdString()); }
 
-/// Such a label has its figures set in one width each, a little wider than its own hint says.
+/// What runs has its figures set in one width each, a little wider than the label's own hint says; 0 for other labels.
 inline int widthOfFigures(const QLabel& label)
 {
+    static const QStringList kRunning{QStringLiteral("time"), QStringLiteral("value"), QStringLiteral("figure"),
+                                      QStringLiteral("chip")};
+    if (!kRunning.contains(label.property("role").toString()))
+        return 0;
     const QFontMetricsF metrics(label.font());
     double width = 0;
     for (const QChar mark : label.text())
@@ -52,6 +56,8 @@ inline bool hasRoom(const QLabel& label)
 
 inline bool hasRoom(const QAbstractButton& button)
 {
+    if (button.text().isEmpty())
+        return true;
     QStyleOptionButton option;
     option.initFrom(&button);
     option.text = button.text();
@@ -93,7 +99,13 @@ inline std::vector<std::string> cutTexts(const QWidget& window, const std::vecto
         const auto* button = qobject_cast<const QAbstractButton*>(widget);
         const auto* box = qobject_cast<const QComboBox*>(widget);
         if ((label && !hasRoom(*label)) || (button && !hasRoom(*button)) || (box && !hasRoom(*box)))
-            cut.push_back(name + ": " + (label ? label->text() : button ? button->text() : QString()).toStdString());
+            cut.push_back(name + " of " + std::to_string(widget->width()) + " by " + std::to_string(widget->height()) +
+                          " for " + std::to_string(widget->sizeHint().width()) + " by " +
+                          std::to_string(widget->sizeHint().height()) + ": " +
+                          (label    ? label->text()
+                           : button ? button->text()
+                                    : QString())
+                              .toStdString());
     }
     return cut;
 }
