@@ -79,12 +79,12 @@ TEST_F(TextsLocalised, EveryFormHasItsRows)
     std::map<Text, int> rows;
     for (const TextRow& one : textTable())
         ++rows[groupOf(one.key)];
-    EXPECT_THAT(rows,
-                UnorderedElementsAre(Pair("frmMedia", 26), Pair("menu", 2), Pair("openmenu", 5), Pair("slidemenu", 2),
-                                     Pair("stillmenu", 2), Pair("note", 2), Pair("frmHelp", 27), Pair("message", 33),
-                                     Pair("keys", 10), Pair("frmToolTip", 2), Pair("title", 3), Pair("frmPrev", 12),
-                                     Pair("track", 3), Pair("box", 3), Pair("system", 2), Pair("dialog", 24),
-                                     Pair("fullmenu", 14), Pair("dvdmenu", 1), Pair("frmFFDShow", 2)));
+    EXPECT_THAT(
+        rows, UnorderedElementsAre(Pair("frmMedia", 26), Pair("menu", 2), Pair("openmenu", 5), Pair("slidemenu", 2),
+                                   Pair("stillmenu", 2), Pair("note", 2), Pair("frmHelp", 27), Pair("message", 33),
+                                   Pair("keys", 10), Pair("frmToolTip", 2), Pair("title", 3), Pair("frmPrev", 12),
+                                   Pair("track", 3), Pair("box", 3), Pair("system", 2), Pair("dialog", 24),
+                                   Pair("fullmenu", 14), Pair("dvdmenu", 1), Pair("frmFFDShow", 2), Pair("spoken", 2)));
 }
 
 TEST_F(TextsLocalised, KeysAreUniqueAndNameAGroup)
@@ -143,16 +143,16 @@ TEST_F(TextsLocalised, OnlyTheseTextsAreThoseOfEnglish)
         for (std::size_t column = 1; column < kTextLanguages.size(); ++column)
             if (one.texts[column] == one.texts.front())
                 same.insert(Text(one.key) + " " + Text(kTextLanguages[column]));
-    EXPECT_THAT(same,
-                UnorderedElementsAre(
-                    "frmMedia.imgPause FR", "frmMedia.imgPause DE", "frmMedia.Label6 ES", "frmMedia.Label6 FR",
-                    "frmMedia.Label6 PT", "frmMedia.Label4 ES", "frmMedia.Label4 FR", "frmMedia.Label4 IT",
-                    "frmMedia.Label4 PT", "frmMedia.InvertSlider FR", "frmMedia.InvertSlider IT",
-                    "frmMedia.InvertSlider PT", "box.no ES", "box.no IT", "box.ok FR", "box.ok IT", "box.ok DE",
-                    "box.ok PT", "dialog.computer IT", "dialog.computer DE", "dialog.home IT", "dialog.kind FR",
-                    "dialog.name DE", "dialog.videos DE", "fullmenu.mnuVideo DE", "fullmenu.mnuPause FR",
-                    "fullmenu.mnuPause DE", "frmPrev.lblFiles DE", "frmPrev.lblMKV ES", "frmPrev.lblMKV FR",
-                    "frmPrev.lblMKV IT", "frmPrev.lblMKV DE", "frmPrev.lblMKV PT", "keys.video IT", "keys.video DE"));
+    EXPECT_THAT(same, UnorderedElementsAre(
+                          "frmMedia.imgPause FR", "frmMedia.imgPause DE", "frmMedia.Label6 ES", "frmMedia.Label6 FR",
+                          "frmMedia.Label6 PT", "frmMedia.Label4 ES", "frmMedia.Label4 FR", "frmMedia.Label4 IT",
+                          "frmMedia.Label4 PT", "frmMedia.InvertSlider FR", "frmMedia.InvertSlider IT",
+                          "frmMedia.InvertSlider PT", "box.no ES", "box.no IT", "box.ok FR", "box.ok IT", "box.ok DE",
+                          "box.ok PT", "dialog.computer IT", "dialog.computer DE", "dialog.home IT", "dialog.kind FR",
+                          "dialog.name DE", "dialog.videos DE", "fullmenu.mnuVideo DE", "fullmenu.mnuPause FR",
+                          "fullmenu.mnuPause DE", "frmPrev.lblFiles DE", "frmPrev.lblMKV ES", "frmPrev.lblMKV FR",
+                          "frmPrev.lblMKV IT", "frmPrev.lblMKV DE", "frmPrev.lblMKV PT", "keys.video IT",
+                          "keys.video DE", "spoken.place FR"));
 }
 
 TEST_F(TextsLocalised, TheDialogNamesWhatItSpeaksOf)
