@@ -12,7 +12,6 @@ from session_bus import SessionBus
 # no name. None of them can be pressed.
 STRUCTURE = {"filler", "panel", "separator", "viewport", "scroll pane", "scroll bar", "redundant object", "image", "frame",
              "label", "layered pane"}
-WINDOWS = {"frame", "window", "dialog", "popup menu", "alert", "file chooser"}
 
 
 def showing(parts):

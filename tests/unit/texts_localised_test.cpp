@@ -152,7 +152,7 @@ TEST_F(TextsLocalised, OnlyTheseTextsAreThoseOfEnglish)
                           "dialog.name DE", "dialog.videos DE", "fullmenu.mnuVideo DE", "fullmenu.mnuPause FR",
                           "fullmenu.mnuPause DE", "frmPrev.lblFiles DE", "frmPrev.lblMKV ES", "frmPrev.lblMKV FR",
                           "frmPrev.lblMKV IT", "frmPrev.lblMKV DE", "frmPrev.lblMKV PT", "keys.video IT",
-                          "keys.video DE", "spoken.place FR"));
+                          "keys.video DE", "spoken.place FR", "spoken.place DE"));
 }
 
 TEST_F(TextsLocalised, TheDialogNamesWhatItSpeaksOf)
