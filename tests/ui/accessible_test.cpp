@@ -105,6 +105,10 @@ TEST_F(Accessible, ControlsHaveNamesAndRoles)
     EXPECT_EQ(the("time")->text(QAccessible::Description), "Place") << "its own text is the name";
     desk->time.Caption = "0:02";
     EXPECT_EQ(nameOf(the("time")), "0:02");
+    desk->time.Caption = "Dawn & dusk";
+    EXPECT_EQ(nameOf(the("time")), "Dawn & dusk");
+    desk->time.Caption = "";
+    EXPECT_EQ(nameOf(the("time")), "") << "what it would tell is no name";
 }
 
 TEST_F(Accessible, WhatIsThereForTheEyeAloneHasNoNameAndCannotBePressed)
