@@ -120,6 +120,7 @@ TuningSlider* SettingsPage::makeSlider(Qt::Orientation orientation, CodecValue v
     slider->setObjectName(nameOf(value));
     slider->setAccessibleName(name);
     number.setObjectName(nameOf(value) + QStringLiteral(".value"));
+    number.setAccessibleDescription(name);
     number.setText(written(rule.standard, unit));
     if (unit == Unit::Milliseconds)
         slider->setSingleStep(10);

@@ -8,9 +8,10 @@ from player import wait_briefly, wait_for
 from screen_reader import LAUNCHER, Reader
 from session_bus import SessionBus
 
-# Parts that hold others, or are there for the eye alone as the icon of a message is, and need no name.
-STRUCTURE = {"filler", "panel", "separator", "viewport", "scroll pane", "scroll bar", "redundant object", "image"}
-WINDOWS = {"frame", "window", "dialog", "popup menu", "alert", "file chooser"}
+# Parts that hold others, or are there for the eye alone as the icon of a message is, or say nothing at present, and need
+# no name. None of them can be pressed.
+STRUCTURE = {"filler", "panel", "separator", "viewport", "scroll pane", "scroll bar", "redundant object", "image", "frame",
+             "label", "layered pane"}
 
 
 def showing(parts):

@@ -99,11 +99,16 @@ TEST_F(Accessible, ControlsHaveNamesAndRoles)
     expect("button", QAccessible::Button, "Go");
     expect("slider", QAccessible::Slider, "Volume");
     expect("strip", QAccessible::Slider, "Strip");
-    expect("combo", QAccessible::ComboBox, "Language");
+    EXPECT_EQ(the("combo")->role(), QAccessible::ComboBox);
+    EXPECT_EQ(the("combo")->text(QAccessible::Description), "Language") << "its entry is the name";
     expect("group", QAccessible::Grouping, "Files");
     EXPECT_EQ(the("time")->text(QAccessible::Description), "Place") << "its own text is the name";
     desk->time.Caption = "0:02";
     EXPECT_EQ(nameOf(the("time")), "0:02");
+    desk->time.Caption = "Dawn & dusk";
+    EXPECT_EQ(nameOf(the("time")), "Dawn & dusk");
+    desk->time.Caption = "";
+    EXPECT_EQ(nameOf(the("time")), "") << "what it would tell is no name";
 }
 
 TEST_F(Accessible, WhatIsThereForTheEyeAloneHasNoNameAndCannotBePressed)

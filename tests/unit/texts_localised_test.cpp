@@ -79,12 +79,12 @@ TEST_F(TextsLocalised, EveryFormHasItsRows)
     std::map<Text, int> rows;
     for (const TextRow& one : textTable())
         ++rows[groupOf(one.key)];
-    EXPECT_THAT(rows, UnorderedElementsAre(
-                          Pair("frmMedia", 26), Pair("menu", 2), Pair("openmenu", 5), Pair("slidemenu", 2),
-                          Pair("stillmenu", 2), Pair("note", 2), Pair("frmHelp", 27), Pair("message", 33),
-                          Pair("keys", 10), Pair("spoken", 2), Pair("frmToolTip", 2), Pair("title", 3),
-                          Pair("frmPrev", 12), Pair("track", 3), Pair("box", 3), Pair("system", 2), Pair("dialog", 24),
-                          Pair("fullmenu", 14), Pair("dvdmenu", 1), Pair("frmFFDShow", 2)));
+    EXPECT_THAT(
+        rows, UnorderedElementsAre(Pair("frmMedia", 26), Pair("menu", 2), Pair("openmenu", 5), Pair("slidemenu", 2),
+                                   Pair("stillmenu", 2), Pair("note", 2), Pair("frmHelp", 27), Pair("message", 33),
+                                   Pair("keys", 10), Pair("frmToolTip", 2), Pair("title", 3), Pair("frmPrev", 12),
+                                   Pair("track", 3), Pair("box", 3), Pair("system", 2), Pair("dialog", 24),
+                                   Pair("fullmenu", 14), Pair("dvdmenu", 1), Pair("frmFFDShow", 2), Pair("spoken", 2)));
 }
 
 TEST_F(TextsLocalised, KeysAreUniqueAndNameAGroup)

@@ -39,8 +39,13 @@ QString nameOf(const Control& control)
 {
     if (control.silent)
         return {};
+    // A label says what it shows: nothing, where it is empty.
+    if (const auto* label = dynamic_cast<const Label*>(&control))
+        return label->usesMnemonic ? withoutMnemonic(label->caption()) : rendered(label->caption());
+    if (dynamic_cast<const CheckBox*>(&control) && !captionOf(control).empty())
+        return withoutMnemonic(captionOf(control));
     if (const Text caption = captionOf(control); !caption.empty())
-        return withoutMnemonic(caption);
+        return rendered(caption);
     return rendered(control.toolTip().empty() ? control.spoken() : control.toolTip());
 }
 

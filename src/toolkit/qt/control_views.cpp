@@ -68,6 +68,8 @@ void WidgetView::changed(Aspect aspect)
     case Aspect::ToolTip:
         widget_->setToolTip(plainTip(rendered(tipOf(control_))));
         widget_->setAccessibleName(rendered(control_.toolTip().empty() ? control_.spoken() : control_.toolTip()));
+        // A box with a list has its present entry as its name.
+        widget_->setAccessibleDescription(rendered(control_.spoken()));
         break;
     case Aspect::Order:
         widget_->raise();
