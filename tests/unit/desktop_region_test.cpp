@@ -19,7 +19,7 @@ constexpr std::int32_t kClear = rgb(255, 0, 255);
 constexpr std::int32_t kBody = rgb(14, 45, 81);
 
 /// Rows of marks: '.' is clear, '#' the body, 'o' another colour.
-Bitmap drawn(const std::vector<std::string>& rows)
+Bitmap bitmapOf(const std::vector<std::string>& rows)
 {
     Bitmap picture{static_cast<int>(rows.front().size()), static_cast<int>(rows.size()), {}};
     for (const std::string& row : rows)
@@ -34,39 +34,39 @@ PixelRect strip(int y, int left, int right) { return {left, y, right, y + 1}; }
 
 TEST(Region, EachRunOfARowIsAStrip)
 {
-    EXPECT_THAT(CreaRegione(drawn({"....", ".##.", ".#.#"}), 0),
+    EXPECT_THAT(CreaRegione(bitmapOf({"....", ".##.", ".#.#"}), 0),
                 ElementsAre(strip(1, 1, 3), strip(2, 1, 2), strip(2, 3, 4)));
 }
 
-TEST(Region, AOneColouredPictureIsEmpty) { EXPECT_THAT(CreaRegione(drawn({"....", "...."}), 0), IsEmpty()); }
+TEST(Region, AOneColouredPictureIsEmpty) { EXPECT_THAT(CreaRegione(bitmapOf({"....", "...."}), 0), IsEmpty()); }
 
 TEST(Region, APictureWithoutPixelsIsEmpty) { EXPECT_THAT(CreaRegione({}, 0), IsEmpty()); }
 
 TEST(Region, ARowWhoseLastPixelIsOpaqueEndsAtTheWidth)
 {
-    EXPECT_THAT(CreaRegione(drawn({"..", ".#"}), 0), ElementsAre(strip(1, 1, 2)));
+    EXPECT_THAT(CreaRegione(bitmapOf({"..", ".#"}), 0), ElementsAre(strip(1, 1, 2)));
 }
 
 TEST(Region, ThePixelAtTheOriginDecidesWhatIsClear)
 {
     // With the body at the origin it is the body that is cut away.
-    EXPECT_THAT(CreaRegione(drawn({"#.", ".#"}), 0), ElementsAre(strip(0, 1, 2), strip(1, 0, 1)));
+    EXPECT_THAT(CreaRegione(bitmapOf({"#.", ".#"}), 0), ElementsAre(strip(0, 1, 2), strip(1, 0, 1)));
 }
 
 TEST(Region, AGivenColourIsTheClearOne)
 {
-    EXPECT_THAT(CreaRegione(drawn({".#o"}), kBody), ElementsAre(strip(0, 0, 1), strip(0, 2, 3)));
+    EXPECT_THAT(CreaRegione(bitmapOf({".#o"}), kBody), ElementsAre(strip(0, 0, 1), strip(0, 2, 3)));
 }
 
 TEST(Region, ColoursBelowOneMeanTheOrigin)
 {
-    EXPECT_EQ(CreaRegione(drawn({".#o"}), -5), CreaRegione(drawn({".#o"}), 0));
-    EXPECT_THAT(CreaRegione(drawn({".#o"}), 0), ElementsAre(strip(0, 1, 3)));
+    EXPECT_EQ(CreaRegione(bitmapOf({".#o"}), -5), CreaRegione(bitmapOf({".#o"}), 0));
+    EXPECT_THAT(CreaRegione(bitmapOf({".#o"}), 0), ElementsAre(strip(0, 1, 3)));
 }
 
 TEST(Region, AColourThatIsNowhereLeavesAll)
 {
-    EXPECT_THAT(CreaRegione(drawn({".#", "##"}), rgb(9, 9, 9)), ElementsAre(strip(0, 0, 2), strip(1, 0, 2)));
+    EXPECT_THAT(CreaRegione(bitmapOf({".#", "##"}), rgb(9, 9, 9)), ElementsAre(strip(0, 0, 2), strip(1, 0, 2)));
 }
 
 TEST(Region, CountsEveryOpaquePixelOnce)
