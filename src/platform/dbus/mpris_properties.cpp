@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cstring>
 
 namespace tandrel::mpris
 {
@@ -91,9 +90,7 @@ Properties changedProperties(const Properties& before, const Properties& now)
 {
     Properties changed;
     std::copy_if(now.begin(), now.end(), std::back_inserter(changed), [&](const Property& property) {
-        return std::none_of(before.begin(), before.end(), [&](const Property& old) {
-            return std::strcmp(old.name, property.name) == 0 && old.value == property.value;
-        });
+        return std::find(before.begin(), before.end(), property) == before.end();
     });
     return changed;
 }

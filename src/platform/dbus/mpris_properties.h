@@ -41,11 +41,11 @@ struct ObjectPath {
 
 /// A value of the bus: its type is that of the alternative.
 using Plain = std::variant<bool, double, std::int64_t, std::string, ObjectPath>;
-using Metadata = std::vector<std::pair<const char*, Plain>>;
+using Metadata = std::vector<std::pair<std::string, Plain>>;
 using Value = std::variant<bool, double, std::int64_t, std::string, std::vector<std::string>, Metadata>;
 
 struct Property {
-    const char* name;
+    std::string name;
     Value value;
     friend bool operator==(const Property&, const Property&) = default;
 };
