@@ -32,6 +32,7 @@ TroubleLabel::TroubleLabel(Form& form, Control& container)
 {
     alignment = Alignment::Centre;
     role = TextRole::Quiet;
+    wordWrap = true;
     Visible = false;
 }
 

@@ -8,6 +8,8 @@
 #include <QAccessible>
 #include <QMenu>
 
+#include <limits>
+
 namespace tandrel::test
 {
 
@@ -177,6 +179,10 @@ TEST_F(Accessible, ASliderTellsItsValueAndTakesAnother)
     EXPECT_TRUE(within(5000, [this] { return desk->slider.Value() == 70; }));
     value->setCurrentValue(1000);
     EXPECT_TRUE(within(5000, [this] { return desk->slider.Value() == 100; })) << "no further than it goes";
+    value->setCurrentValue(std::numeric_limits<double>::quiet_NaN());
+    value->setCurrentValue(-std::numeric_limits<double>::infinity());
+    EXPECT_TRUE(within(5000, [this] { return desk->slider.Value() == 0; }));
+    EXPECT_EQ(desk->events.back(), "slider");
 }
 
 TEST_F(Accessible, AnImageMayHaveAValue)

@@ -11,6 +11,7 @@
 #include <QWidget>
 
 #include <algorithm>
+#include <cmath>
 
 namespace tandrel
 {
@@ -120,7 +121,8 @@ double stepOf(const Control& control)
 void setValue(const QWidget& widget, double wanted)
 {
     Control* control = spokenControl(&widget);
-    if (!control || !control->enabled())
+    // A client of the bus may ask for any number, and for what is none.
+    if (!control || !control->enabled() || std::isnan(wanted))
         return;
     const double least = leastOf(*control);
     const double value = std::clamp(wanted, least, std::max(least, mostOf(*control)));

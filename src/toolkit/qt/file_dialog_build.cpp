@@ -159,6 +159,7 @@ void FileDialogWindow::makeName()
     hint_->setProperty("role", QStringLiteral("hint"));
     hint_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     hint_->setTextFormat(Qt::PlainText);
+    hint_->setWordWrap(true);
     name_ = named(new QLineEdit, "fileName");
     connect(name_, &QLineEdit::textEdited, this, [this] {
         edited_ = true;
