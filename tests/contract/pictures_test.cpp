@@ -13,8 +13,8 @@
 
 #include <algorithm>
 #include <atomic>
-#include <cmath>
 #include <chrono>
+#include <cmath>
 
 extern "C" {
 #include <libavutil/log.h>
@@ -171,6 +171,32 @@ TEST(SavedFiles, AHangingFileHoldsNobodyUp)
             EXPECT_EQ(waitFor(pictures).trouble, PictureTrouble::NoPicture);
     }
     EXPECT_EQ(inside, 0);
+}
+
+TEST(SavedFiles, NoMemoryIsAnswered)
+{
+    const TemporaryFolder folder;
+    ThreadedPictures pictures({[&] { return folder.path(); },
+                               [](const std::string&, double, const std::function<bool()>&) -> std::optional<Still> {
+                                   throw std::bad_alloc();
+                               }});
+    pictures.save({{"/huge", 0}}, false);
+    EXPECT_EQ(waitFor(pictures).trouble, PictureTrouble::NoRoom);
+}
+
+TEST(ContactSheet, AnEntryKeepsWhatTheSheetShows)
+{
+    Still large{1920, 1080, std::vector<std::uint32_t>(1920 * 1080, 0x336699), {}};
+    const SheetEntry entry = sheetEntry(large, "name", "time");
+    EXPECT_EQ(QSize(entry.picture.width, entry.picture.height), QSize(899, 506));
+    ASSERT_EQ(entry.picture.pixels.size(), 899u * 506);
+    EXPECT_EQ(entry.picture.pixels[899 * 250 + 450] & 0xFFFFFF, 0x336699u);
+    EXPECT_EQ(entry.name, "name");
+    EXPECT_EQ(entry.time, "time");
+    const SheetEntry small = sheetEntry(Still{2, 1, {0xFF0000, 0x0000FF}, {}}, "", "");
+    EXPECT_EQ(small.picture.width, 2);
+    EXPECT_EQ(small.picture.pixels[0] & 0xFFFFFF, 0xFF0000u);
+    EXPECT_EQ(small.picture.pixels[1] & 0xFFFFFF, 0x0000FFu);
 }
 
 TEST(ContactSheet, HasAsManyColumnsAsTheGrid)

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace tandrel
 {
@@ -17,6 +18,7 @@ namespace
 
 // Pixels. The sheet is looked at on a screen, or printed on a page across.
 constexpr int kCellWidth = 900;
+constexpr int kCellHeight = kCellWidth * 9 / 16;
 constexpr int kMostWidth = 3840;
 constexpr int kMargin = 48;
 constexpr int kGap = 36;
@@ -52,7 +54,7 @@ struct Layout {
         : columns(std::min(count, count > kMostInThreeColumns ? 4 : static_cast<int>(std::ceil(std::sqrt(count))))),
           rows((count + columns - 1) / columns),
           cell(std::min(kCellWidth, (kMostWidth - 2 * kMargin - (columns - 1) * kGap) / columns)),
-          height(cell * 9 / 16)
+          height(cell * kCellHeight / kCellWidth)
     {
     }
     QRect place(int index) const
@@ -93,6 +95,24 @@ void paintEntry(QPainter& painter, const SheetEntry& entry, const QRect& place)
 }
 
 } // namespace
+
+SheetEntry sheetEntry(const Still& picture, std::string name, std::string time)
+{
+    SheetEntry entry{{}, std::move(name), std::move(time)};
+    QSize size(picture.width, picture.height);
+    if (size.width() > kCellWidth || size.height() > kCellHeight)
+        size = size.scaled(kCellWidth, kCellHeight, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
+    const QImage image = imageOf(picture)
+                             .scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                             .convertToFormat(QImage::Format_RGB32);
+    entry.picture.width = image.width();
+    entry.picture.height = image.height();
+    for (int row = 0; row < image.height(); ++row) {
+        const auto* line = reinterpret_cast<const QRgb*>(image.constScanLine(row));
+        entry.picture.pixels.insert(entry.picture.pixels.end(), line, line + image.width());
+    }
+    return entry;
+}
 
 std::string pngOf(const Still& picture) { return asPng(imageOf(picture)); }
 

@@ -17,6 +17,10 @@ struct SheetEntry {
     std::string time;
 };
 
+/// An entry that keeps no more of the picture than a sheet shows: twelve large ones would take a gigabyte until the
+/// last is read. For any thread, once there is an application object.
+SheetEntry sheetEntry(const Still& picture, std::string name, std::string time);
+
 /// A sheet of all of them as a PNG file, in as many columns as the grid of videos has: at most 3840 pixels wide and of
 /// at least one entry. For any thread, once there is an application object. Empty if there is no memory for it.
 std::string contactSheet(const std::vector<SheetEntry>& entries);

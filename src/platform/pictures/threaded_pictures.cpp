@@ -11,6 +11,7 @@
 #include <ctime>
 #include <deque>
 #include <mutex>
+#include <new>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -43,7 +44,8 @@ struct ThreadedPictures::State {
         return ending;
     }
 
-    void carryOut(const std::vector<PictureWish>& wishes, bool sheet);
+    void work(const std::vector<PictureWish>& wishes, bool sheet);
+    SavedPictures carryOut(const std::vector<PictureWish>& wishes, bool sheet) const;
     void add(SavedPictures& saved, const std::string& name, const std::string& content) const;
 };
 
@@ -57,7 +59,22 @@ void ThreadedPictures::State::add(SavedPictures& saved, const std::string& name,
         saved.trouble = written.trouble;
 }
 
-void ThreadedPictures::State::carryOut(const std::vector<PictureWish>& wishes, bool sheet)
+/// On a thread of its own. Every order is answered, whatever becomes of it.
+void ThreadedPictures::State::work(const std::vector<PictureWish>& wishes, bool sheet)
+{
+    SavedPictures saved;
+    try {
+        saved = carryOut(wishes, sheet);
+    } catch (const std::bad_alloc&) {
+        saved.trouble = PictureTrouble::NoRoom;
+    }
+    const std::lock_guard lock(mutex);
+    results.push_back(std::move(saved));
+    --working;
+    changed.notify_all();
+}
+
+SavedPictures ThreadedPictures::State::carryOut(const std::vector<PictureWish>& wishes, bool sheet) const
 {
     const auto refuses = [this] { return isEnding(); };
     SavedPictures saved;
@@ -72,14 +89,13 @@ void ThreadedPictures::State::carryOut(const std::vector<PictureWish>& wishes, b
         }
         add(saved, pictureName(path, wish.seconds), pngOf(*picture));
         if (sheet)
-            entries.push_back({std::move(*picture), validText(titleOf(path)), pictureTime(wish.seconds)});
+            entries.push_back(sheetEntry(*picture, validText(titleOf(path)), pictureTime(wish.seconds)));
     }
     if (!entries.empty())
         add(saved, sheetName(std::time(nullptr)), contactSheet(entries));
     if (saved.trouble == PictureTrouble::None && !saved.missing.empty())
         saved.trouble = PictureTrouble::NoPicture;
-    const std::lock_guard lock(mutex);
-    results.push_back(std::move(saved));
+    return saved;
 }
 
 ThreadedPictures::ThreadedPictures(PictureTools tools) : state_(std::make_shared<State>(std::move(tools))) {}
@@ -98,12 +114,7 @@ void ThreadedPictures::save(const std::vector<PictureWish>& wishes, bool sheet)
     if (state_->working >= kMostAtOnce)
         return refuse();
     try {
-        std::thread([state = state_, wishes, sheet] {
-            state->carryOut(wishes, sheet);
-            const std::lock_guard done(state->mutex);
-            --state->working;
-            state->changed.notify_all();
-        }).detach();
+        std::thread([state = state_, wishes, sheet] { state->work(wishes, sheet); }).detach();
         ++state_->working;
     } catch (const std::system_error&) {
         refuse();
