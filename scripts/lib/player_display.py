@@ -66,6 +66,11 @@ class Display:
             process.terminate()
             process.wait()
 
+    def end_server(self):
+        """Takes the display away under everything that is shown on it."""
+        self.processes[0].kill()
+        self.processes[0].wait()
+
     def run(self, *command, **options):
         """Runs a command on this display and gives what it printed."""
         return subprocess.run(command, env=self.environment, capture_output=True, text=True, errors="replace", **options)

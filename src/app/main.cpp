@@ -52,7 +52,9 @@
 #include <chrono>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
+#include <unistd.h>
 
 namespace
 {
@@ -154,6 +156,25 @@ struct Platform {
     std::unique_ptr<Mci> trace;
 };
 
+bool inLoop = false;
+
+/// The toolkit calls exit() where the display is lost. Players draw on threads then, and nothing may be destroyed under
+/// them.
+void leaveAtOnceFromLoop()
+{
+    if (inLoop)
+        _exit(1);
+}
+
+int loop()
+{
+    std::atexit(&leaveAtOnceFromLoop);
+    inLoop = true;
+    const int result = QApplication::exec();
+    inLoop = false;
+    return result;
+}
+
 int run(QApplication& application)
 {
     QtBackend qt;
@@ -180,7 +201,7 @@ int run(QApplication& application)
                              QTimer::singleShot(kAskAgain, &application, [] {});
                      });
     frmStart().start();
-    const int result = programEnded() ? 0 : QApplication::exec();
+    const int result = programEnded() ? 0 : loop();
     // The devices end before the windows that show them.
     endPlayers();
     endCodecForms();

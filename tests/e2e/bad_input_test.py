@@ -5,7 +5,7 @@ import os
 import shutil
 import unittest
 
-from player import MEDIA, PlayerTest, wait_for
+from player import MEDIA, PlayerTest, clips, wait_for
 
 MESSAGE_KEY = "Return"
 
@@ -102,6 +102,14 @@ class BadInput(PlayerTest):
             wait_for(lambda h=home: not os.path.exists(os.path.join(h, "list.dat")), 20, "the list to be taken")
             self.assertEqual(bytes_of(os.path.join(home, "pres.dat")), content, "the mark of another owner stays")
             self.assertEqual(player.end(), 0)
+
+    def test_a_lost_display_is_no_crash(self):
+        files = clips(12, self.folder)
+        player = self.start(*files, home=self.home(tips="0"))
+        player.wait_ready(12)
+        self.display.end_server()
+        wait_for(lambda: not player.alive(), 20, "the end of the program")
+        self.assertEqual(player.process.returncode, 1)
 
 
 if __name__ == "__main__":
