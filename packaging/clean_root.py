@@ -123,6 +123,7 @@ class Running:
         return self
 
     def __exit__(self, kind, *_):
+        windows = self.display.run("wmctrl", "-l").stdout if kind else ""
         if self.process.poll() is None:
             self.process.send_signal(signal.SIGTERM)
         try:
@@ -131,7 +132,7 @@ class Running:
             self.process.kill()
             raise
         if kind or self.process.returncode != 0:
-            print(f"{self.command} ended with {self.process.returncode} and said:\n{said}")
+            print(f"{self.command} ended with {self.process.returncode} and said:\n{said}\nbeside these windows:\n{windows}")
         if kind is None:
             expect(self.process.returncode == 0, f"{self.command} did not end well")
 

@@ -33,11 +33,11 @@ bool fillsScreen()
     return FullScreenOn || player;
 }
 
-void playOrPause(int) { RemoteControl().carryOut({.kind = Kind::PlayPause}); }
+void playOrPause(int) { RemoteControl::atHand().carryOut({.kind = Kind::PlayPause}); }
 
 void jumpByKey(int direction)
 {
-    RemoteControl control;
+    RemoteControl control = RemoteControl::atHand();
     const RemoteState now = control.state();
     if (!now.canSeek)
         return;
@@ -54,7 +54,7 @@ void volumeByKey(int direction)
     if (mediaKind() == MediaKind::Files)
         (direction > 0 ? console.imgMax : console.imgMin).userClick();
     else
-        RemoteControl().carryOut(
+        RemoteControl::atHand().carryOut(
             {.kind = Kind::Volume,
              .level = static_cast<double>(console.VolumeSlider.value()) / kLoudest + direction * kLouderByKey});
     if (Loaded<class frmPanel>())

@@ -9,10 +9,8 @@ namespace tandrel
 void LoadSign::follow(ConsoleControls& console, const Text& selected)
 {
     Mci& media = *services().mci;
-    if (selected != told_) {
-        told_ = selected;
-        media.favour(withoutQuotes(trim(selected)));
-    }
+    // Each time, as the same name may stand for a video that was opened anew.
+    media.favour(withoutQuotes(trim(selected)));
     const int eased = media.eased();
     if (eased == shown_)
         return;

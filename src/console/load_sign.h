@@ -13,7 +13,6 @@ public:
     void follow(ConsoleControls& console, const Text& selected);
 
 private:
-    Text told_;
     int shown_ = 0;
 };
 

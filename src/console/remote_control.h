@@ -20,6 +20,10 @@ class frmChild;
 class RemoteControl
 {
 public:
+    /// For commands of a user, who sees what stands at its end. Others are told that it goes on for a moment, in which
+    /// most of them begin again or hand over.
+    static RemoteControl atHand();
+
     /// What there is to see now. Looked at a few times a second.
     RemoteState state();
 

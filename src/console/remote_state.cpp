@@ -49,6 +49,13 @@ bool isStoppedByKey() { return !frmMedia().cmdMedia[command::kPause]->enabled();
 
 } // namespace
 
+RemoteControl RemoteControl::atHand()
+{
+    RemoteControl control;
+    control.looksAtEnd_ = kLooksAtEnd;
+    return control;
+}
+
 RemoteState RemoteControl::state()
 {
     RemoteState state;

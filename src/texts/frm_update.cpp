@@ -11,19 +11,20 @@ namespace tandrel
 namespace
 {
 
-// Lines that it has room for as it is, and what each further one takes, in twips.
+// Lines that it has room for as it is, of so many characters at the least.
 constexpr int kLines = 3;
-constexpr int kLineHeight = 240;
-// What it gets wider by for those, and how many characters a line has then at the least.
+constexpr int kCharacters = 44;
+// What it gets wider by for more, how many characters a line has then, and what each further line takes, in twips.
 constexpr int kWider = 3000;
-constexpr int kCharacters = 72;
+constexpr int kCharactersWider = 72;
+constexpr int kLineHeight = 240;
 
 /// As many as it can come to, long ones being broken.
-Long linesOf(const Text& message)
+Long linesOf(const Text& message, int characters)
 {
     Long lines = 0;
     for (const Text& line : split(message, '\n'))
-        lines += 1 + characterCount(line) / kCharacters;
+        lines += 1 + characterCount(line) / characters;
     return lines;
 }
 
@@ -42,10 +43,10 @@ frmUpdate::frmUpdate() : Form("frmUpdate", Frame::Dialog, {0, 0, 6300, 2490})
 void frmUpdate::say(const Text& message)
 {
     lblUpdate.Caption = message;
-    const Long lines = linesOf(message);
-    if (lines <= kLines)
+    if (linesOf(message, kCharacters) <= kLines)
         return;
-    const Long higher = (lines - kLines) * kLineHeight;
+    const Long further = linesOf(message, kCharactersWider) - kLines;
+    const Long higher = further > 0 ? further * kLineHeight : Long(0);
     lblUpdate.Width = lblUpdate.Width() + kWider;
     lblUpdate.Height = lblUpdate.Height() + higher;
     for (CommandButton* button : {&cmdOK, &cmdCancel}) {

@@ -176,12 +176,18 @@ TEST(SavedFiles, AHangingFileHoldsNobodyUp)
 TEST(SavedFiles, NoMemoryIsAnswered)
 {
     const TemporaryFolder folder;
-    ThreadedPictures pictures({[&] { return folder.path(); },
-                               [](const std::string&, double, const std::function<bool()>&) -> std::optional<Still> {
-                                   throw std::bad_alloc();
-                               }});
-    pictures.save({{"/huge", 0}}, false);
-    EXPECT_EQ(waitFor(pictures).trouble, PictureTrouble::NoRoom);
+    ThreadedPictures pictures(
+        {[&] { return folder.path(); },
+         [](const std::string& path, double, const std::function<bool()>&) -> std::optional<Still> {
+             if (path == "/huge")
+                 throw std::bad_alloc();
+             return Still{1, 1, {0xFFFFFF}, {}};
+         }});
+    pictures.save({{"/huge", 0}, {"/small", 0}}, false);
+    const SavedPictures saved = waitFor(pictures);
+    EXPECT_EQ(saved.trouble, PictureTrouble::NoPicture);
+    EXPECT_EQ(saved.missing, std::vector<std::string>{"/huge"});
+    EXPECT_EQ(saved.files, std::vector<std::string>{folder.path() + "/small 0-00-00.000.png"});
 }
 
 TEST(ContactSheet, AnEntryKeepsWhatTheSheetShows)

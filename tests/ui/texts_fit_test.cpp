@@ -211,7 +211,11 @@ TEST_P(TextsFit, InTheMenus)
 
 TEST_P(TextsFit, InTheMessagesOfTheForm)
 {
-    for (const Text& message : messages()) {
+    std::vector<Text> all = messages();
+    Text names = localised("message.pictureMissing");
+    for (int count = 0; count < 4; ++count)
+        all.push_back(names += "\nA film with a name of many words that is nearly as long as a line.mp4");
+    for (const Text& message : all) {
         frmUpdate().say(message);
         frmUpdate().Show();
         expectRoom(frmUpdate());

@@ -18,8 +18,11 @@
 namespace tandrel::test
 {
 
+using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::Not;
+using ::testing::StartsWith;
 
 namespace
 {
@@ -154,6 +157,17 @@ TEST_F(ConsoleKeys, SpaceHoldsTheVideoAndLetsItGoOn)
     world.mci.looks[alias(0)] = DeviceLook{.playing = false, .place = 1.5, .length = 60};
     EXPECT_EQ(sentBy("Space").front(), "Play A ");
     EXPECT_EQ(VideoWindows[0]->Paused, 0);
+}
+
+TEST_F(ConsoleKeys, WhatStandsAtItsEndStands)
+{
+    start("0");
+    open(0);
+    console().SeekSlider.Max = 66000;
+    world.mci.looks[alias(0)] = DeviceLook{.playing = false, .ended = true, .place = 66, .length = 66};
+    EXPECT_THAT(sentBy("Left"), Not(Contains(StartsWith("Play")))) << "it is held where the jump leads";
+    EXPECT_EQ(console().SeekSlider.Value(), 64000);
+    EXPECT_THAT(sentBy("Space"), Contains(StartsWith("Play A"))) << "from its beginning";
 }
 
 TEST_F(ConsoleKeys, AJumpIsAPageOfTheSlider)

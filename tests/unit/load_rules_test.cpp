@@ -293,6 +293,23 @@ TEST_F(Load, WhatWasGivenBackTooSoonWaitsTwiceAsLong)
     }
 }
 
+TEST_F(Load, ItWaitsTwiceAsLongOnlyOnceForEachRaise)
+{
+    addMany(2, 1000);
+    allAt(0.7);
+    lookUntil(kBusy, 2);
+    allAt(1);
+    ASSERT_FALSE(lookUntil(0.6, 1000).empty());
+    for (int i = 0; i < 2; ++i) {
+        allAt(0.8);
+        ASSERT_FALSE(lookUntil(kBusy, 8).empty());
+    }
+    allAt(1);
+    const auto from = now;
+    ASSERT_FALSE(lookUntil(0.6, 1000).empty());
+    EXPECT_LT(now - from, 30s);
+}
+
 TEST_F(Load, OtherVideosStartWithoutThatWait)
 {
     addMany(2, 1000);
@@ -318,6 +335,17 @@ TEST_F(Load, LeavingOutWhatIsNeededSavesNothing)
     lookUntil(kBusy, 2);
     EXPECT_LE(ease(1), Ease::Unsmoothed);
     EXPECT_GE(ease(2), Ease::HalfRate);
+}
+
+TEST_F(Load, WhatIsCoveredComesDownToKeyPicturesAllTheSame)
+{
+    addMany(2, 1000);
+    video(1).needsAll = true;
+    video(1).covered = true;
+    allAt(0.6);
+    lookUntil(kBusy, 2);
+    EXPECT_EQ(ease(1), Ease::KeyPictures);
+    EXPECT_EQ(ease(2), Ease::Full);
 }
 
 TEST_F(Load, ItIsFoundOutToo)

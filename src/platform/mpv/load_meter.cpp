@@ -45,6 +45,11 @@ void LoadMeter::ask(MpvChannel& channel)
     for (const Row& row : kQuestions) {
         lastAsked_ = channel.ask(row.property, row.format);
         firstAsked_ = firstAsked_ == 0 ? lastAsked_ : firstAsked_;
+        if (lastAsked_ == 0) {
+            // Without all of them there is no answer; the next look asks anew.
+            firstAsked_ = 0;
+            return;
+        }
     }
 }
 

@@ -41,7 +41,7 @@ constexpr std::size_t kPiecesAtOnce = 3;
 constexpr double kNothingLeftOut = 0.8;
 constexpr int kTurnOfFavoured = 3;
 
-Ease cheaper(Ease ease) { return static_cast<Ease>(static_cast<int>(ease) + 1); }
+Ease following(Ease ease) { return static_cast<Ease>(static_cast<int>(ease) + 1); }
 
 double paceOf(const LoadSample& sample)
 {
@@ -148,6 +148,14 @@ double LoadRules::costOf(const std::vector<Target>& targets) const
     return sum;
 }
 
+Ease LoadRules::cheaper(const LoadSample& sample, Ease ease, Ease lowest) const
+{
+    for (Ease level = following(ease); level <= lowest; level = following(level))
+        if (costOf(sample, level) < costOf(sample, ease))
+            return level;
+    return ease;
+}
+
 std::vector<LoadOrder> LoadRules::lower(Moment now, const std::vector<LoadSample>& running, double pace)
 {
     std::vector<Target> targets;
@@ -161,12 +169,10 @@ std::vector<LoadOrder> LoadRules::lower(Moment now, const std::vector<LoadSample
     const bool others = running.size() > 1;
     const int last = others || lateLooks_ >= kLateLooksOfOne ? kTurnOfFavoured : kTurnOfFavoured - 1;
     for (int turn = 0; turn <= last; ++turn)
-        for (Ease level = Ease::Full; level < lowestOf(turn); level = cheaper(level))
+        for (Ease level = Ease::Full; level < lowestOf(turn); level = following(level))
             for (Target& target : targets)
-                if (turnOf(*target.sample, largest) == turn && target.ease == level &&
-                    costOf(*target.sample, cheaper(level)) < costOf(*target.sample, level) &&
-                    costOf(targets) > affordable)
-                    target.ease = cheaper(level);
+                if (turnOf(*target.sample, largest) == turn && target.ease == level && costOf(targets) > affordable)
+                    target.ease = cheaper(*target.sample, level, lowestOf(turn));
     std::vector<LoadOrder> orders;
     for (const Target& target : targets)
         if (target.ease != target.sample->ease)
@@ -183,6 +189,7 @@ void LoadRules::punishRaise(Moment now)
 {
     if (raisedAt_ != Moment{} && now - raisedAt_ < kRaiseOnTrial)
         patience_ = std::min<std::chrono::seconds>(patience_ * 2, kLongestPatience);
+    raisedAt_ = {};
     raiseAllowed_ = now + patience_;
 }
 
@@ -205,7 +212,7 @@ std::vector<LoadOrder> LoadRules::raise(Moment now, const std::vector<LoadSample
     for (const LoadSample& sample : running)
         used += costOf(sample, sample.ease);
     const double affordable = (idle - kIdleToKeep) / (1 - idle) * used;
-    for (Ease ease = Ease::Full; ease < next->ease; ease = cheaper(ease)) {
+    for (Ease ease = Ease::Full; ease < next->ease; ease = following(ease)) {
         if (costOf(*next, ease) - costOf(*next, next->ease) > affordable)
             continue;
         raisedAt_ = now;

@@ -78,6 +78,8 @@ private:
     void noteThose(const std::vector<LoadSample>& running, Moment now);
     double costOf(const LoadSample& sample, Ease ease) const;
     double costOf(const std::vector<Target>& targets) const;
+    /// The next that costs less than `ease`, no further than `lowest`; `ease` itself where there is none.
+    Ease cheaper(const LoadSample& sample, Ease ease, Ease lowest) const;
     static std::vector<LoadOrder> uncover(const std::vector<LoadSample>& running);
     std::vector<LoadOrder> lower(Moment now, const std::vector<LoadSample>& running, double pace);
     std::vector<LoadOrder> raise(Moment now, const std::vector<LoadSample>& running, double idle);
@@ -89,6 +91,7 @@ private:
     int lateLooks_ = 0;
     /// Before this nothing is judged: what has just been changed has yet to show.
     Moment settled_{};
+    /// The last raise that no lowering has followed; none at the beginning of time.
     Moment raisedAt_{};
     /// Before this nothing is raised.
     Moment raiseAllowed_{};

@@ -30,8 +30,7 @@ std::uint64_t MpvChannel::set(const char* property, double value)
 
 std::uint64_t MpvChannel::ask(const char* property, mpv_format format)
 {
-    mpv_get_property_async(handle_, ++lastRequest_, property, format);
-    return lastRequest_;
+    return mpv_get_property_async(handle_, ++lastRequest_, property, format) < 0 ? 0 : lastRequest_;
 }
 
 void MpvChannel::drain(const Listener& listener)

@@ -30,6 +30,7 @@ public:
     std::uint64_t command(std::initializer_list<const char*> words);
     std::uint64_t set(const char* property, bool value);
     std::uint64_t set(const char* property, double value);
+    /// 0 where no answer will come.
     std::uint64_t ask(const char* property, mpv_format format);
 
     /// Hands what has come to the listener. Never blocks.

@@ -10,6 +10,7 @@
 #include <condition_variable>
 #include <ctime>
 #include <deque>
+#include <exception>
 #include <mutex>
 #include <new>
 #include <system_error>
@@ -46,13 +47,18 @@ struct ThreadedPictures::State {
 
     void work(const std::vector<PictureWish>& wishes, bool sheet);
     SavedPictures carryOut(const std::vector<PictureWish>& wishes, bool sheet) const;
-    void add(SavedPictures& saved, const std::string& name, const std::string& content) const;
+    /// Without content there is no picture of `of`.
+    void add(SavedPictures& saved, const std::string& of, const std::string& name, const std::string& content) const;
 };
 
-void ThreadedPictures::State::add(SavedPictures& saved, const std::string& name, const std::string& content) const
+void ThreadedPictures::State::add(SavedPictures& saved, const std::string& of, const std::string& name,
+                                  const std::string& content) const
 {
-    const WrittenPicture written = content.empty() ? WrittenPicture{PictureTrouble::NoRoom, {}}
-                                                   : writePicture(saved.folder, name, kEnding, content);
+    if (content.empty()) {
+        saved.missing.push_back(of);
+        return;
+    }
+    const WrittenPicture written = writePicture(saved.folder, name, kEnding, content);
     if (written.trouble == PictureTrouble::None)
         saved.files.push_back(written.path);
     else
@@ -65,8 +71,8 @@ void ThreadedPictures::State::work(const std::vector<PictureWish>& wishes, bool 
     SavedPictures saved;
     try {
         saved = carryOut(wishes, sheet);
-    } catch (const std::bad_alloc&) {
-        saved.trouble = PictureTrouble::NoRoom;
+    } catch (const std::exception&) {
+        saved.trouble = PictureTrouble::Busy;
     }
     const std::lock_guard lock(mutex);
     results.push_back(std::move(saved));
@@ -82,17 +88,19 @@ SavedPictures ThreadedPictures::State::carryOut(const std::vector<PictureWish>& 
     std::vector<SheetEntry> entries;
     for (const PictureWish& wish : wishes) {
         const std::string path = unmarkPath(wish.path);
-        auto picture = tools.read(path, wish.seconds, refuses);
-        if (!picture || picture->pixels.empty()) {
+        // A picture that there is no memory for takes none of the others away.
+        try {
+            const auto picture = tools.read(path, wish.seconds, refuses);
+            const std::string content = picture && !picture->pixels.empty() ? pngOf(*picture) : std::string();
+            add(saved, wish.path, pictureName(path, wish.seconds), content);
+            if (sheet && !content.empty())
+                entries.push_back(sheetEntry(*picture, validText(titleOf(path)), pictureTime(wish.seconds)));
+        } catch (const std::bad_alloc&) {
             saved.missing.push_back(wish.path);
-            continue;
         }
-        add(saved, pictureName(path, wish.seconds), pngOf(*picture));
-        if (sheet)
-            entries.push_back(sheetEntry(*picture, validText(titleOf(path)), pictureTime(wish.seconds)));
     }
-    if (!entries.empty())
-        add(saved, sheetName(std::time(nullptr)), contactSheet(entries));
+    if (const std::string name = sheetName(std::time(nullptr)); !entries.empty())
+        add(saved, name, name, contactSheet(entries));
     if (saved.trouble == PictureTrouble::None && !saved.missing.empty())
         saved.trouble = PictureTrouble::NoPicture;
     return saved;
