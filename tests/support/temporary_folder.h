@@ -18,10 +18,10 @@ namespace tandrel::test
 class TemporaryFolder
 {
 public:
-    TemporaryFolder() : folder_(::testing::TempDir() + "tandrel-XXXXXX")
+    explicit TemporaryFolder(const std::string& inside = ::testing::TempDir()) : folder_(inside + "tandrel-XXXXXX")
     {
         if (::mkdtemp(folder_.data()) == nullptr)
-            throw std::runtime_error("no folder can be made in " + ::testing::TempDir());
+            throw std::runtime_error("no folder can be made in " + inside);
     }
     ~TemporaryFolder()
     {
