@@ -65,7 +65,10 @@ void LoadKeeper::tend(Moment now)
     const std::vector<LoadSample> running = samples();
     carryOut(judge_(now, running, idle, lateTicks_ >= kLateTicks));
     lateTicks_ = 0;
-    if (idle < kBusy && !running.empty()) {
+    // What was made cheaper may have come to light since.
+    const bool anyEased =
+        std::any_of(running.begin(), running.end(), [](const LoadSample& sample) { return sample.ease != Ease::Full; });
+    if (!running.empty() && (idle < kBusy || anyEased)) {
         lookForCovered();
         lookForKeys();
     }
