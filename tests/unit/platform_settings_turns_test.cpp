@@ -53,7 +53,7 @@ protected:
 TEST_F(PlatformSettingsTurns, NoneLosesWhatAnotherSavesAtTheSameTime)
 {
     constexpr int kProcesses = 4;
-    constexpr int kValues = 5;
+    constexpr int kValues = 10;
     std::vector<pid_t> others;
     for (int process = 0; process < kProcesses; ++process)
         others.push_back(inAnotherProcess([&] {
