@@ -53,6 +53,7 @@ target_link_libraries(ease_screen PRIVATE PkgConfig::xcb)
 
 tandrel_media_test(mci_unit UNIT
   unit/covered_windows_test.cpp
+  unit/load_meter_test.cpp
   unit/load_rules_test.cpp
   unit/mci_early_opens_test.cpp
   unit/mci_outputs_test.cpp

@@ -59,6 +59,7 @@ tandrel_library(platform/mpv APART USES platform/input platform/mci platform/out
   step_budget.cpp
   step_cache.cpp
   step_fill.cpp
+  picture_shrink.cpp
   step_picture.cpp
   step_row.cpp
   step_stills.cpp

@@ -44,11 +44,12 @@ protected:
         return waitUntil([&] { return window.frameIn(kPicture) == static_cast<int>(frame); });
     }
     int eased() { return mci.report().at(0).counts.eased; }
+    int width() { return mci.report().at(0).counts.width; }
 
-    void play(const std::string& name)
+    void play(const std::string& name, const std::string& size = "320 240")
     {
         ASSERT_EQ(send("Open \"" + testMedia(name) + "\" alias A parent " + std::to_string(window.handle())), 0);
-        ASSERT_EQ(send("put A window at 0 0 320 240"), 0);
+        ASSERT_EQ(send("put A window at 0 0 " + size), 0);
         ASSERT_EQ(send("set A time format frames"), 0);
         ASSERT_EQ(send("Play A"), 0);
     }
@@ -63,20 +64,26 @@ protected:
         ASSERT_EQ(send("Pause A"), 0);
     }
 
+    explicit Easing(std::optional<bool> hardwareDecoding = {})
+        : mci(makeMpvEngine({.outputs = true,
+                             .pixelRatio = nullptr,
+                             .mostDevices = 2,
+                             .hardwareDecoding = hardwareDecoding,
+                             .judgeLoad = [this](auto, const std::vector<LoadSample>& running, double, bool) {
+                                 seen = running;
+                                 std::vector<LoadOrder> orders;
+                                 for (const LoadSample& sample : running)
+                                     if (sample.ease != wanted)
+                                         orders.push_back({sample.id, wanted});
+                                 return orders;
+                             }}))
+    {
+    }
+
     Ease wanted = Ease::Full;
     std::vector<LoadSample> seen;
     TestWindow window{640, 480};
-    MciService mci{makeMpvEngine({.outputs = true,
-                                  .pixelRatio = nullptr,
-                                  .mostDevices = 2,
-                                  .judgeLoad = [this](auto, const std::vector<LoadSample>& running, double, bool) {
-                                      seen = running;
-                                      std::vector<LoadOrder> orders;
-                                      for (const LoadSample& sample : running)
-                                          if (sample.ease != wanted)
-                                              orders.push_back({sample.id, wanted});
-                                      return orders;
-                                  }})};
+    MciService mci;
     std::string answer;
 };
 
@@ -135,7 +142,7 @@ TEST_P(Easing, ComesBackInFull)
 }
 
 INSTANTIATE_TEST_SUITE_P(All, Easing,
-                         testing::Values(Ease::Unsmoothed, Ease::HalfRate, Ease::LowRate, Ease::KeyPictures),
+                         testing::Values(Ease::Simplified, Ease::HalfRate, Ease::LowRate, Ease::KeyPictures),
                          [](const auto& row) { return "Ease" + std::to_string(static_cast<int>(row.param)); });
 
 class EasedPictures : public Easing
@@ -151,6 +158,41 @@ TEST_F(EasedPictures, AreFewer)
     EXPECT_EQ(mci.eased(), 1);
     EXPECT_EQ(seen[0].pixelRate, 30.0 * 320 * 240);
     EXPECT_EQ(seen[0].area, 320 * 240);
+}
+
+TEST_F(EasedPictures, AreDecodedNoLargerThanTheyAreShown)
+{
+    wanted = Ease::Simplified;
+    play("mpeg2.mkv", "80 60");
+    EXPECT_TRUE(waitUntil([&] { return width() == 80; })) << width();
+    EXPECT_EQ(eased(), static_cast<int>(Ease::Simplified));
+    ASSERT_EQ(send("put A window at 0 0 160 120"), 0);
+    EXPECT_TRUE(waitUntil([&] { return width() == 160; })) << width();
+    ASSERT_EQ(send("put A window at 0 0 320 240"), 0);
+    EXPECT_TRUE(waitUntil([&] { return width() == 320; })) << width();
+    EXPECT_EQ(eased(), static_cast<int>(Ease::Simplified));
+}
+
+TEST_F(EasedPictures, AreOfTheirFullSizeAtRest)
+{
+    wanted = Ease::Simplified;
+    play("mpeg2.mkv", "160 120");
+    ASSERT_TRUE(waitUntil([&] { return width() == 160; }));
+    ASSERT_EQ(send("Pause A"), 0);
+    const long frame = number("status A position");
+    ASSERT_EQ(send("step A"), 0);
+    EXPECT_EQ(number("status A position"), frame + 1);
+    EXPECT_TRUE(waitUntil([&] { return width() == 320; })) << width();
+    EXPECT_EQ(eased(), 0);
+}
+
+TEST_F(EasedPictures, AreOfTheSizeOfTheFileWhereTheDecoderKnowsNoOther)
+{
+    wanted = Ease::Simplified;
+    play("h264_30.mp4", "80 60");
+    ASSERT_TRUE(
+        waitUntil([&] { return eased() == static_cast<int>(Ease::Simplified) && !seen.empty() && seen[0].pace; }));
+    EXPECT_EQ(width(), 320);
 }
 
 TEST_F(EasedPictures, TheSelectedOneIsKnown)
@@ -178,6 +220,34 @@ TEST_F(EasedPictures, WhatIsHeldIsNotJudged)
     ASSERT_TRUE(waitUntil([&] { return !seen.empty(); }));
     ASSERT_EQ(send("Pause A"), 0);
     EXPECT_TRUE(waitUntil([&] { return seen.empty(); }));
+}
+
+/// A card may decode, and there is none that could.
+class EasedBesideACard : public Easing
+{
+protected:
+    EasedBesideACard() : Easing(true) {}
+};
+
+TEST_F(EasedBesideACard, WhatTheProcessorsDecodeAllTheSameTakesPart)
+{
+    wanted = Ease::HalfRate;
+    play("h264_30.mp4");
+    EXPECT_TRUE(waitUntil([&] { return eased() == static_cast<int>(Ease::HalfRate); }));
+    EXPECT_EQ(mci.eased(), 1);
+}
+
+TEST_F(EasedPictures, WhetherTheyAreCoveredIsKnownHoweverIdleTheMachineIs)
+{
+    wanted = Ease::LowRate;
+    play("h264_30.mp4");
+    const auto covered = [&] { return !seen.empty() && seen[0].covered; };
+    ASSERT_TRUE(waitUntil([&] { return !seen.empty() && seen[0].ease == Ease::LowRate; }));
+    {
+        const TestWindow above{640, 480};
+        EXPECT_TRUE(waitUntil(covered));
+    }
+    EXPECT_TRUE(waitUntil([&] { return !seen.empty() && !covered(); }));
 }
 
 TEST_F(EasedPictures, KeyPlacesAreThoseOfTheFile)

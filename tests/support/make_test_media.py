@@ -63,6 +63,8 @@ VIDEOS = [
     ("gops_hevc.mp4", "25", 75, 0, ["-c:v", "libx265", "-preset", "ultrafast", "-x265-params",
                                     "keyint=25:log-level=error", "-pix_fmt", "yuv420p"]),
     ("gops_cut.mp4", "25", 100, 0, H264 + ["-g", "30", "-sc_threshold", "0", "-movflags", "+faststart"]),
+    # Its decoder can halve pictures.
+    ("mpeg2.mkv", "25", 300, 0, ["-c:v", "mpeg2video", "-q:v", "4", "-bf", "2"]),
     ("raw.h264", "25", 75, 0, NO_B + ["-f", "h264"]),
 ]
 SOUNDS = [("sound.mp3", ["-c:a", "libmp3lame"]), ("sound.m4a", AAC)]

@@ -109,7 +109,7 @@ TEST_F(Load, ALittleIsMissingLittleIsTaken)
     // 0.9 * 0.94 * 4 = 3.38; all without smoothing are 3.4.
     EXPECT_EQ(ease(1), Ease::HalfRate);
     for (int id = 2; id <= 4; ++id)
-        EXPECT_EQ(ease(id), Ease::Unsmoothed) << id;
+        EXPECT_EQ(ease(id), Ease::Simplified) << id;
 }
 
 TEST_F(Load, WhatNobodySeesGivesFirstAndMost)
@@ -120,7 +120,7 @@ TEST_F(Load, WhatNobodySeesGivesFirstAndMost)
     lookUntil(kBusy, 2);
     EXPECT_EQ(ease(3), Ease::KeyPictures);
     // 0.9 * 0.8 * 4 = 2.88; the three others are 3.
-    EXPECT_EQ(ease(1), Ease::Unsmoothed);
+    EXPECT_EQ(ease(1), Ease::Simplified);
     EXPECT_EQ(ease(2), Ease::Full);
     EXPECT_EQ(ease(4), Ease::Full);
 }
@@ -144,7 +144,7 @@ TEST_F(Load, TheSelectedOneGivesLast)
     allAt(0.5);
     lookUntil(kBusy, 2);
     // 0.9 * 0.5 * 4 = 1.8; the three others at their lowest are 0.84, and 1 for this one is too much still.
-    EXPECT_EQ(ease(2), Ease::Unsmoothed);
+    EXPECT_EQ(ease(2), Ease::Simplified);
     for (int id : {1, 3, 4})
         EXPECT_EQ(ease(id), Ease::LowRate) << id;
 }
@@ -333,7 +333,7 @@ TEST_F(Load, LeavingOutWhatIsNeededSavesNothing)
     video(1).needsAll = true;
     allAt(0.6);
     lookUntil(kBusy, 2);
-    EXPECT_LE(ease(1), Ease::Unsmoothed);
+    EXPECT_LE(ease(1), Ease::Simplified);
     EXPECT_GE(ease(2), Ease::HalfRate);
 }
 
@@ -370,7 +370,7 @@ TEST_F(Load, WhatCanGiveNoMoreLeavesOutPieces)
     addMany(5, 1000);
     for (LoadSample& one : videos) {
         one.needsAll = true;
-        one.ease = Ease::Unsmoothed;
+        one.ease = Ease::Simplified;
         one.lag = 2;
     }
     video(4).lag = 9;
@@ -380,7 +380,7 @@ TEST_F(Load, WhatCanGiveNoMoreLeavesOutPieces)
     EXPECT_EQ(orders[0].id, 4) << "the last one first";
     for (const LoadOrder& order : orders) {
         EXPECT_TRUE(order.catchUp);
-        EXPECT_EQ(order.ease, Ease::Unsmoothed);
+        EXPECT_EQ(order.ease, Ease::Simplified);
     }
     orders = look();
     ASSERT_EQ(orders.size(), 2u) << "the others";
@@ -391,7 +391,7 @@ TEST_F(Load, ShortLagsAreLeft)
 {
     add(1000);
     video(1).needsAll = true;
-    video(1).ease = Ease::Unsmoothed;
+    video(1).ease = Ease::Simplified;
     video(1).lag = 1;
     allAt(0.7);
     EXPECT_TRUE(lookUntil(kBusy, 10).empty());

@@ -41,6 +41,8 @@ struct FrameCounts {
     long dropped = 0;
     /// How far it is made cheaper now: 0, not at all; 4, only its key pictures are decoded.
     int eased = 0;
+    /// Of the pictures as they are decoded now, in pixels; 0 before the first.
+    int width = 0;
 };
 
 enum class StepDirection { Forward, Backward };

@@ -72,6 +72,9 @@ std::optional<KeyPlaces> KeyWatch::of(const std::string& path)
             std::thread(&State::work, state_).detach();
             state_->works = true;
         } catch (const std::system_error&) {
+            // Asked for again, they get another try.
+            for (const std::string& waiting : state_->wanted)
+                state_->files.erase(waiting);
             state_->wanted.clear();
         }
     }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <string_view>
 
 namespace tandrel
 {
@@ -9,12 +10,13 @@ namespace tandrel
 namespace
 {
 
-enum Question { Sound, Difference, Dropped, Rate, Place, Count };
+enum Question { Decoder, Sound, Difference, Dropped, Rate, Place, Count };
 struct Row {
     const char* property;
     mpv_format format;
 };
-constexpr std::array<Row, Question::Count> kQuestions{{{"audio-pts", MPV_FORMAT_DOUBLE},
+constexpr std::array<Row, Question::Count> kQuestions{{{"hwdec-current", MPV_FORMAT_STRING},
+                                                       {"audio-pts", MPV_FORMAT_DOUBLE},
                                                        {"avsync", MPV_FORMAT_DOUBLE},
                                                        {"frame-drop-count", MPV_FORMAT_INT64},
                                                        {"estimated-vf-fps", MPV_FORMAT_DOUBLE},
@@ -28,6 +30,16 @@ std::optional<double> numberIn(const mpv_event& answer)
     if (property.format == MPV_FORMAT_INT64)
         return static_cast<double>(*static_cast<const std::int64_t*>(property.data));
     return *static_cast<const double*>(property.data);
+}
+
+/// As libmpv tells it: "no" is the processor. Nothing while there is no decoder.
+std::optional<bool> namesCard(const mpv_event& answer)
+{
+    if (answer.error < 0)
+        return {};
+    const std::string_view decoder =
+        *static_cast<const char* const*>(static_cast<mpv_event_property*>(answer.data)->data);
+    return !decoder.empty() && decoder != "no";
 }
 
 double secondsBetween(LoadMeter::Moment from, LoadMeter::Moment to)
@@ -73,6 +85,11 @@ bool LoadMeter::hear(const mpv_event& event, Moment now)
 
 void LoadMeter::take(const mpv_event& answer, std::uint64_t question)
 {
+    if (question == Decoder) {
+        if (const auto byCard = namesCard(answer))
+            decodedByCard_ = byCard;
+        return;
+    }
     const std::optional<double> number = numberIn(answer);
     switch (question) {
     case Sound:

@@ -33,6 +33,8 @@ public:
     /// The video has been held, sent elsewhere or started: what is known says nothing of what is to come.
     void restart();
 
+    /// The graphics card decodes; unknown before the first answers.
+    std::optional<bool> decodedByCard() const { return decodedByCard_; }
     /// How far the pictures are behind the sound, in seconds; 0 without sound.
     double lag() const { return last_ ? last_->behindSound.value_or(0) : 0; }
     /// `speed`: seconds of the video in one second.
@@ -53,6 +55,7 @@ private:
     std::uint64_t firstAsked_ = 0;
     std::uint64_t lastAsked_ = 0;
     Reading coming_;
+    std::optional<bool> decodedByCard_;
     /// The first since the start, the one before the last, and the last.
     std::optional<Reading> first_;
     std::optional<Reading> before_;

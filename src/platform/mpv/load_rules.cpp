@@ -136,7 +136,7 @@ double LoadRules::costOf(const LoadSample& sample, Ease ease) const
 {
     const auto known = known_.find(sample.id);
     const bool needsAll = known != known_.end() && known->second.needsAll;
-    const Ease counts = needsAll && ease != Ease::KeyPictures ? std::min(ease, Ease::Unsmoothed) : ease;
+    const Ease counts = needsAll && ease != Ease::KeyPictures ? std::min(ease, Ease::Simplified) : ease;
     return sample.pixelRate * kCosts[static_cast<std::size_t>(counts)];
 }
 

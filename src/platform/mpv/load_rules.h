@@ -13,8 +13,9 @@ namespace tandrel
 /// How much of a video is decoded. Each is cheaper than the one before.
 enum class Ease {
     Full,
-    /// Edges of blocks are not smoothed in pictures that no other one is made from: hardly to be seen.
-    Unsmoothed,
+    /// Edges of blocks are not smoothed in pictures that no other one is made from, and where the decoder can, pictures
+    /// are decoded no larger than they are shown: hardly to be seen.
+    Simplified,
     /// Those pictures are left out: half of them in most files.
     HalfRate,
     /// All pictures that are made from later ones are left out: a quarter or so is shown.

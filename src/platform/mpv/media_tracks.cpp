@@ -26,6 +26,7 @@ void setSize(double width, double height, double pixelAspect, double rotation, M
 void readPicture(const mpv_node& track, MediaTracks& tracks)
 {
     tracks.picture = true;
+    tracks.codec = textField(track, "codec");
     tracks.frameRate = numberField(track, "demux-fps", 0);
     setSize(numberField(track, "demux-w", 0), numberField(track, "demux-h", 0), numberField(track, "demux-par", 1),
             numberField(track, "demux-rotation", 0), tracks);

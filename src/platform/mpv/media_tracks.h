@@ -4,6 +4,7 @@
 #include "platform/mci/engine.h"
 
 #include <mpv/client.h>
+#include <string>
 
 namespace tandrel
 {
@@ -20,6 +21,8 @@ struct MediaTracks {
     /// False where the container does not tell the shape of the pixels: then it takes a decoded picture to know.
     bool sizeIsSure = false;
     double frameRate = 0;
+    /// What the picture is coded by, as FFmpeg calls it.
+    std::string codec;
 };
 
 /// Reads the property "track-list": the tracks that are being played, and what there is.

@@ -293,6 +293,7 @@ FrameCounts MpvDevice::counts()
     };
     FrameCounts result;
     result.eased = static_cast<int>(ease_);
+    result.width = static_cast<int>(number("video-dec-params/w"));
     result.dropped = number("frame-drop-count") + number("decoder-frame-drop-count");
     result.shown = std::max(0L, number("estimated-frame-number") + 1 - result.dropped);
     return result;

@@ -49,8 +49,9 @@ public:
     /// Lets steps use pictures that are decoded apart from the player, where that is possible. After a load, once.
     void keepPictures(const StepTools& tools, const MediaSource& source);
 
-    /// Takes part in what is done about too much load, until it closes. Once.
-    void joinLoad(std::shared_ptr<LoadKeeper> keeper);
+    /// Takes part in what is done about too much load, until it closes. Once. Where a graphics card `mayDecode`, that is
+    /// only while the processors are found to do it all the same.
+    void joinLoad(std::shared_ptr<LoadKeeper> keeper, bool mayDecode);
     /// Asks the player how it keeps up, without waiting for the answer.
     void askLoad();
     /// What the answers so far say, but for what the device doesn't know of itself; nothing unless it runs.
@@ -61,7 +62,7 @@ public:
     void ease(Ease ease);
     /// Goes on at the last key picture that is due already, if there is one ahead.
     void catchUp();
-    /// Looks whether the key picture has come. Whoever eases a device calls it often.
+    /// Looks whether the key picture has come, and whether the window has grown. Whoever eases a device calls it often.
     void followEase();
     /// Where the key pictures are; once they are known.
     void setKeyPlaces(KeyPlaces places);
@@ -192,6 +193,8 @@ private:
     void goOnAt(double key);
     void tellDecoder(Ease ease);
     void easeNow(Ease ease);
+    /// How often pictures are halved at this ease: they are no smaller than they are shown.
+    int halvingsAt(Ease ease) const;
     /// True if that takes a seek before anything else.
     bool decodeAll();
     void forgetPictures();
@@ -320,7 +323,11 @@ private:
     /// Null for a device that takes no part.
     std::shared_ptr<LoadKeeper> keeper_;
     LoadMeter meter_;
+    bool cardMayDecode_ = false;
     Ease ease_ = Ease::Full;
+    /// How often the pictures are halved now, and how often they can be at most.
+    int halvings_ = 0;
+    int mostHalvings_ = 0;
     /// What is to come at the next key picture, and when it comes whether or not there is one.
     std::optional<Ease> easeWanted_;
     Moment easeBy_;

@@ -1,6 +1,7 @@
 // How much of the video is decoded: the part of MpvDevice that makes it cheaper, and exact again where that counts.
 #include "platform/mpv/load_keeper.h"
 #include "platform/mpv/mpv_device.h"
+#include "platform/mpv/picture_shrink.h"
 
 #include <algorithm>
 #include <array>
@@ -31,8 +32,9 @@ constexpr std::array<const char*, 2> kNoHardware{"no", "none"};
 
 } // namespace
 
-void MpvDevice::joinLoad(std::shared_ptr<LoadKeeper> keeper)
+void MpvDevice::joinLoad(std::shared_ptr<LoadKeeper> keeper, bool mayDecode)
 {
+    cardMayDecode_ = mayDecode;
     keeper_ = std::move(keeper);
     keeper_->join(*this);
 }
@@ -41,12 +43,19 @@ void MpvDevice::tellDecoder(Ease ease)
 {
     const EaseRow& row = kEases[static_cast<std::size_t>(ease)];
     ease_ = ease;
+    halvings_ = halvingsAt(ease);
     easeWanted_.reset();
     noHardware_ = 1 - noHardware_;
     channel_.command({"set", "vd-lavc-skiploopfilter", row.loopFilter});
     channel_.command({"set", "vd-lavc-skipframe", row.pictures});
+    channel_.command({"set", "vd-lavc-o", ("lowres=" + std::to_string(halvings_)).c_str()});
     channel_.command({"set", "hwdec", kNoHardware[static_cast<std::size_t>(noHardware_)]});
     meter_.restart();
+}
+
+int MpvDevice::halvingsAt(Ease ease) const
+{
+    return ease == Ease::Full ? 0 : halvingsFor({facts_.width, facts_.height}, canvas_, mostHalvings_);
 }
 
 bool MpvDevice::canBeEased() const
@@ -83,7 +92,8 @@ void MpvDevice::easeNow(Ease ease)
 
 void MpvDevice::followEase()
 {
-    if (!easeWanted_)
+    const bool grown = halvings_ > halvingsAt(ease_);
+    if (!easeWanted_ && !grown)
         return;
     prepareRead();
     if (!running_ || ended_) {
@@ -92,6 +102,11 @@ void MpvDevice::followEase()
     }
     if (!canBeEased())
         return;
+    if (grown) {
+        // What is shown larger than it is decoded is not left so until a key picture comes.
+        easeNow(easeWanted_.value_or(ease_));
+        return;
+    }
     const double place = picturePlace();
     const double from = std::exchange(easeFrom_, place);
     if (const auto key = nextKey(from); key && *key <= place) {
@@ -152,6 +167,9 @@ void MpvDevice::askLoad()
 std::optional<LoadSample> MpvDevice::load() const
 {
     if (!running_ || ended_ || facts_.frameRate <= 0 || !seekable_)
+        return {};
+    // What the graphics card decodes is no load for the processors.
+    if (cardMayDecode_ && meter_.decodedByCard().value_or(true))
         return {};
     LoadSample sample;
     // What is on its way counts as done: it is not asked for twice.

@@ -31,12 +31,19 @@ struct Means {
     std::unique_ptr<WindowSystem> windowSystem;
 };
 
+HandleSettings settingsBy(const MpvOptions& options)
+{
+    HandleSettings settings = chooseOutputs(options.outputs);
+    settings.hardwareDecoding = options.hardwareDecoding.value_or(settings.hardwareDecoding);
+    return settings;
+}
+
 class MpvEngine final : public MediaEngine
 {
 public:
     explicit MpvEngine(MpvOptions options)
         : options_(std::move(options)),
-          settings_(chooseOutputs(options_.outputs)),
+          settings_(settingsBy(options_)),
           means_(std::make_shared<Means>(settings_, options_.mostDevices))
     {
     }
@@ -160,9 +167,8 @@ OpenResult MpvEngine::open(const std::string& path, std::optional<WindowHandle> 
     // Pictures that are decoded beside the player are as the file has them.
     if (keepsPictures() && !result.tuning.changesPicture)
         result.device->keepPictures(stepTools_, result.source);
-    // What the graphics card decodes is no load for the processors.
-    if (shown && !settings_.hardwareDecoding)
-        result.device->joinLoad(keeper_);
+    if (shown)
+        result.device->joinLoad(keeper_, settings_.hardwareDecoding);
     return {OpenFailure::None, std::move(result.device)};
 }
 } // namespace

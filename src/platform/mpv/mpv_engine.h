@@ -20,6 +20,8 @@ struct MpvOptions {
     std::function<void()> wake = {};
     /// How many devices the program opens at most: so many players are kept ready.
     int mostDevices = 12;
+    /// Whether a graphics card may decode; found out where not set.
+    std::optional<bool> hardwareDecoding = {};
     /// The file of the settings for pictures and sounds, which each open looks at; empty: there is none.
     std::string codecFile = {};
     /// Who says what becomes of videos that are too much; `LoadRules` where not set.

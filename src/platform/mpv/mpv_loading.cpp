@@ -1,5 +1,6 @@
 // The open of a file: the part of MpvDevice that runs once.
 #include "platform/mpv/mpv_device.h"
+#include "platform/mpv/picture_shrink.h"
 
 #include <algorithm>
 #include <array>
@@ -13,6 +14,8 @@ namespace
 using namespace std::chrono_literals;
 
 constexpr auto kOpenLimit = 5s;
+// Smaller ones are mud.
+constexpr int kMostHalvings = 2;
 // What frames are counted by where a picture does not tell its rate.
 constexpr double kNominalFrameRate = 25;
 
@@ -73,6 +76,7 @@ OpenFailure MpvDevice::load(const std::string& file, const Decoding& decoding)
         facts_.frameRate = loading.tracks.frameRate > 0 ? loading.tracks.frameRate : kNominalFrameRate;
         facts_.width = loading.tracks.width;
         facts_.height = loading.tracks.height;
+        mostHalvings_ = std::min(mostHalvings(loading.tracks.codec), kMostHalvings);
     }
     return OpenFailure::None;
 }

@@ -1,10 +1,14 @@
 #include "platform/output/covered_windows.h"
 
 #include <algorithm>
+#include <condition_variable>
 #include <cstdlib>
-#include <memory>
+#include <mutex>
 #include <optional>
+#include <set>
 #include <string_view>
+#include <system_error>
+#include <thread>
 #include <xcb/shape.h>
 #include <xcb/xcb.h>
 
@@ -206,58 +210,74 @@ bool isCovered(const PixelRect& place, const std::vector<PixelRect>& above)
     return left.empty();
 }
 
-CoverWatch::CoverWatch() : thread_(&CoverWatch::work, this) {}
+struct CoverWatch::State {
+    std::mutex mutex;
+    std::condition_variable changed;
+    std::vector<WindowHandle> wanted;
+    std::set<WindowHandle> covered;
+    long looks = 0;
+    bool isWanted = false;
+    bool works = false;
+    bool ending = false;
 
-CoverWatch::~CoverWatch()
-{
-    {
-        const std::lock_guard lock(mutex_);
-        ending_ = true;
-    }
-    changed_.notify_one();
-    thread_.join();
-}
+    static void work(const std::shared_ptr<State>& state);
+};
 
-void CoverWatch::look(std::vector<WindowHandle> windows)
-{
-    {
-        const std::lock_guard lock(mutex_);
-        wanted_ = std::move(windows);
-        isWanted_ = true;
-    }
-    changed_.notify_one();
-}
-
-bool CoverWatch::covered(WindowHandle window) const
-{
-    const std::lock_guard lock(mutex_);
-    return covered_.contains(window);
-}
-
-long CoverWatch::looks() const
-{
-    const std::lock_guard lock(mutex_);
-    return looks_;
-}
-
-void CoverWatch::work()
+void CoverWatch::State::work(const std::shared_ptr<State>& state)
 {
     Screen screen;
-    std::unique_lock lock(mutex_);
+    std::unique_lock lock(state->mutex);
     while (true) {
-        changed_.wait(lock, [this] { return ending_ || isWanted_; });
-        if (ending_)
+        state->changed.wait(lock, [&] { return state->ending || state->isWanted; });
+        if (state->ending)
             return;
-        isWanted_ = false;
-        const std::vector<WindowHandle> windows = wanted_;
+        state->isWanted = false;
+        const std::vector<WindowHandle> windows = state->wanted;
         lock.unlock();
         std::set<WindowHandle> covered;
         if (screen.works())
             covered = screen.covered(windows);
         lock.lock();
-        covered_ = std::move(covered);
-        ++looks_;
+        state->covered = std::move(covered);
+        ++state->looks;
     }
+}
+
+CoverWatch::CoverWatch() : state_(std::make_shared<State>()) {}
+
+CoverWatch::~CoverWatch()
+{
+    const std::lock_guard lock(state_->mutex);
+    state_->ending = true;
+    state_->changed.notify_one();
+}
+
+void CoverWatch::look(std::vector<WindowHandle> windows)
+{
+    const std::lock_guard lock(state_->mutex);
+    state_->wanted = std::move(windows);
+    state_->isWanted = true;
+    if (!state_->works) {
+        try {
+            std::thread(&State::work, state_).detach();
+            state_->works = true;
+        } catch (const std::system_error&) {
+            // Without a thread nothing counts as covered; the next look tries again.
+        }
+    }
+    state_->changed.notify_one();
+}
+
+bool CoverWatch::covered(WindowHandle window) const
+{
+    const std::lock_guard lock(state_->mutex);
+    return state_->covered.contains(window);
+}
+
+long CoverWatch::looks() const
+{
+    const std::lock_guard lock(state_->mutex);
+    return state_->looks;
 }
 
 } // namespace tandrel

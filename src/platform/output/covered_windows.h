@@ -3,10 +3,7 @@
 
 #include "platform/services.h"
 
-#include <condition_variable>
-#include <mutex>
-#include <set>
-#include <thread>
+#include <memory>
 #include <vector>
 
 namespace tandrel
@@ -17,7 +14,7 @@ bool isCovered(const PixelRect& place, const std::vector<PixelRect>& above);
 
 /// Asks the X server on a thread of its own, so that nobody waits for it. A window counts as covered if every part of
 /// it that is on the screen lies below opaque windows without holes, or if it isn't on the screen at all. A server that
-/// doesn't answer leaves the last answer standing.
+/// doesn't answer leaves the last answer standing, and the end does not wait for it.
 class CoverWatch
 {
 public:
@@ -34,16 +31,9 @@ public:
     long looks() const;
 
 private:
-    void work();
-
-    mutable std::mutex mutex_;
-    std::condition_variable changed_;
-    std::vector<WindowHandle> wanted_;
-    std::set<WindowHandle> covered_;
-    long looks_ = 0;
-    bool isWanted_ = false;
-    bool ending_ = false;
-    std::thread thread_;
+    /// Lives as long as the watch or its thread.
+    struct State;
+    std::shared_ptr<State> state_;
 };
 
 } // namespace tandrel
