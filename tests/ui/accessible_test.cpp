@@ -6,7 +6,9 @@
 #include "toolkit/menu.h"
 
 #include <QAccessible>
+#include <QDialog>
 #include <QMenu>
+#include <QTimer>
 
 #include <limits>
 
@@ -82,6 +84,13 @@ protected:
         face->actionInterface()->doAction(action);
         return true;
     }
+    /// Not even when what an action has put off is done: all that was put off before this comes before it.
+    bool nothingHappens()
+    {
+        bool done = false;
+        QTimer::singleShot(0, [&] { done = true; });
+        return within(5000, [&] { return done; }) && desk->events.empty();
+    }
     static const QString& press() { return QAccessibleActionInterface::pressAction(); }
 
     std::shared_ptr<SpokenDesk> desk = std::make_shared<SpokenDesk>();
@@ -143,6 +152,40 @@ TEST_F(Accessible, APressOfAnImageIsAClick)
     EXPECT_THAT(desk->events, ElementsAre("down", "image"));
     desk->image.Enabled = false;
     EXPECT_FALSE(act(the("image"), press()));
+}
+
+TEST_F(Accessible, WhatLiesBehindAMessageIsOutOfReach)
+{
+    QDialog message;
+    message.setModal(true);
+    message.show();
+    EXPECT_TRUE(act(the("image"), press()));
+    act(the("check"), QAccessibleActionInterface::toggleAction());
+    the("slider")->valueInterface()->setCurrentValue(7);
+    EXPECT_TRUE(nothingHappens());
+    message.hide();
+    EXPECT_TRUE(act(the("image"), press()));
+    EXPECT_TRUE(within(5000, [this] { return desk->events.size() >= 2; }));
+    EXPECT_THAT(desk->events, ElementsAre("down", "image"));
+}
+
+TEST_F(Accessible, WhatLiesBehindAMenuIsOutOfReach)
+{
+    QMenu menu;
+    menu.addAction(QStringLiteral("entry"));
+    menu.popup({0, 0});
+    ASSERT_TRUE(act(the("image"), press()));
+    EXPECT_TRUE(nothingHappens());
+    menu.hide();
+}
+
+TEST_F(Accessible, WhatIsNotThereCannotBePressed)
+{
+    desk->image.Visible = false;
+    desk->slider.Visible = false;
+    act(the("image"), press());
+    the("slider")->valueInterface()->setCurrentValue(7);
+    EXPECT_TRUE(nothingHappens());
 }
 
 TEST_F(Accessible, APressThatEndsItsFormDoesNoHarm)

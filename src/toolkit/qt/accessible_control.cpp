@@ -7,6 +7,7 @@
 #include "toolkit/qt/frame_painter.h"
 #include "toolkit/qt/qt_backend.h"
 
+#include <QApplication>
 #include <QTimer>
 #include <QWidget>
 
@@ -66,6 +67,13 @@ QAccessible::Role roleOf(const Control& control)
     return dynamic_cast<const Image*>(&control) && control.Click ? QAccessible::Button : QAccessible::Graphic;
 }
 
+/// As for a hand: what isn't there, or lies behind a message or a menu, is out of reach.
+bool isInReach(const QWidget& widget)
+{
+    const auto lets = [&](const QWidget* before) { return !before || before->window() == widget.window(); };
+    return widget.isVisible() && lets(QApplication::activeModalWidget()) && lets(QApplication::activePopupWidget());
+}
+
 /// As by a key: what pops up stands below the image, and not at the pointer.
 void pressImage(const QWidget& widget, Image& image)
 {
@@ -82,7 +90,7 @@ void pressImage(const QWidget& widget, Image& image)
 void press(const QWidget& widget)
 {
     Control* control = spokenControl(&widget);
-    if (!control || !control->enabled())
+    if (!control || !control->enabled() || !isInReach(widget))
         return;
     if (auto* image = dynamic_cast<Image*>(control))
         pressImage(widget, *image);
@@ -122,7 +130,7 @@ void setValue(const QWidget& widget, double wanted)
 {
     Control* control = spokenControl(&widget);
     // A client of the bus may ask for any number, and for what is none.
-    if (!control || !control->enabled() || std::isnan(wanted))
+    if (!control || !control->enabled() || !isInReach(widget) || std::isnan(wanted))
         return;
     const double least = leastOf(*control);
     const double value = std::clamp(wanted, least, std::max(least, mostOf(*control)));
