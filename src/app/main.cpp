@@ -156,24 +156,25 @@ struct Platform {
     std::unique_ptr<Mci> trace;
 };
 
-bool inLoop = false;
+bool playersMayDraw = false;
 
 /// The toolkit calls exit() where the display is lost. Players draw on threads then, and nothing may be destroyed under
 /// them.
-void leaveAtOnceFromLoop()
+class AtOnceWhenLost
 {
-    if (inLoop)
-        _exit(1);
-}
-
-int loop()
-{
-    std::atexit(&leaveAtOnceFromLoop);
-    inLoop = true;
-    const int result = QApplication::exec();
-    inLoop = false;
-    return result;
-}
+public:
+    AtOnceWhenLost()
+    {
+        std::atexit([] {
+            if (playersMayDraw)
+                _exit(EXIT_FAILURE);
+        });
+        playersMayDraw = true;
+    }
+    ~AtOnceWhenLost() { playersMayDraw = false; }
+    AtOnceWhenLost(const AtOnceWhenLost&) = delete;
+    AtOnceWhenLost& operator=(const AtOnceWhenLost&) = delete;
+};
 
 int run(QApplication& application)
 {
@@ -181,6 +182,7 @@ int run(QApplication& application)
     qt.setBusCheck(sessionBusIsSilent);
     installBackend(&qt);
     Platform platform;
+    const AtOnceWhenLost atOnceWhenLost;
     const SignalWatch report({SIGUSR1}, [&] { writeStatusReport(platform.media, qt.paints(), qt.tickTimes()); });
     // An end from outside is a close of the console: its place is kept and the mark of the owner goes.
     const auto endFromOutside = [&qt] {
@@ -201,7 +203,7 @@ int run(QApplication& application)
                              QTimer::singleShot(kAskAgain, &application, [] {});
                      });
     frmStart().start();
-    const int result = programEnded() ? 0 : loop();
+    const int result = programEnded() ? 0 : QApplication::exec();
     // The devices end before the windows that show them.
     endPlayers();
     endCodecForms();
@@ -237,5 +239,11 @@ int main(int argc, char** argv)
     // The name of the entry, by which desktops know whose windows these are.
     QGuiApplication::setDesktopFileName(QStringLiteral("tandrel-player"));
     setCommandLine(parseCommandLine(arguments, workingFolder()));
-    return run(application);
+    const int result = run(application);
+    // What is still being written to a disk that takes no end uses the toolkit.
+    if (ThreadedPictures::anyAtWork()) {
+        std::fflush(nullptr);
+        _exit(result);
+    }
+    return result;
 }

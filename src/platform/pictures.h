@@ -35,7 +35,7 @@ struct SavedPictures {
     std::string folder;
     /// Those of which there is no picture, by their marked paths.
     std::vector<std::string> missing;
-    /// The worst that has happened.
+    /// What went wrong first.
     PictureTrouble trouble = PictureTrouble::None;
 };
 

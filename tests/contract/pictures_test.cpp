@@ -9,6 +9,7 @@
 
 #include <QGuiApplication>
 #include <QImage>
+#include <filesystem>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -173,6 +174,36 @@ TEST(SavedFiles, AHangingFileHoldsNobodyUp)
     EXPECT_EQ(inside, 0);
 }
 
+TEST(SavedFiles, AfterTheEndNothingMoreIsReadOrWritten)
+{
+    const TemporaryFolder folder;
+    std::atomic<bool> release = false;
+    std::atomic<int> reads = 0;
+    {
+        ThreadedPictures pictures(
+            {[&] { return folder.path(); },
+             [&](const std::string&, double, const std::function<bool()>& refuses) -> std::optional<Still> {
+                 ++reads;
+                 while (!refuses())
+                     letOthersRun();
+                 while (!release)
+                     letOthersRun();
+                 return Still{1, 1, {0xFFFFFF}, {}};
+             }});
+        pictures.save({{"/first", 0}, {"/second", 0}}, true);
+        while (reads == 0)
+            letOthersRun();
+    }
+    EXPECT_TRUE(ThreadedPictures::anyAtWork()) << "the service has ended, its thread has not";
+    release = true;
+    while (ThreadedPictures::anyAtWork())
+        letOthersRun();
+    EXPECT_EQ(reads, 1);
+    EXPECT_FALSE(std::filesystem::exists(folder.path() + "/second 0-00-00.000.png"));
+    for (const auto& one : std::filesystem::directory_iterator(folder.path()))
+        EXPECT_EQ(one.path().filename(), "first 0-00-00.000.png") << "no sheet, and nothing half done";
+}
+
 TEST(SavedFiles, NoMemoryIsAnswered)
 {
     const TemporaryFolder folder;
@@ -205,11 +236,21 @@ TEST(ContactSheet, AnEntryKeepsWhatTheSheetShows)
     EXPECT_EQ(small.picture.pixels[1] & 0xFFFFFF, 0x0000FFu);
 }
 
+TEST(ContactSheet, ShowsTheNameOfWhatItHasNoPictureOf)
+{
+    const std::string png = contactSheet({{{}, "name", "0:00"}}, [] { return false; });
+    const QImage sheet = QImage::fromData(reinterpret_cast<const uchar*>(png.data()), static_cast<int>(png.size()));
+    ASSERT_EQ(sheet.width(), 2 * 48 + 900);
+    EXPECT_EQ(sheet.pixel(48 + 450, 48 + 250), qRgb(10, 33, 62)) << "an empty place";
+    EXPECT_EQ(contactSheet({{{}, "name", "0:00"}}, [] { return true; }), "") << "it ends when told";
+}
+
 TEST(ContactSheet, HasAsManyColumnsAsTheGrid)
 {
     const auto widthOf = [](int count) {
         const Still dot{1, 1, {0xFFFFFF}, {}};
-        const std::string png = contactSheet(std::vector<SheetEntry>(static_cast<std::size_t>(count), {dot, "a", "b"}));
+        const std::string png = contactSheet(std::vector<SheetEntry>(static_cast<std::size_t>(count), {dot, "a", "b"}),
+                                             [] { return false; });
         return QImage::fromData(reinterpret_cast<const uchar*>(png.data()), static_cast<int>(png.size())).width();
     };
     EXPECT_EQ(widthOf(1), 2 * 48 + 900);

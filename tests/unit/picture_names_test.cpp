@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cmath>
 #include <csignal>
 #include <filesystem>
@@ -58,6 +59,32 @@ TEST(PictureNames, SheetsAreNamedAfterTheirTime)
     ::setenv("TZ", "UTC", 1);
     ::tzset();
     EXPECT_EQ(sheetName(86399), "Contact sheet 1970-01-01 23-59-59");
+}
+
+TEST(PictureNames, HaveNothingThatOtherSystemsRefuse)
+{
+    EXPECT_EQ(nameForAll("a?b:c*d\"e<f>g|h\\i 0-00-01.000"), "a_b_c_d_e_f_g_h_i 0-00-01.000");
+    EXPECT_EQ(nameForAll("ü (2) 'x'"), "ü (2) 'x'");
+}
+
+TEST(PictureFile, WhatAnEarlierProgramHasLeftUnfinishedGoes)
+{
+    const TemporaryFolder folder;
+    const auto make = [&](const std::string& name, std::chrono::minutes age) {
+        std::ofstream(folder.path() + "/" + name) << "x";
+        fs::last_write_time(folder.path() + "/" + name, fs::file_time_type::clock::now() - age);
+    };
+    make(".picture-12-1", std::chrono::minutes(61));
+    make(".picture-13-1", std::chrono::minutes(1));
+    make("a.png", std::chrono::hours(100));
+    make(".other", std::chrono::hours(100));
+    removeLeftPictures(folder.path());
+    EXPECT_FALSE(fs::exists(folder.path() + "/.picture-12-1"));
+    EXPECT_TRUE(fs::exists(folder.path() + "/.picture-13-1")) << "somebody may be writing it";
+    EXPECT_TRUE(fs::exists(folder.path() + "/a.png"));
+    EXPECT_TRUE(fs::exists(folder.path() + "/.other"));
+    removeLeftPictures(folder.path() + "/none");
+    EXPECT_FALSE(fs::exists(folder.path() + "/none"));
 }
 
 TEST(PictureFile, TakesNobodysPlace)

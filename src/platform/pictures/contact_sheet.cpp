@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <new>
 #include <utility>
 
 namespace tandrel
@@ -75,14 +76,19 @@ struct Layout {
     int height;
 };
 
-void paintEntry(QPainter& painter, const SheetEntry& entry, const QRect& place)
+void paintPicture(QPainter& painter, const QImage& image, const QRect& place)
 {
-    painter.fillRect(place, QColor(kCell));
-    const QImage image = imageOf(entry.picture);
     QSize size = image.size().scaled(place.size(), Qt::KeepAspectRatio);
     size = size.expandedTo(QSize(1, 1));
     const QPoint corner = place.topLeft() + QPoint(place.width() - size.width(), place.height() - size.height()) / 2;
     painter.drawImage(corner, image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+}
+
+void paintEntry(QPainter& painter, const SheetEntry& entry, const QRect& place)
+{
+    painter.fillRect(place, QColor(kCell));
+    if (!entry.picture.pixels.empty())
+        paintPicture(painter, imageOf(entry.picture), place);
     const QRect band(place.left(), place.bottom() + 1, place.width(), kBand);
     const QFontMetrics metrics(painter.font());
     const QString time = QString::fromStdString(entry.time);
@@ -94,29 +100,38 @@ void paintEntry(QPainter& painter, const SheetEntry& entry, const QRect& place)
                      metrics.elidedText(QString::fromStdString(entry.name), Qt::ElideMiddle, band.width() - timeWidth));
 }
 
-} // namespace
-
-SheetEntry sheetEntry(const Still& picture, std::string name, std::string time)
+Still smallPicture(const Still& picture)
 {
-    SheetEntry entry{{}, std::move(name), std::move(time)};
     QSize size(picture.width, picture.height);
     if (size.width() > kCellWidth || size.height() > kCellHeight)
         size = size.scaled(kCellWidth, kCellHeight, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
     const QImage image = imageOf(picture)
                              .scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
                              .convertToFormat(QImage::Format_RGB32);
-    entry.picture.width = image.width();
-    entry.picture.height = image.height();
+    Still small{image.width(), image.height(), {}, {}};
     for (int row = 0; row < image.height(); ++row) {
         const auto* line = reinterpret_cast<const QRgb*>(image.constScanLine(row));
-        entry.picture.pixels.insert(entry.picture.pixels.end(), line, line + image.width());
+        small.pixels.insert(small.pixels.end(), line, line + image.width());
+    }
+    return small;
+}
+
+} // namespace
+
+SheetEntry sheetEntry(const Still& picture, std::string name, std::string time)
+{
+    SheetEntry entry{{}, std::move(name), std::move(time)};
+    try {
+        entry.picture = smallPicture(picture);
+    } catch (const std::bad_alloc&) {
+        entry.picture = {};
     }
     return entry;
 }
 
 std::string pngOf(const Still& picture) { return asPng(imageOf(picture)); }
 
-std::string contactSheet(const std::vector<SheetEntry>& entries)
+std::string contactSheet(const std::vector<SheetEntry>& entries, const std::function<bool()>& refuses)
 {
     const Layout layout(static_cast<int>(entries.size()));
     QImage sheet(layout.size(), QImage::Format_RGB32);
@@ -128,8 +143,11 @@ std::string contactSheet(const std::vector<SheetEntry>& entries)
     QFont font(QStringLiteral("Inter"));
     font.setPixelSize(kTextSize);
     painter.setFont(font);
-    for (int index = 0; index < static_cast<int>(entries.size()); ++index)
+    for (int index = 0; index < static_cast<int>(entries.size()); ++index) {
+        if (refuses())
+            return {};
         paintEntry(painter, entries[static_cast<std::size_t>(index)], layout.place(index));
+    }
     painter.end();
     return asPng(sheet);
 }

@@ -1,7 +1,10 @@
 #include "platform/pictures/picture_file.h"
 
+#include "platform/pictures/picture_names.h"
+
 #include <atomic>
 #include <cerrno>
+#include <chrono>
 #include <fcntl.h>
 #include <filesystem>
 #include <system_error>
@@ -14,6 +17,10 @@ namespace
 {
 
 constexpr int kMostOfOneName = 999;
+// How files begin that are being written.
+constexpr const char* kBeside = ".picture-";
+// What is older is left from a program that came to a sudden end.
+constexpr std::chrono::hours kLongestWriting{1};
 
 PictureTrouble troubleOf(int error)
 {
@@ -26,6 +33,8 @@ bool writeAll(int file, std::string_view content)
         const ssize_t count = ::write(file, content.data(), content.size());
         if (count < 0 && errno == EINTR)
             continue;
+        if (count == 0)
+            errno = EIO;
         if (count <= 0)
             return false;
         content.remove_prefix(static_cast<std::size_t>(count));
@@ -39,7 +48,7 @@ int openBeside(const std::string& folder, std::string& path)
 {
     static std::atomic<int> number = 0;
     for (int tries = 0; tries < kMostOfOneName; ++tries) {
-        path = folder + "/.picture-" + std::to_string(::getpid()) + "-" + std::to_string(++number);
+        path = folder + "/" + kBeside + std::to_string(::getpid()) + "-" + std::to_string(++number);
         const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
         // One may be left from a process that has had the same number.
         if (file >= 0 || errno != EEXIST)
@@ -84,7 +93,37 @@ bool giveName(const std::string& from, const std::string& to)
     return ::rename(from.c_str(), to.c_str()) == 0;
 }
 
+/// One name after the other, until there is one that nobody has. Empty, with `errno` set, where there can be none.
+std::string nameWhole(const std::string& beside, const std::string& folder, const std::string& name,
+                      const std::string& ending)
+{
+    for (int number = 1; number <= kMostOfOneName; ++number) {
+        const std::string more = number == 1 ? "" : " (" + std::to_string(number) + ")";
+        const std::string path = folder + "/" + name + more + ending;
+        if (giveName(beside, path))
+            return path;
+        if (errno != EEXIST)
+            break;
+    }
+    return {};
+}
+
 } // namespace
+
+void removeLeftPictures(const std::string& folder)
+{
+    const auto now = std::filesystem::file_time_type::clock::now();
+    std::error_code ignored;
+    std::filesystem::directory_iterator one(folder, ignored);
+    for (const std::filesystem::directory_iterator end; !ignored && one != end; one.increment(ignored)) {
+        if (!one->path().filename().native().starts_with(kBeside))
+            continue;
+        std::error_code failed;
+        const auto written = one->last_write_time(failed);
+        if (!failed && now - written > kLongestWriting)
+            ::unlink(one->path().c_str());
+    }
+}
 
 WrittenPicture writePicture(const std::string& folder, const std::string& name, const std::string& ending,
                             std::string_view content)
@@ -96,14 +135,12 @@ WrittenPicture writePicture(const std::string& folder, const std::string& name, 
     const std::string beside = writeBeside(folder, content);
     if (beside.empty())
         return {troubleOf(errno), {}};
-    for (int number = 1; number <= kMostOfOneName; ++number) {
-        const std::string more = number == 1 ? "" : " (" + std::to_string(number) + ")";
-        const std::string path = folder + "/" + name + more + ending;
-        if (giveName(beside, path))
-            return {PictureTrouble::None, path};
-        if (errno != EEXIST)
-            break;
-    }
+    std::string path = nameWhole(beside, folder, name, ending);
+    // File systems of other systems refuse some names.
+    if (path.empty() && errno == EINVAL)
+        path = nameWhole(beside, folder, nameForAll(name), ending);
+    if (!path.empty())
+        return {PictureTrouble::None, path};
     const int error = errno;
     ::unlink(beside.c_str());
     return {troubleOf(error), {}};

@@ -73,6 +73,14 @@ std::string pictureName(std::string_view videoPath, double seconds)
     return title + format(" %lld-%02d-%02d.%03d", partsOf(seconds));
 }
 
+std::string nameForAll(std::string name)
+{
+    for (char& one : name)
+        if (std::string_view("\\:*?\"<>|").find(one) != std::string_view::npos)
+            one = '_';
+    return name;
+}
+
 std::string pictureTime(double seconds) { return format("%lld:%02d:%02d.%03d", partsOf(seconds)); }
 
 std::string sheetName(long long time)

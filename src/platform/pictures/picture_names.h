@@ -12,6 +12,9 @@ namespace tandrel
 /// characters become blanks, a dot at the beginning an underscore. At most 200 bytes, whole characters.
 std::string pictureName(std::string_view videoPath, double seconds);
 
+/// The same name without what some file systems refuse: FAT and NTFS know none of \ : * ? " < > and |.
+std::string nameForAll(std::string name);
+
 /// "0:12:47.520"
 std::string pictureTime(double seconds);
 

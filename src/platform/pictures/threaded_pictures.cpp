@@ -6,6 +6,7 @@
 #include "platform/pictures/picture_names.h"
 #include "platform/valid_text.h"
 
+#include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <ctime>
@@ -27,6 +28,9 @@ using namespace std::chrono_literals;
 constexpr int kMostAtOnce = 4;
 constexpr auto kLongestEnd = 1s;
 constexpr const char* kEnding = ".png";
+
+// The threads of all services that there are or have been.
+std::atomic<int> threadsAtWork = 0;
 } // namespace
 
 struct ThreadedPictures::State {
@@ -61,7 +65,7 @@ void ThreadedPictures::State::add(SavedPictures& saved, const std::string& of, c
     const WrittenPicture written = writePicture(saved.folder, name, kEnding, content);
     if (written.trouble == PictureTrouble::None)
         saved.files.push_back(written.path);
-    else
+    else if (saved.trouble == PictureTrouble::None)
         saved.trouble = written.trouble;
 }
 
@@ -85,8 +89,11 @@ SavedPictures ThreadedPictures::State::carryOut(const std::vector<PictureWish>& 
     const auto refuses = [this] { return isEnding(); };
     SavedPictures saved;
     saved.folder = tools.folder();
+    removeLeftPictures(saved.folder);
     std::vector<SheetEntry> entries;
     for (const PictureWish& wish : wishes) {
+        if (refuses())
+            return saved;
         const std::string path = unmarkPath(wish.path);
         // A picture that there is no memory for takes none of the others away.
         try {
@@ -100,7 +107,7 @@ SavedPictures ThreadedPictures::State::carryOut(const std::vector<PictureWish>& 
         }
     }
     if (const std::string name = sheetName(std::time(nullptr)); !entries.empty())
-        add(saved, name, name, contactSheet(entries));
+        add(saved, name, name, contactSheet(entries, refuses));
     if (saved.trouble == PictureTrouble::None && !saved.missing.empty())
         saved.trouble = PictureTrouble::NoPicture;
     return saved;
@@ -121,13 +128,20 @@ void ThreadedPictures::save(const std::vector<PictureWish>& wishes, bool sheet)
     const auto refuse = [&] { state_->results.push_back({{}, {}, {}, PictureTrouble::Busy}); };
     if (state_->working >= kMostAtOnce)
         return refuse();
+    ++threadsAtWork;
     try {
-        std::thread([state = state_, wishes, sheet] { state->work(wishes, sheet); }).detach();
+        std::thread([state = state_, wishes, sheet] {
+            state->work(wishes, sheet);
+            --threadsAtWork;
+        }).detach();
         ++state_->working;
     } catch (const std::system_error&) {
+        --threadsAtWork;
         refuse();
     }
 }
+
+bool ThreadedPictures::anyAtWork() { return threadsAtWork > 0; }
 
 std::optional<SavedPictures> ThreadedPictures::done()
 {

@@ -32,6 +32,10 @@ public:
     void save(const std::vector<PictureWish>& wishes, bool sheet) override;
     std::optional<SavedPictures> done() override;
 
+    /// A thread of a service that has ended is still at work: then the process must not end by exit(), which destroys
+    /// what it uses.
+    static bool anyAtWork();
+
 private:
     struct State;
     std::shared_ptr<State> state_;
