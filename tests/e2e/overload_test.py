@@ -7,12 +7,15 @@ import subprocess
 import time
 import unittest
 
-from player import PlayerTest, links, wait_for
+from console_driver import ConsoleTest
+from player import links, wait_for
 
 RATE = 60
+LOW_RATE = 3
+KEY_PICTURES = 4
 
 
-class Overload(PlayerTest):
+class Overload(ConsoleTest):
     def large_clips(self):
         """Twelve of 1080p60, for minutes, so that they don't end on the way."""
         once = os.path.join(self.folder, "once.mp4")
@@ -25,7 +28,8 @@ class Overload(PlayerTest):
 
     def start_large(self, slide):
         self.report_file = os.path.join(self.folder, "report")
-        player = self.start(*self.large_clips(), home=self.home(slide=slide, tips="0"), TANDREL_REPORT=self.report_file)
+        self.names = self.large_clips()
+        player = self.start(*self.names, home=self.home(slide=slide, tips="0"), TANDREL_REPORT=self.report_file)
         player.wait_ready(12)
         return player
 
@@ -47,6 +51,21 @@ class Overload(PlayerTest):
             return all(place > was for was, place in zip(before, places))
 
         wait_for(moved, 10, "movement of all twelve")
+
+    def run_on(self, player, processors):
+        """All of the player's threads, and those to come."""
+        for _ in range(2):
+            for thread in os.listdir(f"/proc/{player.process.pid}/task"):
+                try:
+                    os.sched_setaffinity(int(thread), processors)
+                except ProcessLookupError:
+                    pass
+
+    def pause(self, player, name, number):
+        self.display.run("xdotool", "key", str(number))
+        wait_for(lambda: self.video_has_focus(player, name), 20, "the focus for the video")
+        self.display.run("xdotool", "key", "p")
+        wait_for(lambda: f'Pause "{name}"' in player.commands(), 20, "its pause")
 
     def help_opens(self, player):
         console = player.console()
@@ -73,6 +92,36 @@ class Overload(PlayerTest):
         wait_for(keeps_up_or_eases, 15, "videos that keep up, or are made cheaper")
         self.wait_until_all_move(player)
         self.assertTrue(player.alive())
+
+    def test_what_nobody_sees_gives_first_the_selected_one_last_and_all_comes_back(self):
+        processors = os.sched_getaffinity(0)
+        player = self.start_large("0")
+        names = self.names
+        self.run_on(player, {min(processors)})
+        # The windows of the first three lie below that of the fourth, which is selected.
+        _, x, y, *_ = player.video(names[3])
+        for name in names[:3]:
+            self.display.run("xdotool", "windowmove", player.video(name)[0], str(x), str(y))
+            self.assert_over(player, name, names[3])
+        self.display.run("wmctrl", "-ia", player.video(names[3])[0])
+        wait_for(lambda: self.video_has_focus(player, names[3]), 20, "the focus for the fourth video")
+
+        def in_order():
+            _, eased = self.report(player)
+            seen = eased[4:]
+            return eased[:3] == [KEY_PICTURES] * 3 and any(seen) and max(seen) <= LOW_RATE and eased[3] <= min(seen)
+
+        wait_for(in_order, 60, "covered videos that show key pictures, and a selected one with no less than the others")
+        self.help_opens(player)
+
+        # With fewer of them, and the whole machine again, there is room for all that still play.
+        self.run_on(player, processors)
+        for number, name in enumerate(names[:9], 1):
+            self.pause(player, name, number)
+        wait_for(lambda: not any(self.report(player)[1][9:]), 90, "all pictures of the last three")
+
+    def assert_over(self, player, name, other):
+        wait_for(lambda: player.place(name)[:2] == player.place(other)[:2], 20, "one window over the other")
 
     def test_the_lead_has_all_of_its_pictures_and_the_others_rest(self):
         player = self.start_large("1")

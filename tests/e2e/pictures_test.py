@@ -3,6 +3,7 @@
 
 import os
 import subprocess
+import tempfile
 import unittest
 
 from console_driver import ConsoleTest
@@ -67,6 +68,28 @@ class Pictures(ConsoleTest):
         self.press_camera(player, 1)
         wait_for(lambda: len(player.all_windows()) == before + 1, 20, "the message")
         self.answer("Return", lambda: len(player.all_windows()) == before, "the end of the message")
+
+    def test_a_full_disk_is_told_and_keeps_nothing_of_the_picture(self):
+        names = clips(1, self.folder)
+        home = self.home(slide="0", tips="0")
+        # It is there for longer than the folder of the test.
+        disk = tempfile.mkdtemp(prefix="tandrel-e2e-disk-")
+        self.addCleanup(os.rmdir, disk)
+        if subprocess.run(["mount", "-t", "tmpfs", "-o", "size=4k", "none", disk], stderr=subprocess.DEVNULL).returncode:
+            self.skipTest("nothing can be mounted here")
+        self.addCleanup(subprocess.run, ["umount", disk], check=True)
+        with open(os.path.join(disk, "all there is room for"), "wb") as file:
+            file.write(bytes(4096))
+        os.symlink(disk, os.path.join(home, "Pictures"))
+        player = self.start(*names, home=home)
+        player.wait_ready(1)
+        self.select_video(player, names[0])
+        before = len(player.all_windows())
+        self.press_camera(player, 1)
+        wait_for(lambda: len(player.all_windows()) == before + 1, 20, "the message")
+        self.assertEqual(os.listdir(self.folder_of(home)), [])
+        self.answer("Return", lambda: len(player.all_windows()) == before, "the end of the message")
+        self.assertEqual(player.end(), 0)
 
 
 if __name__ == "__main__":
