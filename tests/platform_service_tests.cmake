@@ -18,7 +18,7 @@ add_test(NAME platform_display COMMAND xvfb-run -a -s "-screen 0 640x480x24 -nor
 set_tests_properties(platform_display PROPERTIES LABELS "display;timed" TIMEOUT 900 ENVIRONMENT "${ON_THE_DISPLAY}")
 
 # Other programs that command the player, by a client of the test's own on buses of its own.
-add_executable(mpris_bus platform/mpris_test.cpp)
+add_executable(mpris_bus platform/mpris_alone_test.cpp platform/mpris_test.cpp)
 target_link_libraries(mpris_bus PRIVATE tandrel_platform_dbus tandrel_flags Qt6::Core PkgConfig::dbus GTest::gmock)
 add_test(NAME mpris_bus COMMAND mpris_bus)
 set_tests_properties(mpris_bus PROPERTIES LABELS unit TIMEOUT 600 ENVIRONMENT "QT_NO_GLIB=1;${KEPT_BY_LIBRARIES}")
