@@ -17,11 +17,12 @@ using namespace std::chrono_literals;
 class Meter : public testing::Test
 {
 protected:
-    Meter()
+    static mpv_handle* idlePlayer()
     {
         std::setlocale(LC_NUMERIC, "C");
-        handle.reset(mpv_create());
-        mpv_initialize(handle.get());
+        mpv_handle* player = mpv_create();
+        EXPECT_EQ(mpv_initialize(player), 0);
+        return player;
     }
 
     struct Answers {
@@ -57,8 +58,8 @@ protected:
         answer(MPV_FORMAT_DOUBLE, &answers.place);
     }
 
-    std::unique_ptr<mpv_handle, decltype(&mpv_terminate_destroy)> handle{nullptr, &mpv_terminate_destroy};
-    MpvChannel channel{[this] { return handle.get(); }()};
+    std::unique_ptr<mpv_handle, decltype(&mpv_terminate_destroy)> handle{idlePlayer(), &mpv_terminate_destroy};
+    MpvChannel channel{handle.get()};
     LoadMeter meter;
     LoadMeter::Moment now{1h};
     std::uint64_t number = 0;
