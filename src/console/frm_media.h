@@ -97,6 +97,8 @@ public:
     void followDrag();
     /// The cursor that was parked stands where it was, to be seen.
     void showParkedCursor();
+    /// As a choice in the menu over a full picture, which is loaded for it; an entry with more below it brings these.
+    void chooseInFullMenu(const std::function<Menu&()>& entryOf);
 
     // What the transport buttons do to file videos.
     void playSelected();
@@ -315,6 +317,8 @@ private:
     void showPanelOver(const VideoWindow& window);
     void fillWith(frmChild& window);
     void popUpFullMenu();
+    void showCursorForMenu();
+    static void endFullMenu();
     Form* windowToDrag() const;
     void dragWindow();
     void noteDrag(const Form& window, Long x, Long y);

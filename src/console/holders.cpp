@@ -46,29 +46,7 @@ namespace tandrel
         Holder<class form>::renew();                                                                                   \
     }
 
-TANDREL_HOLDER(frmStart)
-TANDREL_HOLDER(frmMedia)
-TANDREL_HOLDER(frmPanel)
-TANDREL_HOLDER(frmWait)
-TANDREL_HOLDER(frmToolTip)
-TANDREL_HOLDER(frmLang)
-TANDREL_HOLDER(frmSplash)
-TANDREL_HOLDER(frmHelp)
-TANDREL_HOLDER(frmKeys)
-TANDREL_HOLDER(frmUpdate)
-TANDREL_HOLDER(frmMKV)
-TANDREL_HOLDER(frmDVD)
-TANDREL_HOLDER(frmDVD2)
-TANDREL_HOLDER(fullmenu)
-TANDREL_HOLDER(dvdmenu)
-TANDREL_HOLDER(frmFFDShowAudio)
-TANDREL_HOLDER(frmFFDShowVideo)
-TANDREL_HOLDER(frmPrev)
-TANDREL_HOLDER(slidemenu)
-TANDREL_HOLDER(stillmenu)
-TANDREL_HOLDER(openmenu)
-TANDREL_HOLDER(menu)
-TANDREL_HOLDER(share)
+TANDREL_FORMS(TANDREL_HOLDER)
 #undef TANDREL_HOLDER
 
 void endPlayers() { closeOtherMedia(); }
@@ -83,29 +61,9 @@ void forgetForms()
 {
     forgetSpareWindows();
     otherMedia() = {};
-    Holder<class frmStart>::forget();
-    Holder<class frmMedia>::forget();
-    Holder<class frmPanel>::forget();
-    Holder<class frmWait>::forget();
-    Holder<class frmToolTip>::forget();
-    Holder<class frmLang>::forget();
-    Holder<class frmSplash>::forget();
-    Holder<class frmHelp>::forget();
-    Holder<class frmKeys>::forget();
-    Holder<class frmUpdate>::forget();
-    Holder<class frmMKV>::forget();
-    Holder<class frmDVD>::forget();
-    Holder<class frmDVD2>::forget();
-    Holder<class fullmenu>::forget();
-    Holder<class dvdmenu>::forget();
-    Holder<class frmFFDShowAudio>::forget();
-    Holder<class frmFFDShowVideo>::forget();
-    Holder<class frmPrev>::forget();
-    Holder<class slidemenu>::forget();
-    Holder<class stillmenu>::forget();
-    Holder<class openmenu>::forget();
-    Holder<class menu>::forget();
-    Holder<class share>::forget();
+#define TANDREL_FORGET(form) Holder<class form>::forget();
+    TANDREL_FORMS(TANDREL_FORGET)
+#undef TANDREL_FORGET
 }
 
 } // namespace tandrel

@@ -16,6 +16,32 @@ void Unload();
 template <class F>
 void Renew();
 
+/// `FORM(name)` for each of them, in the order in which tests let go of them.
+#define TANDREL_FORMS(FORM)                                                                                            \
+    FORM(frmStart)                                                                                                     \
+    FORM(frmMedia)                                                                                                     \
+    FORM(frmPanel)                                                                                                     \
+    FORM(frmWait)                                                                                                      \
+    FORM(frmToolTip)                                                                                                   \
+    FORM(frmLang)                                                                                                      \
+    FORM(frmSplash)                                                                                                    \
+    FORM(frmHelp)                                                                                                      \
+    FORM(frmKeys)                                                                                                      \
+    FORM(frmUpdate)                                                                                                    \
+    FORM(frmMKV)                                                                                                       \
+    FORM(frmDVD)                                                                                                       \
+    FORM(frmDVD2)                                                                                                      \
+    FORM(fullmenu)                                                                                                     \
+    FORM(dvdmenu)                                                                                                      \
+    FORM(frmFFDShowAudio)                                                                                              \
+    FORM(frmFFDShowVideo)                                                                                              \
+    FORM(frmPrev)                                                                                                      \
+    FORM(slidemenu)                                                                                                    \
+    FORM(stillmenu)                                                                                                    \
+    FORM(openmenu)                                                                                                     \
+    FORM(menu)                                                                                                         \
+    FORM(share)
+
 #define TANDREL_FORM(form)                                                                                             \
     class form;                                                                                                        \
     class form& form();                                                                                                \
@@ -26,29 +52,7 @@ void Renew();
     template <>                                                                                                        \
     void Renew<class form>();
 
-TANDREL_FORM(frmStart)
-TANDREL_FORM(frmMedia)
-TANDREL_FORM(frmPanel)
-TANDREL_FORM(frmWait)
-TANDREL_FORM(frmToolTip)
-TANDREL_FORM(frmLang)
-TANDREL_FORM(frmSplash)
-TANDREL_FORM(frmHelp)
-TANDREL_FORM(frmKeys)
-TANDREL_FORM(frmUpdate)
-TANDREL_FORM(frmMKV)
-TANDREL_FORM(frmDVD)
-TANDREL_FORM(frmDVD2)
-TANDREL_FORM(fullmenu)
-TANDREL_FORM(dvdmenu)
-TANDREL_FORM(frmFFDShowAudio)
-TANDREL_FORM(frmFFDShowVideo)
-TANDREL_FORM(frmPrev)
-TANDREL_FORM(slidemenu)
-TANDREL_FORM(stillmenu)
-TANDREL_FORM(openmenu)
-TANDREL_FORM(menu)
-TANDREL_FORM(share)
+TANDREL_FORMS(TANDREL_FORM)
 #undef TANDREL_FORM
 
 /// Lets go of what plays in the windows of HD films and discs, which has to come before the end of those.

@@ -11,7 +11,9 @@ namespace tandrel
 {
 
 class ConsoleControls;
+class dvdmenu;
 class frmPanel;
+class fullmenu;
 
 struct KeyCommand {
     /// Where it does something: beside windows, over a full picture, or both.
@@ -31,7 +33,12 @@ struct KeyCommand {
     Image frmPanel::*panel = nullptr;
     /// Another control of the console whose tip shows it.
     Control& (*control)() = nullptr;
+    /// The entry of a menu beside windows that shows the key; without anything above the key is a click on it.
     Menu& (*entry)() = nullptr;
+    /// Those of the menus over a full video and over a full disc. Without `panel` and `run` the key is a click on them
+    /// there.
+    Menu fullmenu::*overVideo = nullptr;
+    Menu dvdmenu::*overDisc = nullptr;
     void (*run)(int number) = nullptr;
     /// For `run`: which of several.
     int number = 0;
@@ -53,9 +60,13 @@ bool isOneOfVideos(const KeyCommand& command);
 /// be given now.
 bool pressKey(const KeyStroke& key);
 
-/// The tips and menus of the console, and the tips of the panel, show the keys in use.
+/// The tips and menus of the console, the tips of the panel, and the menus over a full picture show the keys in use.
 void showKeysOfConsole();
 void showKeysOfPanel(class frmPanel& panel);
+void showKeysOfMenu(class fullmenu& menu);
+void showKeysOfMenu(class dvdmenu& menu);
+/// The keys that bring this video forward, from 1, as the user sees them.
+Text keysOfVideo(Long number);
 
 /// The file of the keys is read; without one the program leaves one that changes nothing.
 void readKeys();

@@ -166,22 +166,48 @@ void frmMedia::showPanelOver(const VideoWindow& window)
 
 void frmMedia::popUpFullMenu()
 {
-    if (CursorParked) {
-        Timer4.Enabled = false;
-        PanelUp = false;
-        showParkedCursor();
-        Timer4.Enabled = true;
-    }
-    // A menu that the user leaves without a choice ends here.
-    if (DVDMode) {
-        PopupMenu(dvdmenu().mnupopup);
-        FullMenuOpen = false;
-        Unload<class dvdmenu>();
+    showCursorForMenu();
+    PopupMenu(DVDMode ? dvdmenu().mnupopup : fullmenu().mnupopup);
+    // One that the user leaves without a choice ends here.
+    endFullMenu();
+}
+
+void frmMedia::chooseInFullMenu(const std::function<Menu&()>& entryOf)
+{
+    const bool idleTimer = Timer4.Enabled;
+    Menu& entry = entryOf();
+    const auto menu = entry.form().shared_from_this();
+    if (entry.entries().empty()) {
+        menu->run(entry.Click);
     } else {
-        PopupMenu(fullmenu().mnupopup);
-        FullMenuOpen = false;
-        Unload<class fullmenu>();
+        showCursorForMenu();
+        const PixelRect monitor = consoleMonitor();
+        backend().withMenusAt({monitor.left + monitor.width() / 2, monitor.top + monitor.height() / 2},
+                              [&] { PopupMenu(entry); });
     }
+    // No click comes that would let the pointer be parked again where nothing was chosen.
+    if (!menu->isDead())
+        Timer4.Enabled = idleTimer;
+    endFullMenu();
+}
+
+void frmMedia::showCursorForMenu()
+{
+    if (!CursorParked)
+        return;
+    Timer4.Enabled = false;
+    PanelUp = false;
+    showParkedCursor();
+    Timer4.Enabled = true;
+}
+
+void frmMedia::endFullMenu()
+{
+    FullMenuOpen = false;
+    if (DVDMode)
+        Unload<class dvdmenu>();
+    else
+        Unload<class fullmenu>();
 }
 
 Form* frmMedia::windowToDrag() const

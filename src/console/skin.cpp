@@ -113,6 +113,8 @@ void frmMedia::dressControls()
         // Until its command is wired below it does nothing.
         image.Click = [] {};
     }
+    // A long path gives way in its middle.
+    lblNote.cut = TextCut::Middle;
     Maschera.Visible = false;
     imgLoad.Visible = false;
     lblNote.Visible = false;

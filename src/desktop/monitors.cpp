@@ -126,16 +126,34 @@ Long clsMonitors::GetMonitorFromXYPoint(Long x, Long y) const
     return handle;
 }
 
+namespace
+{
+
+/// The work area in twips of the monitor that the form is on.
+std::optional<MonitorTwips> workArea(const Form& form)
+{
+    const auto handle = services().monitors->fromWindow(form.hWnd());
+    const auto facts = handle && *handle != 0 ? services().monitors->facts(*handle) : std::nullopt;
+    if (!facts)
+        return std::nullopt;
+    const Long x = screen().TwipsPerPixelX();
+    const Long y = screen().TwipsPerPixelY();
+    return MonitorTwips{facts->work.left * x, facts->work.top * y, facts->work.width() * x, facts->work.height() * y};
+}
+
+} // namespace
+
+MonitorTwips clsMonitors::roomAround(const Form& form) const
+{
+    return workArea(form).value_or(MonitorTwips{0, 0, screen().Width(), screen().Height()});
+}
+
 void clsMonitors::CenterFormOnMonitor(Form& form, const Form* other) const
 {
-    const auto handle = services().monitors->fromWindow((other ? *other : form).hWnd());
-    const auto facts = handle && *handle != 0 ? services().monitors->facts(*handle) : std::nullopt;
     TwipsRect place = form.place();
-    if (facts) {
-        const Long x = screen().TwipsPerPixelX();
-        const Long y = screen().TwipsPerPixelY();
-        place.left = facts->work.left * x + half(facts->work.width() * x - place.width);
-        place.top = facts->work.top * y + half(facts->work.height() * y - place.height);
+    if (const auto area = workArea(other ? *other : form)) {
+        place.left = area->left + half(area->width - place.width);
+        place.top = area->top + half(area->height - place.height);
     } else {
         place.left = (screen().Width() - place.width) / 2.0;
         place.top = (screen().Height() - place.height) / 2.0;

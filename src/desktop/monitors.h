@@ -48,6 +48,8 @@ public:
     /// 0 where there is none.
     Long GetMonitorFromXYPoint(Long x, Long y) const;
 
+    /// The work area, in twips, of the monitor that `form` is on; else the screen.
+    MonitorTwips roomAround(const Form& form) const;
     /// Centres a form on the work area of the monitor that `other` (or the form itself) is on, else on the screen.
     void CenterFormOnMonitor(Form& form, const Form* other = nullptr) const;
 

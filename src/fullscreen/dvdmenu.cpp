@@ -2,6 +2,7 @@
 
 #include "console/frm_media.h"
 #include "console/holders.h"
+#include "console/key_commands.h"
 #include "toolkit/trap.h"
 #include "video/frm_dvd.h"
 
@@ -29,6 +30,7 @@ void dvdmenu::onLoad()
                     {mnu84, "fullmenu.mnu84"},
                     {mnuDVD, "dvdmenu.mnuDVD"},
                     {mnuEsci, "fullmenu.mnuEsci"}});
+    showKeysOfMenu(*this);
 }
 
 PictureMenu::Shape dvdmenu::shape() const

@@ -51,7 +51,7 @@ frmPanel::frmPanel() : Form("frmPanel", Frame::Bare, {0, 0, 14400, kHeight})
     wireHover();
     Timer2.Tick = [this] { Timer2_Timer(); };
     KeyPress = [this](int code) { Form_KeyPress(code); };
-    Shortcut = [](const KeyStroke& key) { return !isOwnKey(key.character) && pressKey(key); };
+    Shortcut = [](const KeyStroke& key) { return !isOwnKey(key) && pressKey(key); };
 }
 
 void frmPanel::onLoad()

@@ -84,7 +84,7 @@ private:
     void giveVolume();
     void Form_KeyPress(int code);
     /// One of those, which stay whatever the user chooses for the others.
-    static bool isOwnKey(int code);
+    static bool isOwnKey(const KeyStroke& key);
     void resumeByKey();
 
     // frm_panel_strip.cpp

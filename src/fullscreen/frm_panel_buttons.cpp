@@ -223,9 +223,11 @@ void frmPanel::Form_KeyPress(int code)
     }
 }
 
-bool frmPanel::isOwnKey(int code)
+bool frmPanel::isOwnKey(const KeyStroke& key)
 {
-    return code == 'l' || code == 'p' || code == 'r' || code == 'f' || (code >= '1' && code <= '9');
+    const int code = key.character;
+    return !typesNothing(key.name) &&
+           (code == 'l' || code == 'p' || code == 'r' || code == 'f' || (code >= '1' && code <= '9'));
 }
 
 void bringVideoForward(int index)

@@ -2,6 +2,7 @@
 
 #include "console/frm_media.h"
 #include "console/holders.h"
+#include "console/key_commands.h"
 #include "fullscreen/codec_settings.h"
 #include "media/mod_media.h"
 #include "media/shared_state.h"
@@ -83,6 +84,7 @@ void fullmenu::onLoad()
                     {mnuPic, "fullmenu.mnuPic"},
                     {*mnuVideo.front(), "fullmenu.mnuVideo"},
                     {mnuEsci, "fullmenu.mnuEsci"}});
+    showKeysOfMenu(*this);
     listVideos();
 }
 
@@ -91,6 +93,7 @@ void fullmenu::listVideos()
     for (std::size_t index = 1; index < mnuVideo.size(); ++index) {
         Menu& entry = *mnuVideo[index];
         entry.Caption = "";
+        entry.shortcut = "";
         entry.Enabled = false;
         entry.Visible = false;
         entry.Checked = false;
@@ -102,6 +105,7 @@ void fullmenu::listVideos()
             continue;
         entry->Caption = fromSecondCharacter(window->caption());
         entry->shown = shownAs(slot + 1, entry->caption());
+        entry->shortcut = keysOfVideo(slot + 1);
         entry->Enabled = true;
         entry->Visible = true;
         entry->Checked = window->Full;

@@ -8,6 +8,9 @@
 #include "platform/valid_text.h"
 #include "texts/localised.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace tandrel
 {
 
@@ -20,11 +23,13 @@ constexpr int kLeft = 330;
 constexpr int kFirstTop = 240;
 constexpr int kPitch = 285;
 constexpr int kTextHeight = 270;
-constexpr int kKeysWidth = 2100;
 constexpr int kSaysWidth = 4700;
-constexpr int kColumn = kKeysWidth + kSaysWidth + 200;
-constexpr int kWidth = kColumns * kColumn + 2 * kLeft;
 constexpr int kGap = 200;
+// As wide as the keys are, up to what a small screen has room for. Beyond that they are cut, and their tip has them
+// all.
+constexpr int kLeastKeysWidth = 2100;
+constexpr int kMostKeysWidth = 4800;
+constexpr int kCharacter = 110;
 constexpr int kFileHeight = 900;
 constexpr int kBand = 375;
 
@@ -39,6 +44,14 @@ Text keysOfVideos()
     return keys;
 }
 
+Long widthOfKeys(const std::vector<frmKeys::Line>& lines)
+{
+    Long most = 0;
+    for (const frmKeys::Line& line : lines)
+        most = std::max(most, characterCount(line.keys));
+    return std::clamp<Long>((most + 1) * kCharacter, kLeastKeysWidth, kMostKeysWidth);
+}
+
 } // namespace
 
 std::vector<frmKeys::Line> frmKeys::lines()
@@ -49,12 +62,13 @@ std::vector<frmKeys::Line> frmKeys::lines()
         if (!isOneOfVideos(command))
             lines.push_back({frmMedia().keys.shownKeys(command), saidOf(command)});
         else if (!std::exchange(videos, true))
-            lines.push_back({keysOfVideos(), localised("keys.video") + " 1 - 9"});
+            lines.push_back({keysOfVideos(), localised("keys.video") + " 1 - " +
+                                                 std::to_string(std::ranges::count_if(keyCommands(), isOneOfVideos))});
     }
     return lines;
 }
 
-frmKeys::frmKeys() : Form("frmKeys", Frame::Dialog, {0, 0, kWidth, 8600})
+frmKeys::frmKeys() : Form("frmKeys", Frame::Dialog, {0, 0, 14660, 8600})
 {
     lblFile.wordWrap = true;
     lblFile.role = TextRole::Quiet;
@@ -62,27 +76,30 @@ frmKeys::frmKeys() : Form("frmKeys", Frame::Dialog, {0, 0, kWidth, 8600})
     cmdOK.Click = [this] { unload(*this); };
     const std::vector<Line> all = lines();
     const std::size_t rows = (all.size() + kColumns - 1) / kColumns;
+    const Long keysWidth = widthOfKeys(all);
+    const Long column = keysWidth + kSaysWidth + kGap;
     for (std::size_t at = 0; at < all.size(); ++at)
-        addLine(all[at], at, rows);
+        addLine(all[at], {kLeft + static_cast<int>(at / rows) * column,
+                          kFirstTop + static_cast<int>(at % rows) * kPitch, keysWidth, kTextHeight});
+    Width = kColumns * column + 2 * kLeft;
     lblFile.Top = kFirstTop + static_cast<int>(rows) * kPitch + kGap;
     lblFile.Height = kFileHeight;
     cmdOK.Top = lblFile.Top() + kFileHeight - cmdOK.Height();
-    cmdOK.Left = kWidth - cmdOK.Width() - kLeft;
+    cmdOK.Left = width() - cmdOK.Width() - kLeft;
     lblFile.Left = kLeft;
     lblFile.Width = cmdOK.Left() - kLeft - kGap;
     Height = lblFile.Top() + kFileHeight + kGap + kBand;
 }
 
-void frmKeys::addLine(const Line& line, std::size_t at, std::size_t rows)
+void frmKeys::addLine(const Line& line, const TwipsRect& keys)
 {
-    const Long left = kLeft + static_cast<int>(at / rows) * kColumn;
-    const Long top = kFirstTop + static_cast<int>(at % rows) * kPitch;
-    const Text number = std::to_string(at);
-    labels_.push_back(
-        std::make_unique<Label>(*this, "lblKeys" + number, TwipsRect{left, top, kKeysWidth, kTextHeight}, line.keys));
+    const Text number = std::to_string(labels_.size() / 2);
+    labels_.push_back(std::make_unique<Label>(
+        *this, "lblKeys" + number, TwipsRect{keys.left, keys.top, keys.width - kGap / 2, keys.height}, line.keys));
     labels_.back()->role = TextRole::Heading;
-    labels_.push_back(std::make_unique<Label>(*this, "lblSays" + number,
-                                              TwipsRect{left + kKeysWidth, top, kSaysWidth, kTextHeight}, line.says));
+    labels_.back()->cut = TextCut::End;
+    labels_.push_back(std::make_unique<Label>(
+        *this, "lblSays" + number, TwipsRect{keys.left + keys.width, keys.top, kSaysWidth, keys.height}, line.says));
 }
 
 void frmKeys::onLoad()

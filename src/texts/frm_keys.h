@@ -26,7 +26,8 @@ protected:
     void onLoad() override;
 
 private:
-    void addLine(const Line& line, std::size_t at, std::size_t rows);
+    /// `keys` is where its keys stand.
+    void addLine(const Line& line, const TwipsRect& keys);
 
     std::vector<std::unique_ptr<Label>> labels_;
 };

@@ -18,7 +18,7 @@ public:
     CommandButton cmdOK{*this, "cmdOK", {3000, 1410, 1440, 480}, "OK"};
     CommandButton cmdCancel{*this, "cmdCancel", {4560, 1410, 1440, 480}, "&Cancel"};
 
-    /// What it says. A message of more lines than it has room for makes it larger.
+    /// What it says, in as much room as that takes; what the monitor has no room for is left out.
     void say(const Text& message);
 
 protected:
@@ -26,6 +26,8 @@ protected:
     void onActivate() override;
 
 private:
+    /// All of it, around a text of this size.
+    void placeAround(Long width, Long height);
     void answer(bool cancelled);
 };
 

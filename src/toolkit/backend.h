@@ -10,6 +10,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace tandrel
@@ -33,6 +34,8 @@ public:
     virtual WindowHandle handle() const = 0;
     /// Where it is on the desktop.
     virtual PixelRect rect() const = 0;
+    /// How high it would have to be for this text, broken at this width, in pixels; nothing where no text is drawn.
+    virtual std::optional<int> textHeight(const Text&, int) const { return std::nullopt; }
 };
 
 /// How a form is seen. Rectangles are pixels of the outer window.

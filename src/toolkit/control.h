@@ -150,6 +150,8 @@ public:
 
 protected:
     void notify(Aspect aspect);
+    /// Null without a view.
+    const ControlView* view() const { return view_.get(); }
     /// Runs a handler of this control under the rules of its form.
     void run(const std::function<void()>& handler);
 

@@ -1,5 +1,7 @@
 #include "toolkit/controls.h"
 
+#include "toolkit/screen.h"
+
 #include <algorithm>
 
 namespace tandrel
@@ -16,6 +18,19 @@ void Label::setCaption(Text caption)
         return;
     caption_ = std::move(caption);
     notify(Aspect::Caption);
+}
+
+Long Label::heightFor(const Text& text, Long width) const
+{
+    const std::optional<int> pixels = view() ? view()->textHeight(text, pixelsX(width)) : std::nullopt;
+    if (pixels)
+        return *pixels * screen().TwipsPerPixelY();
+    constexpr int kLine = 240;
+    constexpr int kCharacter = 110;
+    Long lines = 0;
+    for (const Text& line : split(text, '\n'))
+        lines += 1 + characterCount(line) * kCharacter / std::max<Long>(1, width);
+    return lines * kLine;
 }
 
 void Label::setForeColour(Long colour)

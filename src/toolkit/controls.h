@@ -11,6 +11,8 @@ namespace tandrel
 /// How a text is set: its role gives font and colour, which the style sheet holds.
 enum class TextRole { Plain, Quiet, Title, Time, Value, Caption, Group, Chip, Heading, Figure, Display };
 enum class Alignment { Left, Centre, Right };
+/// Where a text that is longer than its line gives way to "…".
+enum class TextCut { None, Middle, End };
 
 class Label : public Control
 {
@@ -25,12 +27,17 @@ public:
     void setForeColour(Long colour);
     Property<Label, Long, &Label::foreColour, &Label::setForeColour> ForeColor{*this};
 
+    /// How high it would have to be for this text, broken at this width. Twips; an estimate where nobody draws it.
+    Long heightFor(const Text& text, Long width) const;
+
     TextRole role = TextRole::Plain;
     Alignment alignment = Alignment::Left;
     /// The label's width follows its text.
     bool autoSize = false;
-    /// Long lines are broken at its width.
+    /// Long lines are broken at its width, and long words too.
     bool wordWrap = false;
+    /// Of a text that is cut the tip has all. Set before the form is loaded.
+    TextCut cut = TextCut::None;
     /// "&&" in the caption is one "&", and a single one marks a letter and is not seen.
     bool usesMnemonic = false;
 

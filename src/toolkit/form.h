@@ -131,7 +131,7 @@ public:
     /// The same for any key, behind `KeyDown`: what it stands for by the user's own choice. As that may be the end of
     /// this form, it doesn't run under its rules: the handler names the form whose command it is.
     std::function<bool(const KeyStroke& key)> Shortcut;
-    /// A key that none of the controls has taken, by the code of its character.
+    /// A key that none of the controls has taken, by the code of its character; none with Ctrl, Alt or Meta.
     std::function<void(int code)> KeyPress;
 
     /// Loads the form if that has not been done. A form that was unloaded stays dead.

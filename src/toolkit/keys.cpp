@@ -4,6 +4,12 @@
 
 #include <algorithm>
 #include <array>
+#include <climits>
+#include <clocale>
+#include <cwchar>
+#include <cwctype>
+
+#include <locale.h>
 
 namespace tandrel
 {
@@ -56,19 +62,24 @@ std::optional<BareKey> functionKey(std::string_view word)
     return std::nullopt;
 }
 
-/// A letter of Western Europe, as capitals are what keys are named by.
+/// A letter of any script, as capitals are what keys are named by. The language of the process has no say in it.
 Text inCapitals(std::string_view letter)
 {
-    constexpr unsigned char kLead = 0xC3;
-    constexpr unsigned char kFirstSmall = 0xA0;
-    constexpr unsigned char kLastSmall = 0xBE;
-    constexpr unsigned char kDivision = 0xB7;
-    constexpr unsigned char kToCapitals = 0x20;
+    static const locale_t allScripts = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+    if (allScripts == nullptr)
+        return Text(letter);
+    const locale_t before = uselocale(allScripts);
     Text capital(letter);
-    const auto last = static_cast<unsigned char>(capital.back());
-    if (capital.size() == 2 && static_cast<unsigned char>(capital[0]) == kLead && last >= kFirstSmall &&
-        last <= kLastSmall && last != kDivision)
-        capital.back() = static_cast<char>(last - kToCapitals);
+    std::mbstate_t state{};
+    wchar_t character = 0;
+    if (std::mbrtowc(&character, letter.data(), letter.size(), &state) == letter.size()) {
+        std::array<char, MB_LEN_MAX> bytes{};
+        const std::size_t length =
+            std::wcrtomb(bytes.data(), static_cast<wchar_t>(std::towupper(static_cast<wint_t>(character))), &state);
+        if (length <= bytes.size())
+            capital.assign(bytes.data(), length);
+    }
+    uselocale(before);
     return capital;
 }
 
@@ -127,6 +138,11 @@ std::optional<Text> keyNamed(std::string_view written)
         if (held[at])
             name += Text(kModifiers[at]) + "+";
     return name + key->name;
+}
+
+bool typesNothing(const Text& name)
+{
+    return name.starts_with("Ctrl+") || name.starts_with("Alt+") || name.find("Meta+") != Text::npos;
 }
 
 Text shownKey(const Text& name)

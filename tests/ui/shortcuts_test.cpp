@@ -131,6 +131,26 @@ TEST_F(Shortcuts, WhatIsNotTakenGoesOn)
     EXPECT_THAT(happened(), ElementsAre("Escape"));
 }
 
+TEST_F(Shortcuts, WithCtrlAltOrMetaNothingIsTyped)
+{
+    keyboard->takes = false;
+    send(windowOf(*keyboard), Qt::Key_1, Qt::ControlModifier, "1");
+    send(windowOf(*keyboard), Qt::Key_P, Qt::AltModifier, "p");
+    send(windowOf(*keyboard), Qt::Key_L, Qt::MetaModifier, "l");
+    EXPECT_THAT(happened(), ElementsAre("Ctrl+1", "Alt+P", "Meta+L"));
+    send(windowOf(*keyboard), Qt::Key_P, Qt::ShiftModifier, "P");
+    EXPECT_THAT(happened(), ElementsAre("Shift+P", "press 80"));
+}
+
+TEST_F(Shortcuts, LettersOfEveryScriptHaveTheNamesOfTheirCapitals)
+{
+    EXPECT_EQ(nameOfKey(0x141), keyNamed("ł"));
+    EXPECT_EQ(nameOfKey(0x15E), keyNamed("ş"));
+    EXPECT_EQ(nameOfKey(0x416), keyNamed("ж"));
+    EXPECT_EQ(nameOfKey(0x39B), keyNamed("λ"));
+    EXPECT_EQ(nameOfKey(Qt::Key_ydiaeresis), keyNamed("ÿ"));
+}
+
 TEST_F(Shortcuts, AHeldKeyIsToldAsOne)
 {
     pressKey(windowOf(*keyboard), Qt::Key_P, true);

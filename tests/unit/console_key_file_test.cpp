@@ -253,9 +253,9 @@ TEST_F(ConsoleKeyFile, TheMessageHasRoomForAllItsLines)
     frmUpdate().say("1\n2\n3");
     EXPECT_EQ(frmUpdate().height(), before);
     frmUpdate().say("1\n2\n3\n4\n5\n6\n7\n8\n9");
-    EXPECT_EQ(frmUpdate().height() - before, 6 * 240);
-    EXPECT_EQ(frmUpdate().lblUpdate.height() - label, 6 * 240);
-    EXPECT_EQ(frmUpdate().cmdOK.top() - button, 6 * 240);
+    EXPECT_EQ(frmUpdate().height() - before, 9 * 240 - label);
+    EXPECT_EQ(frmUpdate().lblUpdate.height() - label, 9 * 240 - label);
+    EXPECT_EQ(frmUpdate().cmdOK.top() - button, 9 * 240 - label);
 }
 
 TEST_F(ConsoleKeyFile, AGoodFileIsNotSpokenOf)

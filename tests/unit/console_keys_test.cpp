@@ -1,19 +1,14 @@
-// What the keys of the console and of the windows do.
+// What the keys of the console and of the windows do while no picture is full.
 
-#include "fake_controls.h"
-#include "panel_bench.h"
+#include "keys_bench.h"
 
 #include "console/key_commands.h"
-#include "console/slidemenu.h"
-#include "console/stillmenu.h"
-#include "persist/openmenu.h"
 #include "texts/frm_help.h"
 #include "texts/frm_keys.h"
-#include "texts/localised.h"
-#include "texts/menu.h"
 #include "toolkit/activation.h"
 
 #include <map>
+#include <set>
 
 namespace tandrel::test
 {
@@ -56,24 +51,7 @@ const std::map<Text, Image ConsoleControls::*> kImages{
     {"Ctrl+Q", &frmMedia::imgExit},
 };
 
-class ConsoleKeys : public PanelBench
-{
-protected:
-    bool press(const Text& key, bool repeats = false) { return console().Shortcut({key, 0, repeats}); }
-    std::vector<std::string> sentBy(const Text& key)
-    {
-        forgetCommands();
-        EXPECT_TRUE(press(key)) << key;
-        return commands();
-    }
-    std::vector<Menu*> entries()
-    {
-        return {
-            &slidemenu().mnuSlideCenter, &slidemenu().mnuSlideLeft, &openmenu().mnuOpenMulti, &openmenu().mnuOpenSingle,
-            &openmenu().mnuOpenLast,     &openmenu().mnuDVD,        &stillmenu().mnuStill,    &stillmenu().mnuStills,
-            &share().mnuMySpace,         &menu().mnuAutor};
-    }
-};
+using ConsoleKeys = KeysBench;
 
 } // namespace
 
@@ -125,15 +103,32 @@ TEST_F(ConsoleKeys, AKeyIsAClickOnItsEntry)
     }
 }
 
+TEST_F(ConsoleKeys, EntriesOfButtonsThatHaveAKeyShowIt)
+{
+    start();
+    EXPECT_EQ(menu().mnuHelp.shortcut, "F1, H");
+    EXPECT_EQ(menu().mnuAutor.shortcut, "Ctrl+Shift+H");
+    EXPECT_EQ(menu().mnuEsci.shortcut, "Ctrl+Q");
+    EXPECT_EQ(share().mnuFacebook.shortcut, "Ctrl+Shift+F");
+    EXPECT_EQ(share().mnuTwitter.shortcut, "Ctrl+Shift+T");
+}
+
 TEST_F(ConsoleKeys, EveryCommandIsTestedHere)
 {
     start();
-    const std::vector<Text> others{"play-pause", "jump-back", "jump-on", "next-video",  "previous-video",    "larger",
-                                   "smaller",    "keys",      "help",    "full-screen", "leave-full-screen", "video-1",
-                                   "video-2",    "video-3",   "video-4", "video-5",     "video-6",           "video-7",
-                                   "video-8",    "video-9"};
-    std::size_t known = others.size() + entries().size() + kImages.size() - 2;
-    EXPECT_EQ(keyCommands().size(), known);
+    std::set<Text> untested;
+    for (const KeyCommand& command : keyCommands())
+        untested.insert(command.name);
+    const std::vector<Text> others{
+        "play-pause", "jump-back",   "jump-on",           "next-video",       "previous-video",
+        "larger",     "smaller",     "full-screen",       "format-default",   "format-extended",
+        "keys",       "format-flat", "leave-full-screen", "format-ultraflat", "picture-in-picture"};
+    for (const Text& name : others)
+        EXPECT_EQ(untested.erase(name), 1U) << name;
+    for (int number = 1; number <= MaxVideos; ++number)
+        EXPECT_EQ(untested.erase("video-" + std::to_string(number)), 1U) << number;
+    // "help" has two of the keys.
+    EXPECT_EQ(untested.size(), entries().size() + kImages.size() - 1) << ::testing::PrintToString(untested);
 }
 
 // Exact commands.
@@ -229,6 +224,19 @@ TEST_F(ConsoleKeys, TheNumberBringsItsVideo)
     EXPECT_EQ(activeForm(), VideoWindows[2].get());
 }
 
+TEST_F(ConsoleKeys, AllTwelveVideosHaveAKey)
+{
+    start("0");
+    openSeveral(12);
+    const std::vector<Text> keys{"1", "2", "3", "4", "5", "6", "7", "8", "9", "0", "Alt+1", "Alt+2"};
+    for (std::size_t at = 0; at < keys.size(); ++at) {
+        sentBy(keys[at]);
+        EXPECT_EQ(activeForm(), VideoWindows[at].get()) << keys[at];
+        EXPECT_EQ(keysOfVideo(at + 1), keys[at]);
+    }
+    EXPECT_EQ(keysOfVideo(13), "");
+}
+
 TEST_F(ConsoleKeys, FromOneVideoToTheNext)
 {
     start("0");
@@ -288,7 +296,7 @@ TEST_F(ConsoleKeys, AnyOtherKeyIsLeftToWhoeverWantsIt)
 {
     start("0");
     open(0);
-    for (const char* key : {"", "0", "Q", "Ctrl+L", "Shift+L", "Escape", "Enter", "Ctrl+Alt+Shift+P"})
+    for (const char* key : {"", "Q", "Ctrl+L", "Ctrl+U", "Ctrl+I", "Shift+L", "Escape", "Enter", "Ctrl+Alt+Shift+P"})
         EXPECT_FALSE(press(key)) << key;
 }
 
@@ -308,123 +316,6 @@ TEST_F(ConsoleKeys, AMenuComesUpFromAVideosKeyToo)
     frmChild& window = open(0);
     EXPECT_TRUE(window.Shortcut({"O", 'o', false}));
     EXPECT_THAT(world.backend.menus, ElementsAre("openmenu.popup"));
-}
-
-// Over a full picture.
-
-TEST_F(ConsoleKeys, OverAFullPictureThePanelsButtonsArePressed)
-{
-    frmChild& full = fullScreen();
-    const std::map<Text, Image frmPanel::*> buttons{{"L", &frmPanel::imgPlay},       {"P", &frmPanel::imgPause},
-                                                    {"F", &frmPanel::imgFwd},        {"R", &frmPanel::imgRwd},
-                                                    {"M", &frmPanel::imgVolButton},  {"F11", &frmPanel::imgNoFull},
-                                                    {"Escape", &frmPanel::imgNoFull}};
-    for (const auto& [key, image] : buttons) {
-        int clicks = 0;
-        (panel().*image).Click = [&] { ++clicks; };
-        EXPECT_TRUE(full.Shortcut({key, 0, false})) << key;
-        EXPECT_EQ(clicks, 1) << key;
-    }
-}
-
-TEST_F(ConsoleKeys, TheDiscsMenuIsForDiscs)
-{
-    fullScreen();
-    int menus = 0;
-    int replays = 0;
-    panel().imgDVD.Click = [&] { ++menus; };
-    console().imgReplay.Click = [&] { ++replays; };
-    press("Backspace");
-    EXPECT_EQ(replays, 1);
-    DVDMode = true;
-    press("Backspace");
-    EXPECT_EQ(menus, 1);
-}
-
-TEST_F(ConsoleKeys, WhatBelongsToWindowsWaitsForThem)
-{
-    fullScreen();
-    for (const char* key : {"O", "D", "Plus", "Ctrl+O", "Ctrl+1", "H", "I", "A", "Period"})
-        EXPECT_FALSE(press(key)) << key;
-    EXPECT_THAT(world.backend.menus, IsEmpty());
-    EXPECT_TRUE(press("C")) << "a picture can be taken of it";
-}
-
-TEST_F(ConsoleKeys, EscapeEndsFullScreen)
-{
-    frmChild& full = fullScreen();
-    console().Timer2.Enabled = true;
-    EXPECT_TRUE(full.Shortcut({"Escape", 27, false}));
-    console().Timer2.tick();
-    EXPECT_FALSE(FullScreenOn);
-    EXPECT_FALSE(press("Escape"));
-}
-
-TEST_F(ConsoleKeys, ThePanelKeepsItsOwnKeysWhateverTheUserChooses)
-{
-    world.keyFile.holds("mute = L, P, F, R, 1\nplay = F5\n");
-    fullScreen();
-    int mutes = 0;
-    panel().imgVolButton.Click = [&] { ++mutes; };
-    for (const char key : {'l', 'p', 'f', 'r', '1'})
-        EXPECT_FALSE(panel().Shortcut({upper(Text(1, key)), key, false})) << key;
-    EXPECT_EQ(mutes, 0);
-    // Those that the panel has no meaning for.
-    EXPECT_TRUE(panel().Shortcut({"L", 'L', false}));
-    EXPECT_EQ(mutes, 1);
-    EXPECT_TRUE(panel().Shortcut({"F5", 0, false}));
-}
-
-TEST_F(ConsoleKeys, ThePanelsTipsShowTheirKeys)
-{
-    fullScreen();
-    EXPECT_EQ(panel().imgPlay.shortcut(), "L");
-    EXPECT_EQ(panel().imgPause.shortcut(), "P");
-    EXPECT_EQ(panel().imgFwd.shortcut(), "F");
-    EXPECT_EQ(panel().imgRwd.shortcut(), "R");
-    EXPECT_EQ(panel().imgDVD.shortcut(), "Backspace");
-    EXPECT_EQ(panel().imgVolButton.shortcut(), "M");
-    EXPECT_EQ(panel().imgNoFull.shortcut(), "F11, Esc");
-    EXPECT_EQ(panel().imgPlay.toolTip(), "Play");
-}
-
-TEST_F(ConsoleKeys, TheVolumeOfThePanelFollows)
-{
-    fullScreen();
-    press("Up");
-    EXPECT_EQ(panel().InvertSlider.Value(), console().VolumeSlider.Value());
-    EXPECT_EQ(console().VolumeSlider.Value(), 60);
-}
-
-// The list.
-
-TEST_F(ConsoleKeys, TheListHasEveryCommandInEveryLanguage)
-{
-    start();
-    for (const auto code : kTextLanguages) {
-        Language = code;
-        console().imgPlay.ToolTip = localised("frmMedia.imgPlay");
-        const auto lines = frmKeys::lines();
-        EXPECT_EQ(lines.size(), keyCommands().size() - 8);
-        for (const auto& line : lines) {
-            EXPECT_FALSE(line.says.empty()) << code << " " << line.keys;
-            EXPECT_FALSE(line.keys.empty()) << code << " " << line.says;
-            EXPECT_EQ(line.says.find('&'), Text::npos) << line.says;
-        }
-        EXPECT_EQ(lines[0].says, localised("frmMedia.imgPlay"));
-        EXPECT_EQ(lines[13].keys, "1 2 3 4 5 6 7 8 9");
-    }
-}
-
-TEST_F(ConsoleKeys, TheListSaysWhereTheKeysAreChanged)
-{
-    start();
-    EXPECT_TRUE(frmKeys().lblFile.caption().ends_with("\n/home/me/keys.ini"));
-    EXPECT_LE(frmKeys().height(), 768 * 15);
-    EXPECT_LE(frmKeys().width(), 1366 * 15);
-    EXPECT_EQ(frmKeys().caption(), "Keys - " + AppTitle);
-    frmKeys().cmdOK.userClick();
-    EXPECT_FALSE(Loaded<class frmKeys>());
 }
 
 } // namespace tandrel::test

@@ -89,6 +89,21 @@ TEST_F(DvdMenu, TheFormatsChangeThePictureOfTheDisc)
     EXPECT_FALSE(Loaded<class dvdmenu>());
 }
 
+TEST_F(DvdMenu, ItsKeysWorkWithoutItAndAreShownInIt)
+{
+    EXPECT_TRUE(console().Shortcut({"Ctrl+U", 0, false}));
+    EXPECT_EQ(frmDVD().dvdPicture.height(), frmDVD().width() / 2);
+    EXPECT_TRUE(frmDVD().Shortcut({"Ctrl+N", 0, false}));
+    EXPECT_EQ(frmDVD().dvdPicture.height(), frmDVD().height());
+    EXPECT_FALSE(FullMenuOpen || Loaded<class dvdmenu>());
+    for (const char* key : {"V", "U", "Ctrl+I"})
+        EXPECT_FALSE(console().Shortcut({key, 0, false})) << key << " is none of a disc's menu";
+    EXPECT_EQ(dvdmenu().mnuFull.shortcut, "F11, Esc");
+    EXPECT_EQ(dvdmenu().mnu43.shortcut, "Ctrl+N");
+    EXPECT_EQ(dvdmenu().mnu84.shortcut, "Ctrl+U");
+    EXPECT_EQ(dvdmenu().mnuDVD.shortcut, "Backspace");
+}
+
 TEST_F(DvdMenu, FullscreenOffLeadsOutByTheNextTick)
 {
     console().SaverOff = true;

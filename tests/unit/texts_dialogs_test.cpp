@@ -203,6 +203,46 @@ TEST_F(TextsUpdate, StandsInTheMiddleOfTheConsolesMonitor)
     EXPECT_EQ(rectOf(frmUpdate()), (Rect{-12750, 3255, 6300, 2490}));
 }
 
+TEST_F(TextsUpdate, IsAsLargeAsItsMessageWhateverItSaidBefore)
+{
+    const Rect small = rectOf(frmUpdate());
+    Text longer = "A first line.";
+    for (int line = 0; line < 9; ++line)
+        longer += "\nAnother line of about as many characters as that.";
+    frmUpdate().say(longer);
+    const Rect large = rectOf(frmUpdate());
+    EXPECT_GT(large[2], small[2]);
+    EXPECT_GT(large[3], small[3]);
+    frmUpdate().say(longer);
+    EXPECT_EQ(rectOf(frmUpdate()), large);
+    for (const Control* control : frmUpdate().controls())
+        EXPECT_LE(control->top() + control->height(), frmUpdate().height() - 25 * 15) << control->name();
+    frmUpdate().say("Something happened.");
+    EXPECT_EQ(rectOf(frmUpdate()), small);
+}
+
+TEST_F(TextsUpdate, IsNeverLargerThanItsMonitorAndSaysWhatItCan)
+{
+    world.monitors.set({{0, 0, 1366, 768}});
+    const Text name(255, 'n');
+    Text message = "Of these no picture could be taken:";
+    for (int count = 0; count < 12; ++count)
+        message += "\n" + name;
+    frmUpdate().say(message);
+    EXPECT_EQ(frmUpdate().lblUpdate.caption(), message) << "there is room for twelve";
+    for (int count = 0; count < 60; ++count)
+        message += "\n" + name;
+    frmUpdate().say(message);
+    const Text said = frmUpdate().lblUpdate.caption();
+    EXPECT_TRUE(said.ends_with("\n…")) << said;
+    EXPECT_EQ(message.substr(0, said.size() - 4), said.substr(0, said.size() - 4));
+    EXPECT_GT(said.size(), 12 * name.size());
+    EXPECT_LE(frmUpdate().width(), 1366 * 15);
+    EXPECT_LE(frmUpdate().height(), 768 * 15);
+    EXPECT_GE(frmUpdate().left(), 0);
+    EXPECT_GE(frmUpdate().top(), 0);
+}
+
 // The notice.
 
 TEST_F(TextsDialogs, TheNoticeBeginsWithItsTextAlone)

@@ -4,6 +4,8 @@
 
 #include <gmock/gmock.h>
 
+#include <clocale>
+
 namespace tandrel::test
 {
 
@@ -45,11 +47,36 @@ TEST(ToolkitKeys, OneNameForEachWayToWriteAKey)
         {"\xC3\xB6", "\xC3\x96"},
         {"\xC3\x96", "\xC3\x96"},
         {"\xC3\xB7", "\xC3\xB7"},
+        {"ł", "Ł"},
+        {"Ctrl+ş", "Ctrl+Ş"},
+        {"ж", "Ж"},
+        {"Alt+λ", "Alt+Λ"},
+        {"ÿ", "Ÿ"},
+        {"ß", "ß"},
+        {"あ", "あ"},
         {"Ctrl+Tab", "Ctrl+Tab"},
         {"Ctrl+Shift+Tab", "Ctrl+Shift+Tab"},
     };
     for (const Written& one : kWritten)
         EXPECT_EQ(keyNamed(one.text), Text(one.name)) << one.text;
+}
+
+TEST(ToolkitKeys, CapitalsAreTheSameInEveryLanguageOfTheProcess)
+{
+    for (const char* language : {"C", "C.UTF-8"}) {
+        ASSERT_NE(std::setlocale(LC_CTYPE, language), nullptr);
+        EXPECT_EQ(keyNamed("ł"), "Ł") << language;
+        EXPECT_STREQ(std::setlocale(LC_CTYPE, nullptr), language);
+    }
+    std::setlocale(LC_CTYPE, "C");
+}
+
+TEST(ToolkitKeys, WithCtrlAltOrMetaNothingIsTyped)
+{
+    for (const char* name : {"Ctrl+P", "Alt+P", "Meta+L", "Shift+Meta+L", "Ctrl+Shift+1"})
+        EXPECT_TRUE(typesNothing(name)) << name;
+    for (const char* name : {"P", "Shift+P", "1", "Plus", "", "Left"})
+        EXPECT_FALSE(typesNothing(name)) << name;
 }
 
 TEST(ToolkitKeys, ShiftMakesNoOtherKeyOfWhatTypesASign)

@@ -11,10 +11,13 @@
 #include "toolkit/screen.h"
 
 #include <QDragEnterEvent>
+#include <QHelpEvent>
+#include <QLabel>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QTimer>
+#include <QToolTip>
 #include <QUrl>
 
 #include <algorithm>
@@ -108,7 +111,22 @@ bool FormWidget::event(QEvent* event)
         else
             form_->userRestored();
     }
+    if (event->type() == QEvent::ToolTip && showTipOfText(*static_cast<QHelpEvent*>(event)))
+        return true;
     return QWidget::event(event);
+}
+
+bool FormWidget::showTipOfText(const QHelpEvent& event)
+{
+    for (QLabel* label : findChildren<QLabel*>()) {
+        const bool missesMouse = label->testAttribute(Qt::WA_TransparentForMouseEvents);
+        if (!missesMouse || !label->isVisible() || label->toolTip().isEmpty() ||
+            !label->rect().contains(label->mapFromGlobal(event.globalPos())))
+            continue;
+        QToolTip::showText(event.globalPos(), label->toolTip(), label);
+        return true;
+    }
+    return false;
 }
 
 void FormWidget::paintEvent(QPaintEvent*)
@@ -254,7 +272,7 @@ void FormWidget::keyPressEvent(QKeyEvent* event)
     }
     if (form_ && (reportKey(event->key()) || reportShortcut(*event)))
         return;
-    if (form_ && form_->KeyPress && !event->text().isEmpty())
+    if (form_ && form_->KeyPress && !event->text().isEmpty() && !typesNothing(strokeOf(*event).name))
         return form_->run([this, code = event->text().front().unicode()] { form_->KeyPress(code); });
     if (!form_ || !(enter || escape))
         return QWidget::keyPressEvent(event);

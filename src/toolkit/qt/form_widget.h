@@ -10,6 +10,8 @@
 
 #include <optional>
 
+class QHelpEvent;
+
 namespace tandrel
 {
 
@@ -58,6 +60,8 @@ private:
     MouseEvent translated(QMouseEvent* event, int buttons) const;
     bool isOnCloseBox(const QPointF& at) const;
     void hoverCloseBox(bool on);
+    /// The tip of a text that leaves the mouse to what lies below it.
+    bool showTipOfText(const QHelpEvent& event);
 
     Form* form_;
     bool placing_ = false;

@@ -192,11 +192,33 @@ QString withoutMnemonic(const Text& bytes)
     return shown;
 }
 
-QString plainTip(const QString& shown)
+QString breakable(const QString& shown)
 {
-    if (!Qt::mightBeRichText(shown))
-        return shown;
+    constexpr int kLongWord = 24;
+    constexpr int kPiece = 8;
+    constexpr QChar kMayBreak(0x200B);
+    QString whole;
+    int unbroken = 0;
+    for (const QChar mark : shown) {
+        // What belongs to the character before it stays with that.
+        const bool begins = !mark.isLowSurrogate() && !mark.isMark();
+        if (begins && unbroken >= kLongWord && unbroken % kPiece == 0)
+            whole += kMayBreak;
+        whole += mark;
+        unbroken = mark.isSpace() ? 0 : unbroken + (begins ? 1 : 0);
+        if (mark == QLatin1Char('/')) {
+            whole += kMayBreak;
+            unbroken = 0;
+        }
+    }
+    return whole;
+}
+
+QString wrappedTip(const QString& shown)
+{
     return QStringLiteral("<p style=\"white-space:pre-wrap\">") + shown.toHtmlEscaped() + QStringLiteral("</p>");
 }
+
+QString plainTip(const QString& shown) { return Qt::mightBeRichText(shown) ? wrappedTip(shown) : shown; }
 
 } // namespace tandrel

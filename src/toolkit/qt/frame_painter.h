@@ -43,6 +43,13 @@ QString rendered(const Text& bytes);
 /// The same without the marks of letters: "&&" is one "&", a single one is not seen.
 QString withoutMnemonic(const Text& bytes);
 
+/// With marks that nobody sees where a long word, such as a path, may be broken between lines: behind separators, and
+/// every few characters where there is none for long.
+QString breakable(const QString& shown);
+
+/// For a tip whose long lines are broken.
+QString wrappedTip(const QString& shown);
+
 /// For a tip that shows just these characters, though they may look like markup.
 QString plainTip(const QString& shown);
 

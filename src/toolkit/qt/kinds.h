@@ -11,6 +11,7 @@ namespace tandrel
 /// True for the kinds whose click is a press and a release over them. Sliders, buttons and boxes tell their own.
 bool clickFollowsRelease(const Control& control);
 
+std::unique_ptr<ControlView> makeLabelView(Label& label, FormWidget& window, QWidget* parent);
 std::unique_ptr<ControlView> makeImageView(Image& image, FormWidget& window, QWidget* parent);
 std::unique_ptr<ControlView> makeFileListBoxView(FileListBox& list, FormWidget& window, QWidget* parent);
 std::unique_ptr<ControlView> makeGroupBoxView(GroupBox& box, FormWidget& window, QWidget* parent);
