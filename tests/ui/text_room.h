@@ -12,6 +12,7 @@
 #include <QRegularExpression>
 #include <QStyleOptionButton>
 #include <QStyleOptionComboBox>
+#include <QTextDocument>
 #include <QWidget>
 
 #include <algorithm>
@@ -45,7 +46,8 @@ inline bool hasRoom(const QLabel& label)
     const QSize hint = label.sizeHint();
     if (label.wordWrap()) {
         int widest = 0;
-        for (const QString& word : label.text().split(QRegularExpression(QStringLiteral("\\s"))))
+        // The mark that nobody sees lets a long word be broken.
+        for (const QString& word : label.text().split(QRegularExpression(QStringLiteral("[\\s\u200B]"))))
             widest = std::max(widest, label.fontMetrics().horizontalAdvance(word));
         return widest <= label.width() && label.heightForWidth(label.width()) <= label.height();
     }
@@ -110,14 +112,15 @@ inline std::vector<std::string> cutTexts(const QWidget& window, const std::vecto
     return cut;
 }
 
-/// Tips that would be wider than a screen of this width.
+/// Tips that would be wider than a screen of this width. Those that are marked up have their long lines broken.
 inline std::vector<std::string> longTips(const QWidget& window, int screenWidth)
 {
     QFont font = QApplication::font();
     font.setPixelSize(scaledPixels(12));
     std::vector<std::string> found;
     for (const QWidget* widget : window.findChildren<QWidget*>())
-        if (QFontMetrics(font).horizontalAdvance(widget->toolTip()) + scaledPixels(14) > screenWidth)
+        if (!Qt::mightBeRichText(widget->toolTip()) &&
+            QFontMetrics(font).horizontalAdvance(widget->toolTip()) + scaledPixels(14) > screenWidth)
             found.push_back(widget->toolTip().toStdString());
     return found;
 }

@@ -1,18 +1,14 @@
 // Every text of every form, menu and message has its room, in all languages, with the real fonts and widgets.
 
-#include "text_room.h"
-#include "widget_bench.h"
+#include "texts_fit_bench.h"
 
-#include "console/command_line.h"
-#include "console/frm_media.h"
-#include "console/holders.h"
+#include "console/frm_start.h"
 #include "console/slidemenu.h"
 #include "console/stillmenu.h"
 #include "fullscreen/dvdmenu.h"
 #include "fullscreen/frm_ffdshow.h"
 #include "fullscreen/frm_panel.h"
 #include "fullscreen/fullmenu.h"
-#include "media/shared_state.h"
 #include "persist/frm_prev.h"
 #include "persist/openmenu.h"
 #include "texts/frm_help.h"
@@ -22,13 +18,18 @@
 #include "texts/frm_tool_tip.h"
 #include "texts/frm_update.h"
 #include "texts/frm_wait.h"
-#include "texts/localised.h"
 #include "texts/menu.h"
+#include "video/frm_child.h"
 #include "video/frm_driver.h"
+#include "video/frm_dvd.h"
+#include "video/frm_dvd2.h"
+#include "video/frm_mkv.h"
+#include "video/trouble_label.h"
 
-#include <QDialog>
-#include <QMessageBox>
 #include <QPushButton>
+
+#include <map>
+#include <set>
 
 namespace tandrel::test
 {
@@ -38,90 +39,50 @@ using ::testing::IsEmpty;
 namespace
 {
 
-// The smallest screen that everything is to fit on.
-constexpr QSize kScreen(1366, 768);
+using FormTable = std::map<std::string, Form& (*)()>;
+using MenuTable = std::map<std::string, Menu& (*)()>;
 
-class TextsFit : public WidgetBench, public ::testing::WithParamInterface<std::string_view>
+#define TANDREL_FIT(form)                                                                                              \
+    {                                                                                                                  \
+#form, []() -> Form& { return form(); }                                                                        \
+    }
+/// Those whose texts are looked at just as the form comes up.
+const FormTable& plainForms()
 {
-protected:
-    TextsFit()
-    {
-        world.settled();
-        Language = world.settings.values["sys/langos"] = Text(GetParam());
-        setCommandLine({"\"/films/none.avi\"", {}});
-        world.instances.another = true;
-        world.files.content["/data/pres.dat"] = {" 1 "};
-        frmMedia().Show();
-    }
+    static const FormTable forms{TANDREL_FIT(frmHelp),         TANDREL_FIT(frmKeys),        TANDREL_FIT(frmLang),
+                                 TANDREL_FIT(frmWait),         TANDREL_FIT(frmPrev),        TANDREL_FIT(frmToolTip),
+                                 TANDREL_FIT(frmFFDShowVideo), TANDREL_FIT(frmFFDShowAudio)};
+    return forms;
+}
+#undef TANDREL_FIT
 
-    /// Everything in the window has room, and the window on the screen.
-    void expectRoom(Form& form, const std::vector<std::string>& leftOut = {})
-    {
-        QApplication::processEvents();
-        QWidget* window = windowOf(form);
-        ASSERT_NE(window, nullptr) << form.name();
-        EXPECT_THAT(cutTexts(*window, leftOut), IsEmpty()) << form.name();
-        EXPECT_THAT(longTips(*window, kScreen.width()), IsEmpty()) << form.name();
-        EXPECT_TRUE(QRect({}, kScreen).contains(QRect({}, window->size())))
-            << form.name() << ": " << window->width() << " by " << window->height();
-        EXPECT_TRUE(form.frame() != Frame::Dialog || titleHasRoom(*window))
-            << form.name() << ": " << window->windowTitle().toStdString();
-    }
+/// Those that are nothing but a menu.
+const MenuTable& menus()
+{
+    static const MenuTable all{{"menu", []() -> Menu& { return menu().mnupopup; }},
+                               {"openmenu", []() -> Menu& { return openmenu().popup; }},
+                               {"slidemenu", []() -> Menu& { return slidemenu().popup; }},
+                               {"stillmenu", []() -> Menu& { return stillmenu().popup; }},
+                               {"share", []() -> Menu& { return share().popup; }},
+                               {"fullmenu", []() -> Menu& { return fullmenu().mnupopup; }},
+                               {"dvdmenu", []() -> Menu& { return dvdmenu().mnupopup; }}};
+    return all;
+}
 
-    template <class Shown>
-    void showAndExpectRoom(Shown& form)
-    {
-        form.Show();
-        expectRoom(form);
-        unload(form);
-    }
+/// Those that say nothing themselves: a message stands in place of their picture, which has a test of its own
+/// (OfWhatStandsInPlaceOfAPicture), and their titles are names of media.
+const std::set<std::string>& formsWithoutTexts()
+{
+    static const std::set<std::string> forms{"frmMKV", "frmDVD", "frmDVD2"};
+    return forms;
+}
 
-    void expectRoomInMenu(Menu& head)
-    {
-        bool seen = false;
-        Meanwhile user([&] {
-            auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-            if (!menu)
-                return false;
-            seen = true;
-            EXPECT_THAT(cutEntries(*menu), IsEmpty()) << head.name();
-            EXPECT_FALSE(menu->actions().empty()) << head.name();
-            EXPECT_TRUE(QRect({}, kScreen).contains(QRect({}, menu->sizeHint()))) << head.name();
-            menu->close();
-            return true;
-        });
-        PopupMenu(head);
-        EXPECT_TRUE(seen) << head.name();
-    }
-
-    /// The same for the toolkit's own box, which is as large as its text.
-    void expectRoomInBox(const Text& message, BoxStyle style)
-    {
-        bool seen = false;
-        Meanwhile user([&] {
-            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            if (!box)
-                return false;
-            seen = true;
-            EXPECT_THAT(cutTexts(*box), IsEmpty()) << message;
-            EXPECT_TRUE(QRect({}, kScreen).contains(QRect({}, box->size()))) << message;
-            EXPECT_TRUE(titleHasRoom(*box)) << message;
-            box->done(0);
-            return true;
-        });
-        qt.messageBox(message, style, AppTitle);
-        EXPECT_TRUE(seen) << message;
-    }
-
-    static std::vector<Text> messages()
-    {
-        std::vector<Text> all;
-        for (const TextRow& row : textTable())
-            if (row.key.starts_with("message.") || row.key == "frmPrev.noFile" || row.key == "frmPrev.deleteList")
-                all.push_back(localised(row.key));
-        return all;
-    }
-};
+/// Those with a test of their own below.
+const std::set<std::string>& formsOfTheirOwn()
+{
+    static const std::set<std::string> forms{"frmStart", "frmMedia", "frmPanel", "frmSplash", "frmUpdate"};
+    return forms;
+}
 
 INSTANTIATE_TEST_SUITE_P(Languages, TextsFit, ::testing::ValuesIn(kTextLanguages),
                          [](const auto& info) { return std::string(info.param); });
@@ -159,20 +120,61 @@ TEST_P(TextsFit, OnTheConsole)
     }
 }
 
-TEST_P(TextsFit, InTheSmallForms)
+TEST(TextsFitAtAll, EveryFormIsLookedAt)
 {
-    showAndExpectRoom(frmHelp());
-    showAndExpectRoom(frmKeys());
-    showAndExpectRoom(frmLang());
-    showAndExpectRoom(frmWait());
-    showAndExpectRoom(frmPrev());
+    std::set<std::string> looked = formsOfTheirOwn();
+    looked.insert(formsWithoutTexts().begin(), formsWithoutTexts().end());
+    for (const auto& [name, form] : plainForms())
+        EXPECT_TRUE(looked.insert(name).second) << name;
+    for (const auto& [name, form] : menus())
+        EXPECT_TRUE(looked.insert(name).second) << name;
+#define TANDREL_NAME(form) #form,
+    EXPECT_EQ(looked, (std::set<std::string>{TANDREL_FORMS(TANDREL_NAME)}));
+#undef TANDREL_NAME
+}
+
+TEST_F(WidgetBench, VideosOfOtherKindsHaveNoTextsOfTheirOwn)
+{
+    const std::vector<std::shared_ptr<Form>> forms{newForm<class frmMKV>(), newForm<class frmDVD>(),
+                                                   newForm<class frmDVD2>()};
+    for (const auto& form : forms) {
+        EXPECT_TRUE(formsWithoutTexts().contains(form->name())) << form->name();
+        for (const Control* control : form->controls()) {
+            const auto* label = dynamic_cast<const Label*>(control);
+            // The bar of a film has its times, which are figures.
+            EXPECT_TRUE(!label || label->name() == "lblTimes" || dynamic_cast<const TroubleLabel*>(label))
+                << form->name() << "." << control->name();
+            EXPECT_EQ(dynamic_cast<const CommandButton*>(control), nullptr) << form->name() << "." << control->name();
+        }
+    }
+}
+
+TEST_P(TextsFit, InThePlainForms)
+{
+    for (const auto& [name, form] : plainForms()) {
+        Form& shown = form();
+        EXPECT_EQ(shown.name(), name);
+        showAndExpectRoom(shown);
+    }
+}
+
+TEST_P(TextsFit, InTheFormsThatChange)
+{
     frmWait().Show();
     frmWait().showProgress(11, 12);
     expectRoom(frmWait());
     const auto driver = std::make_shared<frmDriver>();
     showAndExpectRoom(*driver);
-    frmToolTip().Show();
-    expectRoom(frmToolTip());
+    const auto video = std::make_shared<frmChild>();
+    video->lblError.Visible = true;
+    showAndExpectRoom(*video);
+}
+
+TEST_P(TextsFit, InTheFirstForm)
+{
+    const auto first = newForm<class frmStart>();
+    first->Show();
+    expectRoom(*first);
 }
 
 TEST_P(TextsFit, InTheSplash)
@@ -194,28 +196,15 @@ TEST_P(TextsFit, OnThePanel)
     EXPECT_THAT(longTips(*windowOf(frmPanel()), kScreen.width()), IsEmpty());
 }
 
-TEST_P(TextsFit, InTheFormsOfTheSettings)
-{
-    for (Form* form : {static_cast<Form*>(&frmFFDShowVideo()), static_cast<Form*>(&frmFFDShowAudio())}) {
-        form->Show();
-        expectRoom(*form);
-    }
-}
-
 TEST_P(TextsFit, InTheMenus)
 {
-    for (Menu* head : {&menu().mnupopup, &openmenu().popup, &slidemenu().popup, &stillmenu().popup, &share().popup,
-                       &fullmenu().mnupopup, &dvdmenu().mnupopup})
-        expectRoomInMenu(*head);
+    for (const auto& [name, head] : menus())
+        expectRoomInMenu(head());
 }
 
 TEST_P(TextsFit, InTheMessagesOfTheForm)
 {
-    std::vector<Text> all = messages();
-    Text names = localised("message.pictureMissing");
-    for (int count = 0; count < 4; ++count)
-        all.push_back(names += "\nA film with a name of many words that is nearly as long as a line.mp4");
-    for (const Text& message : all) {
+    for (const Text& message : messages()) {
         frmUpdate().say(message);
         frmUpdate().Show();
         expectRoom(frmUpdate());
