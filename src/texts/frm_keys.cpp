@@ -9,6 +9,7 @@
 #include "texts/localised.h"
 
 #include <algorithm>
+#include <span>
 #include <utility>
 
 namespace tandrel
@@ -44,7 +45,7 @@ Text keysOfVideos()
     return keys;
 }
 
-Long widthOfKeys(const std::vector<frmKeys::Line>& lines)
+Long widthOfKeys(std::span<const frmKeys::Line> lines)
 {
     Long most = 0;
     for (const frmKeys::Line& line : lines)
@@ -76,12 +77,15 @@ frmKeys::frmKeys() : Form("frmKeys", Frame::Dialog, {0, 0, 14660, 8600})
     cmdOK.Click = [this] { unload(*this); };
     const std::vector<Line> all = lines();
     const std::size_t rows = (all.size() + kColumns - 1) / kColumns;
-    const Long keysWidth = widthOfKeys(all);
-    const Long column = keysWidth + kSaysWidth + kGap;
-    for (std::size_t at = 0; at < all.size(); ++at)
-        addLine(all[at], {kLeft + static_cast<int>(at / rows) * column,
-                          kFirstTop + static_cast<int>(at % rows) * kPitch, keysWidth, kTextHeight});
-    Width = kColumns * column + 2 * kLeft;
+    Long left = kLeft;
+    for (std::size_t first = 0; first < all.size(); first += rows) {
+        const auto column = std::span(all).subspan(first, std::min(rows, all.size() - first));
+        const Long keysWidth = widthOfKeys(column);
+        for (std::size_t row = 0; row < column.size(); ++row)
+            addLine(column[row], {left, kFirstTop + static_cast<int>(row) * kPitch, keysWidth, kTextHeight});
+        left += keysWidth + kSaysWidth + kGap;
+    }
+    Width = left + kLeft;
     lblFile.Top = kFirstTop + static_cast<int>(rows) * kPitch + kGap;
     lblFile.Height = kFileHeight;
     cmdOK.Top = lblFile.Top() + kFileHeight - cmdOK.Height();
