@@ -18,7 +18,6 @@ namespace
 {
 
 using Where = KeyCommand::Where;
-constexpr Where kEverywhere = Where::Everywhere;
 
 /// Over a full picture the panel's button is what the key stands for; that of the disc's menu with a disc alone.
 bool isPanels(const KeyCommand& command)
@@ -41,7 +40,7 @@ bool isInPicturesMenu(const KeyCommand& command)
 
 bool canBeGiven(const KeyCommand& command)
 {
-    const bool fitsHere = command.where == kEverywhere || (command.where == Where::FullScreen) == fillsScreen();
+    const bool fitsHere = command.where == Where::Everywhere || (command.where == Where::FullScreen) == fillsScreen();
     return fitsHere && (!isPicturesMenus(command) || isInPicturesMenu(command));
 }
 
