@@ -186,6 +186,20 @@ TEST_F(EasedPictures, AreOfTheirFullSizeAtRest)
     EXPECT_EQ(eased(), 0);
 }
 
+TEST_F(EasedPictures, AreOfTheirFullSizeWhenAHeldOneGrows)
+{
+    wanted = Ease::Simplified;
+    play("mpeg2.mkv", "80 60");
+    ASSERT_TRUE(waitUntil([&] { return width() == 80; }));
+    ASSERT_EQ(send("Pause A"), 0);
+    const long frame = number("status A position");
+    ASSERT_EQ(send("put A window at 0 0 320 240"), 0);
+    EXPECT_TRUE(waitUntil([&] { return width() == 320; })) << width();
+    EXPECT_TRUE(shows(frame)) << "told " << frame << ", shown " << window.frameIn(kPicture).value_or(-1);
+    EXPECT_EQ(number("status A position"), frame);
+    EXPECT_EQ(eased(), 0);
+}
+
 TEST_F(EasedPictures, AreOfTheSizeOfTheFileWhereTheDecoderKnowsNoOther)
 {
     wanted = Ease::Simplified;

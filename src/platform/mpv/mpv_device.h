@@ -195,6 +195,8 @@ private:
     void easeNow(Ease ease);
     /// How often pictures are halved at this ease: they are no smaller than they are shown.
     int halvingsAt(Ease ease) const;
+    /// A held picture that is smaller than its window comes again as the file has it.
+    void showInFull();
     /// True if that takes a seek before anything else.
     bool decodeAll();
     void forgetPictures();

@@ -98,6 +98,8 @@ void MpvDevice::followEase()
     prepareRead();
     if (!running_ || ended_) {
         easeWanted_.reset();
+        if (grown)
+            showInFull();
         return;
     }
     if (!canBeEased())
@@ -118,6 +120,15 @@ void MpvDevice::followEase()
     } else if (Moment::clock::now() >= easeBy_) {
         easeNow(*easeWanted_);
     }
+}
+
+void MpvDevice::showInFull()
+{
+    if (ended_ || pictureIsPast_ || stage_ != Stage::Rest || behind_ || !seekable_ || !origin_)
+        return;
+    forgetMoves();
+    returnTo_ = place_;
+    sendExactSeek(place_);
 }
 
 std::optional<double> MpvDevice::nextKey(double place) const
