@@ -34,9 +34,9 @@ std::span<const NamedKey> namedKeys();
 inline constexpr int kFunctionKeys = 24;
 
 /// The one name of a key: "ctrl + o" is "Ctrl+O". Modifiers are Ctrl, Alt, Shift and Meta, in this order; behind them
-/// stands a character, a name of `namedKeys`, or a function key; letters are capitals. Which key types a character that is no letter depends
-/// on the keyboard, so that Shift does not count with one. Nothing for what names no key, and for Tab alone, which
-/// goes from one control to the next.
+/// stands a character, a name of `namedKeys`, or a function key; letters are capitals. Which key types a character that
+/// is no letter depends on the keyboard, so that Shift does not count with one. Nothing for what names no key, and for
+/// Tab alone, which goes from one control to the next.
 std::optional<Text> keyNamed(std::string_view written);
 
 /// Ctrl, Alt or Meta is held with it: whatever character the keyboard gives, none is typed.

@@ -1,8 +1,8 @@
 /// One file, played by a libmpv handle.
 #pragma once
 
-#include "platform/mci/engine.h"
 #include "platform/input/key_places.h"
+#include "platform/mci/engine.h"
 #include "platform/mpv/codec_tuning.h"
 #include "platform/mpv/load_meter.h"
 #include "platform/mpv/load_rules.h"
@@ -49,8 +49,8 @@ public:
     /// Lets steps use pictures that are decoded apart from the player, where that is possible. After a load, once.
     void keepPictures(const StepTools& tools, const MediaSource& source);
 
-    /// Takes part in what is done about too much load, until it closes. Once. Where a graphics card `mayDecode`, that is
-    /// only while the processors are found to do it all the same.
+    /// Takes part in what is done about too much load, until it closes. Once. Where a graphics card `mayDecode`, that
+    /// is only while the processors are found to do it all the same.
     void joinLoad(std::shared_ptr<LoadKeeper> keeper, bool mayDecode);
     /// Asks the player how it keeps up, without waiting for the answer.
     void askLoad();
