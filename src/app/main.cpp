@@ -241,7 +241,7 @@ int main(int argc, char** argv)
     setCommandLine(parseCommandLine(arguments, workingFolder()));
     const int result = run(application);
     // What is still being written to a disk that takes no end uses the toolkit.
-    if (ThreadedPictures::anyAtWork()) {
+    if (ThreadedPictures::hasLeftAny()) {
         std::fflush(nullptr);
         _exit(result);
     }

@@ -15,7 +15,8 @@ class OpenForms
 public:
     static std::vector<std::shared_ptr<Form>>& list()
     {
-        static std::vector<std::shared_ptr<Form>> forms;
+        // Never destroyed, as the holders of the forms.
+        static auto& forms = *new std::vector<std::shared_ptr<Form>>;
         return forms;
     }
     static void add(Form& form) { list().push_back(form.shared_from_this()); }

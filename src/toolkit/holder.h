@@ -42,7 +42,8 @@ public:
 private:
     static std::shared_ptr<F>& instance()
     {
-        static std::shared_ptr<F> form;
+        // Never destroyed: where the process ends at once, windows stay as they are.
+        static auto& form = *new std::shared_ptr<F>;
         return form;
     }
 };

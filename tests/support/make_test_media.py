@@ -63,8 +63,10 @@ VIDEOS = [
     ("gops_hevc.mp4", "25", 75, 0, ["-c:v", "libx265", "-preset", "ultrafast", "-x265-params",
                                     "keyint=25:log-level=error", "-pix_fmt", "yuv420p"]),
     ("gops_cut.mp4", "25", 100, 0, H264 + ["-g", "30", "-sc_threshold", "0", "-movflags", "+faststart"]),
-    # Its decoder can halve pictures.
-    ("mpeg2.mkv", "25", 300, 0, ["-c:v", "mpeg2video", "-q:v", "4", "-bf", "2"]),
+    # Long ones. The decoder of the first two can halve pictures, and no graphics card decodes the last.
+    ("mpeg4.mkv", "10", 300, 0, ["-c:v", "mpeg4", "-q:v", "4", "-bf", "2"]),
+    ("mpeg4_wide.mkv", "10", 300, 0, ["-vf", "setsar=2", "-c:v", "mpeg4", "-q:v", "4", "-bf", "2"]),
+    ("theora.mkv", "10", 300, 0, ["-c:v", "libtheora", "-q:v", "7"]),
     ("raw.h264", "25", 75, 0, NO_B + ["-f", "h264"]),
 ]
 SOUNDS = [("sound.mp3", ["-c:a", "libmp3lame"]), ("sound.m4a", AAC)]

@@ -40,6 +40,7 @@ public:
         slider.Spoken = "Volume";
         slider.Scroll = [this] { events.push_back("scroll " + text(slider.Value())); };
         slider.Click = [this] { events.push_back("slider"); };
+        button.Click = [this] { events.push_back("button"); };
         strip.Spoken = "Strip";
         strip.Click = [] {};
         strip.spokenValue = {[this] { return place; }, [] { return 500.0; }, [this](double value) { place = value; }};
@@ -161,6 +162,7 @@ TEST_F(Accessible, WhatLiesBehindAMessageIsOutOfReach)
     message.show();
     EXPECT_TRUE(act(the("image"), press()));
     act(the("check"), QAccessibleActionInterface::toggleAction());
+    act(the("button"), press());
     the("slider")->valueInterface()->setCurrentValue(7);
     EXPECT_TRUE(nothingHappens());
     message.hide();
@@ -182,8 +184,10 @@ TEST_F(Accessible, WhatLiesBehindAMenuIsOutOfReach)
 TEST_F(Accessible, WhatIsNotThereCannotBePressed)
 {
     desk->image.Visible = false;
+    desk->button.Visible = false;
     desk->slider.Visible = false;
     act(the("image"), press());
+    act(the("button"), press());
     the("slider")->valueInterface()->setCurrentValue(7);
     EXPECT_TRUE(nothingHappens());
 }

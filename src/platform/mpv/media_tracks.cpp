@@ -12,12 +12,15 @@ namespace
 {
 void setSize(double width, double height, double pixelAspect, double rotation, MediaTracks& tracks)
 {
+    const bool turned = std::fmod(rotation, 180) == 90;
+    tracks.codedWidth = static_cast<int>(turned ? height : width);
+    tracks.codedHeight = static_cast<int>(turned ? width : height);
     // Pixels that are not square make the picture wider or higher, never smaller.
     if (pixelAspect > 1)
         width = std::floor(width * pixelAspect + 0.5);
     else if (pixelAspect > 0)
         height = std::floor(height / pixelAspect + 0.5);
-    if (std::fmod(rotation, 180) == 90)
+    if (turned)
         std::swap(width, height);
     tracks.width = static_cast<int>(width);
     tracks.height = static_cast<int>(height);

@@ -18,6 +18,9 @@ struct MediaTracks {
     /// Display size, the aspect ratio and the rotation of the file applied.
     int width = 0;
     int height = 0;
+    /// As the picture is coded, the rotation applied.
+    int codedWidth = 0;
+    int codedHeight = 0;
     /// False where the container does not tell the shape of the pixels: then it takes a decoded picture to know.
     bool sizeIsSure = false;
     double frameRate = 0;

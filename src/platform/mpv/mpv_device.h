@@ -193,9 +193,10 @@ private:
     void goOnAt(double key);
     void tellDecoder(Ease ease);
     void easeNow(Ease ease);
-    /// How often pictures are halved at this ease: they are no smaller than they are shown.
+    void easeSoon(Ease ease);
+    /// How often pictures are halved at this ease: they stay nearly as large as they are shown.
     int halvingsAt(Ease ease) const;
-    /// A held picture that is smaller than its window comes again as the file has it.
+    /// A held picture that is smaller than its window comes again as the file has it; not that of an end.
     void showInFull();
     /// True if that takes a seek before anything else.
     bool decodeAll();
@@ -327,7 +328,8 @@ private:
     LoadMeter meter_;
     bool cardMayDecode_ = false;
     Ease ease_ = Ease::Full;
-    /// How often the pictures are halved now, and how often they can be at most.
+    /// The size of the pictures as they are coded; how often they are halved now, and how often they can be at most.
+    PictureSize coded_;
     int halvings_ = 0;
     int mostHalvings_ = 0;
     /// What is to come at the next key picture, and when it comes whether or not there is one.

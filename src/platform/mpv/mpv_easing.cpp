@@ -55,7 +55,7 @@ void MpvDevice::tellDecoder(Ease ease)
 
 int MpvDevice::halvingsAt(Ease ease) const
 {
-    return ease == Ease::Full ? 0 : halvingsFor({facts_.width, facts_.height}, canvas_, mostHalvings_);
+    return ease == Ease::Full ? 0 : halvingsFor(coded_, canvas_, mostHalvings_);
 }
 
 bool MpvDevice::canBeEased() const
@@ -73,10 +73,15 @@ void MpvDevice::ease(Ease ease)
     easeWanted_.reset();
     if (!canBeEased() || ease == ease_)
         return;
+    easeSoon(ease);
+    followEase();
+}
+
+void MpvDevice::easeSoon(Ease ease)
+{
     easeWanted_ = ease;
     easeFrom_ = picturePlace();
     easeBy_ = Moment::clock::now() + (nextKey(easeFrom_) ? kLongestWait : 0s);
-    followEase();
 }
 
 void MpvDevice::easeNow(Ease ease)
@@ -93,6 +98,8 @@ void MpvDevice::easeNow(Ease ease)
 void MpvDevice::followEase()
 {
     const bool grown = halvings_ > halvingsAt(ease_);
+    if (halvings_ < halvingsAt(ease_) && !easeWanted_ && canBeEased())
+        easeSoon(ease_);
     if (!easeWanted_ && !grown)
         return;
     prepareRead();

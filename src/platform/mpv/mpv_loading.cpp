@@ -76,6 +76,7 @@ OpenFailure MpvDevice::load(const std::string& file, const Decoding& decoding)
         facts_.frameRate = loading.tracks.frameRate > 0 ? loading.tracks.frameRate : kNominalFrameRate;
         facts_.width = loading.tracks.width;
         facts_.height = loading.tracks.height;
+        coded_ = {loading.tracks.codedWidth, loading.tracks.codedHeight};
         mostHalvings_ = std::min(mostHalvings(loading.tracks.codec), kMostHalvings);
     }
     return OpenFailure::None;

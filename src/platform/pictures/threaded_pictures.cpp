@@ -12,6 +12,7 @@
 #include <ctime>
 #include <deque>
 #include <exception>
+#include <list>
 #include <mutex>
 #include <new>
 #include <system_error>
@@ -29,17 +30,32 @@ constexpr int kMostAtOnce = 4;
 constexpr auto kLongestEnd = 1s;
 constexpr const char* kEnding = ".png";
 
-// The threads of all services that there are or have been.
-std::atomic<int> threadsAtWork = 0;
+std::atomic<bool> leftAny = false;
+
+/// The file of it is there already: where there is no memory for more, the sheet goes without it.
+void addTo(std::vector<SheetEntry>& entries, const Still& picture, const std::string& path, double seconds)
+{
+    try {
+        entries.push_back(sheetEntry(picture, validText(titleOf(path)), pictureTime(seconds)));
+    } catch (const std::bad_alloc&) {
+        return;
+    }
+}
 } // namespace
 
 struct ThreadedPictures::State {
+    struct Worker {
+        std::thread thread;
+        bool done = false;
+    };
+
     explicit State(PictureTools which) : tools(std::move(which)) {}
 
     const PictureTools tools;
     mutable std::mutex mutex;
     std::condition_variable changed;
     std::deque<SavedPictures> results;
+    std::list<Worker> workers;
     int working = 0;
     bool ending = false;
 
@@ -49,7 +65,8 @@ struct ThreadedPictures::State {
         return ending;
     }
 
-    void work(const std::vector<PictureWish>& wishes, bool sheet);
+    void work(const std::vector<PictureWish>& wishes, bool sheet, Worker& self);
+    void joinThoseDone();
     SavedPictures carryOut(const std::vector<PictureWish>& wishes, bool sheet) const;
     /// Without content there is no picture of `of`.
     void add(SavedPictures& saved, const std::string& of, const std::string& name, const std::string& content) const;
@@ -70,7 +87,7 @@ void ThreadedPictures::State::add(SavedPictures& saved, const std::string& of, c
 }
 
 /// On a thread of its own. Every order is answered, whatever becomes of it.
-void ThreadedPictures::State::work(const std::vector<PictureWish>& wishes, bool sheet)
+void ThreadedPictures::State::work(const std::vector<PictureWish>& wishes, bool sheet, Worker& self)
 {
     SavedPictures saved;
     try {
@@ -80,8 +97,19 @@ void ThreadedPictures::State::work(const std::vector<PictureWish>& wishes, bool 
     }
     const std::lock_guard lock(mutex);
     results.push_back(std::move(saved));
+    self.done = true;
     --working;
     changed.notify_all();
+}
+
+/// They need no lock any more, but for a moment.
+void ThreadedPictures::State::joinThoseDone()
+{
+    workers.remove_if([](Worker& worker) {
+        if (worker.done)
+            worker.thread.join();
+        return worker.done;
+    });
 }
 
 SavedPictures ThreadedPictures::State::carryOut(const std::vector<PictureWish>& wishes, bool sheet) const
@@ -98,10 +126,12 @@ SavedPictures ThreadedPictures::State::carryOut(const std::vector<PictureWish>& 
         // A picture that there is no memory for takes none of the others away.
         try {
             const auto picture = tools.read(path, wish.seconds, refuses);
+            if (refuses())
+                return saved;
             const std::string content = picture && !picture->pixels.empty() ? pngOf(*picture) : std::string();
             add(saved, wish.path, pictureName(path, wish.seconds), content);
             if (sheet && !content.empty())
-                entries.push_back(sheetEntry(*picture, validText(titleOf(path)), pictureTime(wish.seconds)));
+                addTo(entries, *picture, path, wish.seconds);
         } catch (const std::bad_alloc&) {
             saved.missing.push_back(wish.path);
         }
@@ -120,6 +150,11 @@ ThreadedPictures::~ThreadedPictures()
     std::unique_lock lock(state_->mutex);
     state_->ending = true;
     state_->changed.wait_for(lock, kLongestEnd, [this] { return state_->working == 0; });
+    state_->joinThoseDone();
+    for (State::Worker& worker : state_->workers) {
+        worker.thread.detach();
+        leftAny = true;
+    }
 }
 
 void ThreadedPictures::save(const std::vector<PictureWish>& wishes, bool sheet)
@@ -128,20 +163,18 @@ void ThreadedPictures::save(const std::vector<PictureWish>& wishes, bool sheet)
     const auto refuse = [&] { state_->results.push_back({{}, {}, {}, PictureTrouble::Busy}); };
     if (state_->working >= kMostAtOnce)
         return refuse();
-    ++threadsAtWork;
+    state_->joinThoseDone();
+    State::Worker& worker = state_->workers.emplace_back();
     try {
-        std::thread([state = state_, wishes, sheet] {
-            state->work(wishes, sheet);
-            --threadsAtWork;
-        }).detach();
+        worker.thread = std::thread([state = state_, wishes, sheet, &worker] { state->work(wishes, sheet, worker); });
         ++state_->working;
-    } catch (const std::system_error&) {
-        --threadsAtWork;
+    } catch (const std::exception&) {
+        state_->workers.pop_back();
         refuse();
     }
 }
 
-bool ThreadedPictures::anyAtWork() { return threadsAtWork > 0; }
+bool ThreadedPictures::hasLeftAny() { return leftAny; }
 
 std::optional<SavedPictures> ThreadedPictures::done()
 {

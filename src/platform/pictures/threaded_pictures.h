@@ -32,9 +32,9 @@ public:
     void save(const std::vector<PictureWish>& wishes, bool sheet) override;
     std::optional<SavedPictures> done() override;
 
-    /// A thread of a service that has ended is still at work: then the process must not end by exit(), which destroys
-    /// what it uses.
-    static bool anyAtWork();
+    /// A service has ended before one of its threads: then the process must not end by exit(), which destroys what such
+    /// a thread uses.
+    static bool hasLeftAny();
 
 private:
     struct State;

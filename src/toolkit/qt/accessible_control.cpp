@@ -67,13 +67,6 @@ QAccessible::Role roleOf(const Control& control)
     return dynamic_cast<const Image*>(&control) && control.Click ? QAccessible::Button : QAccessible::Graphic;
 }
 
-/// As for a hand: what isn't there, or lies behind a message or a menu, is out of reach.
-bool isInReach(const QWidget& widget)
-{
-    const auto lets = [&](const QWidget* before) { return !before || before->window() == widget.window(); };
-    return widget.isVisible() && lets(QApplication::activeModalWidget()) && lets(QApplication::activePopupWidget());
-}
-
 /// As by a key: what pops up stands below the image, and not at the pointer.
 void pressImage(const QWidget& widget, Image& image)
 {
@@ -141,6 +134,12 @@ void setValue(const QWidget& widget, double wanted)
 }
 
 } // namespace
+
+bool isInReach(const QWidget& widget)
+{
+    const auto lets = [&](const QWidget* before) { return !before || before->window() == widget.window(); };
+    return widget.isVisible() && lets(QApplication::activeModalWidget()) && lets(QApplication::activePopupWidget());
+}
 
 Control* AccessibleControl::control() const { return spokenControl(object()); }
 

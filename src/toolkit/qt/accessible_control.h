@@ -8,6 +8,9 @@ namespace tandrel
 
 class Control;
 
+/// As for a hand: what isn't there, or lies behind a message or a menu, is out of reach.
+bool isInReach(const QWidget& widget);
+
 /// It looks its control up each time, as the widget may live a little longer. What it is asked to do is done when the
 /// present event is over: a press may wait for a menu, and whoever asks waits for an answer.
 class AccessibleControl : public QAccessibleWidget, public QAccessibleValueInterface

@@ -1,5 +1,6 @@
 #include "toolkit/qt/kinds.h"
 
+#include "toolkit/qt/accessible_control.h"
 #include "toolkit/qt/drawings.h"
 #include "toolkit/qt/form_widget.h"
 #include "toolkit/qt/frame_painter.h"
@@ -82,7 +83,11 @@ public:
         : PressedByEnter(button, window, widget), button_(button), widget_(widget)
     {
         ButtonView::show(Aspect::Caption);
-        connect(widget, &QPushButton::clicked, this, [this] { button_.userClick(); });
+        connect(widget, &QPushButton::clicked, this, [this, widget] {
+            // Assistive technology presses Qt's own button, wherever that is.
+            if (isInReach(*widget))
+                button_.userClick();
+        });
     }
 
 protected:
